@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace velmora {
+
+/// Something that takes one line of text: the boundary over which the threads talk.
+///
+/// The engine drivers reach the referee through it and the referee reaches the window, so that no lower
+/// folder knows a higher one. put_command() may be called from any thread and must not wait for the reader.
+class CommandSink {
+public:
+    virtual ~CommandSink() = default;
+
+    /// Takes one line, without a line end.
+    virtual void put_command(const std::string& line) = 0;
+};
+
+}  // namespace velmora

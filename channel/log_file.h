@@ -1,0 +1,31 @@
+#pragma once
+
+#include <fstream>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+namespace velmora {
+
+/// A text log that several threads write to: every line goes out whole and is flushed.
+///
+/// A file that can't be opened, or a closed log, swallows what is written.
+class LogFile {
+public:
+    /// Whether an earlier content stays or goes.
+    enum class Opening { append, truncate };
+
+    /// Opens `path`, closing an open file first.
+    void open(const std::string& path, Opening opening);
+    void close();
+    bool is_open() const;
+
+    /// Writes `line` and a line end, and flushes.
+    void write(std::string_view line);
+
+private:
+    mutable std::mutex m_mutex;
+    std::ofstream m_stream;  // guarded by m_mutex
+};
+
+}  // namespace velmora

@@ -1,0 +1,1 @@
+// Gives the library a translation unit until its first class lands.
