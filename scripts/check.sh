@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# What a change must pass besides the tests: layout, static analysis, and the tests again under the sanitizers.
+# Usage: scripts/check.sh [format] [tidy] [asan] [tsan] [fuzz]; without a name, all of them.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+. scripts/packages.sh
+need_packages "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}" "${check_packages[@]}"
+
+sources() { git ls-files '*.cpp' '*.h'; }
+
+check_format() { sources | xargs clang-format --dry-run -Werror; }
+
+# Only what changed since VELMORA_BASE (the commit before this one, if it is not set) is analysed.
+check_tidy() {
+    local base="${VELMORA_BASE:-HEAD~1}" changed
+    git rev-parse -q --verify "$base^{commit}" >/dev/null || base=$(git hash-object -t tree /dev/null)
+    changed=$(git diff --name-only --diff-filter=d "$base" -- '*.cpp' ':!tests' ':!fuzz' ':!bench')
+    [ -n "$changed" ] || return 0
+    [ -f build/debug/build.ninja ] || cmake --preset debug >/dev/null
+    cmake --build build/debug --target velmora_generated -- --quiet
+    xargs -P "$(nproc)" -n 4 clang-tidy -p build/debug --quiet <<<"$changed"
+}
+
+check_sanitizer() {
+    cmake --preset "$1" -DVELMORA_WERROR="${VELMORA_WERROR:-OFF}" >/dev/null
+    cmake --build "build/$1" -- --quiet
+    ctest --preset "$1" -j "$(nproc)"
+}
+
+check_fuzz() { scripts/fuzz.sh "${VELMORA_FUZZ_SECONDS:-5}"; }
+
+for check in "${@:-format tidy asan tsan fuzz}"; do
+    for name in $check; do
+        echo "== $name"
+        case "$name" in
+            format) check_format ;;
+            tidy) check_tidy ;;
+            asan | tsan) check_sanitizer "$name" ;;
+            fuzz) check_fuzz ;;
+            *) echo "unknown check: $name" >&2 && exit 2 ;;
+        esac
+    done
+done

@@ -1,0 +1,36 @@
+# Debian packages by purpose, and the one function that installs what is missing. Sourced by the other scripts.
+
+build_packages=(g++ cmake ninja-build ccache pkg-config libgtkmm-3.0-dev)
+# The SVG loader, a font and icons make the window complete; stockfish is somebody to play against.
+run_packages=(librsvg2-common fonts-dejavu-core adwaita-icon-theme stockfish)
+test_packages=(
+    libgtest-dev libgmock-dev
+    xvfb xauth xdotool wmctrl openbox imagemagick x11-utils dbus dbus-x11 at-spi2-core python3 python3-gi gir1.2-atspi-2.0
+    toga2 fairymax phalanx gnuchess gnuchess-book pgn-extract man-db procps
+)
+check_packages=(git clang clang-format clang-tidy libclang-rt-14-dev)
+bench_packages=(libbenchmark-dev pgn-extract xvfb xauth)
+
+# need_packages <package>...: installs what is missing, as root or by sudo; with neither it prints the one line
+# that is missing and ends the script.
+need_packages() {
+    local missing=() package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "These packages are missing; install them as root and start again:" >&2
+            echo "  apt-get install --no-install-recommends ${missing[*]}" >&2
+            exit 1
+        fi
+        as_root=(sudo)
+    fi
+    echo "Installing: ${missing[*]}" >&2
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq >&2
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+}
