@@ -1,0 +1,100 @@
+#include "channel/atomic_file.h"
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+class AtomicFileTest : public testing::Test {
+protected:
+    AtomicFileTest() {
+        std::string name = (fs::temp_directory_path() / "atomic_file_XXXXXX").string();
+        m_directory = ::mkdtemp(name.data());
+    }
+    ~AtomicFileTest() override { fs::remove_all(m_directory); }
+
+    std::string path(const std::string& name) const { return (m_directory / name).string(); }
+    std::string content(const std::string& name) const {
+        std::ostringstream text;
+        text << std::ifstream(path(name)).rdbuf();
+        return text.str();
+    }
+    /// The reason without the path ahead of it, empty when the write succeeds.
+    std::string failure(const std::string& name, std::string_view text) const {
+        try {
+            write_file_atomically(path(name), text);
+        } catch (const std::runtime_error& error) {
+            EXPECT_TRUE(std::string(error.what()).starts_with(path(name) + ": ")) << error.what();
+            return std::string(error.what()).substr(path(name).size() + 2);
+        }
+        return "";
+    }
+    std::ptrdiff_t entries() const {
+        return std::distance(fs::directory_iterator(m_directory), fs::directory_iterator());
+    }
+
+    fs::path m_directory;
+};
+
+TEST_F(AtomicFileTest, MakesAndReplacesAFileAndKeepsItsPermissions) {
+    write_file_atomically(path("x"), "one\n");
+    EXPECT_EQ(content("x"), "one\n");
+    fs::permissions(path("x"), fs::perms(0640));
+    write_file_atomically(path("x"), "2");
+    EXPECT_EQ(content("x"), "2");
+    EXPECT_EQ(fs::status(path("x")).permissions(), fs::perms(0640));
+    EXPECT_EQ(entries(), 1);
+}
+
+TEST_F(AtomicFileTest, ALinkStaysALink) {
+    fs::create_directory(path("far"));
+    fs::create_symlink("far/target", path("link"));
+    write_file_atomically(path("link"), "text");
+    EXPECT_TRUE(fs::is_symlink(path("link")));
+    EXPECT_EQ(content("far/target"), "text");
+}
+
+TEST_F(AtomicFileTest, NamesTheReasonAndLeavesNothingBehind) {
+    fs::create_directory(path("directory"));
+    ::mkfifo(path("pipe").c_str(), 0600);
+    fs::create_symlink("circle", path("circle"));
+    const struct {
+        std::string name, reason;
+    } rows[] = {{"missing/x", "No such file or directory"},
+                {"directory", "Is a directory"},
+                {"pipe", "Invalid argument"},
+                {"circle", "Too many levels of symbolic links"},
+                {std::string(256, 'n'), "File name too long"}};
+    for (const auto& row : rows) EXPECT_EQ(failure(row.name, "text"), row.reason) << row.name;
+    EXPECT_EQ(entries(), 3);
+    EXPECT_EQ(failure(std::string(255, 'n'), "text"), "") << "the longest name that a file can have";
+}
+
+TEST_F(AtomicFileTest, ADiskThatIsFullLeavesTheOldFileWhole) {
+    write_file_atomically(path("x"), "old");
+    // A limit on the size of files stands for the full disk: the write is cut short, then refused.
+    const auto old_handler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    ::getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit small{4096, limit.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    const std::string reason = failure("x", std::string(10000, 'n'));
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, old_handler);
+    EXPECT_EQ(reason, "File too large");
+    EXPECT_EQ(content("x"), "old");
+    EXPECT_EQ(entries(), 1);
+}
+
+}  // namespace
+}  // namespace velmora
