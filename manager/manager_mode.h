@@ -1,0 +1,35 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace velmora {
+
+/// What the referee is doing; the numbers are part of the logs and of the command language's history.
+enum class ManagerMode : std::int32_t {
+    analyze = 0,      ///< engine 1 analyses the position
+    play = 1,         ///< a person against engine 1
+    human_human = 2,  ///< the window keeps the game alone
+    match = 3,        ///< engine 1 against engine 2, a tournament
+    learn = 4,        ///< a person against an opening book
+};
+
+/// Whose move the referee waits for.
+enum class MoveTurn : std::int32_t { none = 0, user = 1, engine1 = 2, engine2 = 3 };
+
+/// The place of an engine: the first is loaded from the menu, the second only by tournaments. The number is
+/// the sender id of the engine's lines.
+enum class Seat : std::int32_t { first = 1, second = 2 };
+
+constexpr std::array<Seat, 2> both_seats{Seat::first, Seat::second};
+
+constexpr Seat other(Seat seat) { return seat == Seat::first ? Seat::second : Seat::first; }
+
+constexpr MoveTurn turn_of(Seat seat) { return seat == Seat::first ? MoveTurn::engine1 : MoveTurn::engine2; }
+
+constexpr bool is_engine_turn(MoveTurn turn) {
+    return turn == MoveTurn::engine1 || turn == MoveTurn::engine2;
+}
+
+}  // namespace velmora
