@@ -1,0 +1,180 @@
+#include "engine/installed_engines.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <sstream>
+#include <stdexcept>
+#include <string_view>
+
+#include "channel/atomic_file.h"
+#include "channel/text.h"
+#include "engine/home_dir.h"
+
+namespace velmora {
+
+namespace {
+
+/// The words of the protocols; a row is searched for them in this order.
+constexpr auto protocol_words =
+    std::to_array<std::string_view>({"autodetect", "uci", "xboard_v1", "xboard_v2"});
+
+/// Reads the rows of the file into a map, block by block.
+class RowReader {
+public:
+    explicit RowReader(InstalledEngines::Map& engines) : m_engines(engines) {}
+
+    void read_row(std::string_view line) {
+        text::WordReader reader(line);
+        const auto word = reader.word();
+        const auto row =
+            std::find_if(rows.begin(), rows.end(), [word](const Row& known) { return known.word == word; });
+        if (row != rows.end()) (this->*row->read)(reader);
+    }
+
+private:
+    /// The entry of the block; rows ahead of any "name" row go to an entry without a name.
+    EngineVariables& entry() { return m_engines[m_key]; }
+
+    static std::string stripped_rest(const text::WordReader& reader) {
+        return std::string(text::trim_white_space(reader.rest()));
+    }
+
+    void read_name(text::WordReader& reader) {
+        m_key = stripped_rest(reader);
+        entry() = EngineVariables();
+        entry().name = entry().player_name = m_key;
+    }
+
+    void read_protocol(text::WordReader& reader) {
+        const auto found = std::find_if(
+            protocol_words.begin(), protocol_words.end(),
+            [&reader](std::string_view word) { return reader.rest().find(word) != std::string_view::npos; });
+        if (found == protocol_words.end()) return;
+        entry().protocol = static_cast<Protocol>(found - protocol_words.begin());
+    }
+
+    void read_option(text::WordReader& reader) {
+        if (reader.word() != "name") return;
+        Option option;
+        for (auto word = reader.word(); !word.empty() && word != "value"; word = reader.word()) {
+            if (!option.name.empty()) option.name += ' ';
+            option.name += word;
+        }
+        option.value = stripped_rest(reader);
+        entry().add_option(option);
+    }
+
+    template <std::string EngineVariables::*field>
+    void read_text(text::WordReader& reader) {
+        entry().*field = stripped_rest(reader);
+    }
+
+    struct Row {
+        std::string_view word;
+        void (RowReader::*read)(text::WordReader&);
+    };
+    static constexpr std::array<Row, 6> rows{{
+        {"name", &RowReader::read_name},
+        {"filename", &RowReader::read_text<&EngineVariables::filename>},
+        {"protocol", &RowReader::read_protocol},
+        {"elo", &RowReader::read_text<&EngineVariables::elo>},
+        {"handicap", &RowReader::read_text<&EngineVariables::handicap>},
+        {"setoption", &RowReader::read_option},
+    }};
+
+    InstalledEngines::Map& m_engines;
+    std::string m_key;
+};
+
+void write_row(std::ostream& out, const char* word, const std::string& value) {
+    if (!value.empty()) out << word << ' ' << value << '\n';
+}
+
+/// Keeps what the file holds now as its backup. There may be nothing to keep, as at the first write, and a
+/// backup that cannot be made must not stop the user from saving.
+void back_up(const std::string& path, const std::string& backup_path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) return;
+    const std::string old_text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    try {
+        write_file_atomically(backup_path, old_text);
+    } catch (const std::runtime_error& error) {
+        std::cerr << error.what() << '\n';
+    }
+}
+
+}  // namespace
+
+InstalledEngines::InstalledEngines() {
+    try {
+        *this = InstalledEngines(HomeDir().path());
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+    }
+}
+
+InstalledEngines::InstalledEngines(const std::string& home)
+    : m_cfg_path(home + "engines.cfg"), m_backup_path(home + "engines.cfg~") {}
+
+void InstalledEngines::find_home() {
+    if (!m_cfg_path.empty()) return;
+    InstalledEngines found(HomeDir().path());
+    found.m_engines = std::move(m_engines);
+    *this = std::move(found);
+}
+
+void InstalledEngines::read_engines_cfg() {
+    try {
+        find_home();
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return;
+    }
+    std::ifstream file(m_cfg_path);
+    if (file) read(file);
+}
+
+void InstalledEngines::write_engines_cfg() {
+    find_home();
+    std::ostringstream text;
+    write(text);
+    back_up(m_cfg_path, m_backup_path);
+    try {
+        write_file_atomically(m_cfg_path, text.str());
+    } catch (const std::runtime_error&) {
+        throw std::runtime_error("InstalledEngines::write_engines_cfg()   open file error");
+    }
+}
+
+void InstalledEngines::add_engine(const EngineVariables& engine) {
+    if (!engine.name.empty()) m_engines[engine.name] = engine;
+}
+
+void InstalledEngines::remove_engine(const std::string& name) { m_engines.erase(name); }
+
+void InstalledEngines::remove_engine(const EngineVariables& engine) { remove_engine(engine.name); }
+
+void InstalledEngines::read(std::istream& in) {
+    RowReader rows(m_engines);
+    for (std::string line; std::getline(in, line);) rows.read_row(line);
+}
+
+void InstalledEngines::write(std::ostream& out) const {
+    out << "#                       Installed engines\n#\n";
+    for (const auto& [key, engine] : m_engines) {
+        out << "\nname " << key << '\n';
+        write_row(out, "filename", engine.filename);
+        out << "protocol " << protocol_words[static_cast<std::size_t>(engine.protocol)] << '\n';
+        write_row(out, "elo", engine.elo);
+        write_row(out, "handicap", engine.handicap);
+        for (const auto& [name, option] : engine.options) {
+            out << "setoption name " << name << " value " << option.value << '\n';
+        }
+    }
+}
+
+}  // namespace velmora
