@@ -1,0 +1,286 @@
+#include "tournament/tournament.h"
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
+#include "tournament/tournament_file.h"
+#include "tournament/tournament_store.h"
+
+namespace velmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+class TournamentTest : public testing::Test {
+protected:
+    TournamentTest() {
+        std::string name = (fs::temp_directory_path() / "tournament_XXXXXX").string();
+        m_directory = std::string(::mkdtemp(name.data())) + "/";
+    }
+    ~TournamentTest() override { fs::remove_all(m_directory); }
+
+    Tournament make(std::initializer_list<const char*> names) const {
+        Tournament tournament(m_directory);
+        for (const char* name : names) tournament.add_participant({0, name});
+        return tournament;
+    }
+    std::string file(const std::string& name) const {
+        std::ostringstream text;
+        text << std::ifstream(tournament_store::path(m_directory, name)).rdbuf();
+        return text.str();
+    }
+    void write(const std::string& name, const std::string& text) const {
+        std::ofstream(tournament_store::path(m_directory, name)) << text;
+    }
+    /// What the operation throws, with the class of the exception ahead.
+    template <class Operation>
+    static std::string thrown(Operation operation) {
+        try {
+            operation();
+        } catch (const std::out_of_range&) {
+            return "out_of_range";
+        } catch (const std::logic_error& error) {
+            return std::string("logic_error ") + error.what();
+        } catch (const std::runtime_error& error) {
+            return std::string("runtime_error ") + error.what();
+        }
+        return "";
+    }
+
+    std::string m_directory;
+};
+
+constexpr auto two_games = R"(event Velmora Battles
+site  ?
+level sessions 40 0:10 0
+type match
+rounds 2
+bothcolors false
+randomorder true
+ignoretimeloss false
+participant Engine One
+participant Engine Two
+game       1      1    2  -  1     1-0
+game       2      2    1  -  2     *
+)";
+
+TEST_F(TournamentTest, SavesToTheByte) {
+    Tournament tournament = make({"Engine One", "Engine Two"});
+    tournament.set_rounds(2);
+    tournament.set_level(Level("sessions 40 0:10 0"));
+    tournament.make_schedule();
+    tournament.set_result("1-0");
+    tournament.save();
+    EXPECT_EQ(file("Velmora Battles"), two_games);
+    EXPECT_EQ(tournament_store::names(m_directory), std::vector<std::string>{"Velmora Battles"});
+}
+
+TEST_F(TournamentTest, LoadsWhatItSavedAndGoesOn) {
+    write("battles of may", two_games);
+    Tournament tournament(m_directory);
+    tournament.load("battles of may");
+    EXPECT_EQ(tournament.event(), "Velmora Battles");
+    EXPECT_EQ(tournament.level().text(), "sessions 40 0:10 0");
+    EXPECT_EQ(tournament.rounds(), 2);
+    EXPECT_EQ(tournament.game_count(), 2);
+    EXPECT_TRUE(tournament.random_order());
+    EXPECT_EQ(tournament.participants_list(),
+              (std::vector<TournamentParticipant>{{1, "Engine One"}, {2, "Engine Two"}}));
+    const TournamentGame next = tournament.next_game();
+    EXPECT_EQ(next.number, 2);
+    EXPECT_EQ(next.white.name + " - " + next.black.name, "Engine One - Engine Two");
+
+    tournament.set_result("1/2-1/2");
+    EXPECT_EQ(tournament.next_game().number, 0) << "all games have been played";
+    EXPECT_EQ(tournament.next_game().result, "*");
+    tournament.set_result("0-1");  // no game left to take it
+    tournament.save();
+    std::string expected = two_games;
+    expected.replace(expected.find("     *\n"), 7, "     1/2-1/2\n");
+    EXPECT_EQ(file("battles of may"), expected) << "written under the name that it was loaded under";
+
+    tournament.reset_results();
+    EXPECT_EQ(tournament.next_game().number, 1);
+    tournament.set_event("other");
+    tournament.save();
+    EXPECT_EQ(tournament_store::names(m_directory), (std::vector<std::string>{"battles of may", "other"}));
+}
+
+TEST_F(TournamentTest, GameTexts) {
+    const struct {
+        std::int32_t number, round, sub_round, white, black;
+        const char* expected;
+    } rows[] = {
+        {1, 1, 0, 2, 1, "      1      1    2  -  1     *"},
+        {12, 3, 4, 10, 9, "     12      3.4    10  -  9     *"},
+        {12, 3, 45, 1, 2, "     12      3.45    1  -  2     *"},
+        {12, 3, 456, 1, 2, "     12      3.456   1  -  2     *"},
+        {12, 3, 4567, 1, 2, "     12      3.4567 1  -  2     *"},
+        // Without a blank of their own these fields would run together and the file could not be read.
+        {12, 3, 4567, 10, 100, "     12      3.4567 10  - 100     *"},
+        {1000000, 1000000, 0, 2, 1, "1000000 1000000    2  -  1     *"},
+    };
+    for (const auto& row : rows) {
+        TournamentGame game{row.number, row.round, row.sub_round, {row.white, ""}, {row.black, ""}};
+        EXPECT_EQ(tournament_file::game_text(game), row.expected);
+
+        TournamentData data;
+        for (int i = 0; i < 100; ++i) data.add_participant({});
+        std::istringstream line("game " + tournament_file::game_text(game) + "\n");
+        tournament_file::read(line, data);
+        EXPECT_EQ(data.games.at(0), game) << "reads back";
+    }
+}
+
+TEST_F(TournamentTest, ReaderTakesWordsAndSkipsWhatItDoesNotKnow) {
+    write("x",
+          "\n   event   A b  c\r\nsite\n\n rounds  7x\ntype the_gauntlet\nbothcolors TRUE\nignoretimeloss "
+          "true\n"
+          "color blue is nice\nopeningbook  /a b/c.pgn\nlevel fixed_depth 3\n");
+    Tournament tournament(m_directory);
+    testing::internal::CaptureStderr();
+    tournament.load("x");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "unknown command \"color\"\n");
+    EXPECT_EQ(tournament.event(), "A b  c");
+    EXPECT_EQ(tournament.site(), "");
+    EXPECT_EQ(tournament.rounds(), 7);
+    EXPECT_EQ(tournament.type(), TournamentType::gauntlet);
+    EXPECT_FALSE(tournament.both_colors());
+    EXPECT_TRUE(tournament.ignore_time_loss());
+    EXPECT_FALSE(tournament.random_order()) << "a new tournament has it, a file without the line has not";
+    EXPECT_EQ(tournament.opening_book(), "/a b/c.pgn");
+    EXPECT_EQ(tournament.level().text(), "fixed_depth 3");
+
+    write("y", "event y\ntype knockout\n");
+    tournament.load("y");
+    EXPECT_EQ(tournament.type(), TournamentType::gauntlet) << "what the object held before";
+    EXPECT_EQ(tournament.rounds(), 7);
+    EXPECT_EQ(tournament.opening_book(), "");
+    EXPECT_TRUE(tournament.games().empty());
+}
+
+TEST_F(TournamentTest, BadFilesThrow) {
+    const std::string players = "participant a\nparticipant b\n";
+    const struct {
+        const char* name;
+        std::string text, expected;
+    } rows[] = {
+        {"missing result", players + "game 1 1 2 - 1\n", "logic_error Tournament::load    error"},
+        {"bad number", players + "game x 1 2 - 1 *\n", "logic_error Tournament::load    error"},
+        {"bad round", players + "game 1 1.b 2 - 1 *\n", "logic_error Tournament::load    error"},
+        {"bad id", players + "game 1 1 b - 1 *\n", "logic_error Tournament::load    error"},
+        {"id beyond the list", players + "game 1 1 3 - 1 *\n", "out_of_range"},
+        {"id 0", players + "game 1 1 0 - 1 *\n", "out_of_range"},
+        {"participants below", "game 1 1 2 - 1 *\n" + players, "out_of_range"},
+        {"unknown time control", "level soon\n", "logic_error Level::set(soon)"},
+    };
+    for (const auto& row : rows) {
+        write("bad", row.text);
+        Tournament tournament(m_directory);
+        EXPECT_EQ(thrown([&] { tournament.load("bad"); }), row.expected) << row.name;
+        EXPECT_FALSE(tournament.valid());
+    }
+    Tournament tournament(m_directory);
+    EXPECT_EQ(thrown([&] { tournament.load("none"); }),
+              "logic_error " + m_directory + "none.trn doesn't exist!");
+}
+
+TEST_F(TournamentTest, ASaveThatFailsSaysSoAndLosesNothing) {
+    Tournament tournament = make({"a", "b"});
+    tournament.set_event("no/such directory");
+    EXPECT_EQ(thrown([&] { tournament.save(); }), "runtime_error Tournament::save()  open tournament failed");
+    EXPECT_TRUE(fs::is_empty(m_directory));
+}
+
+TEST_F(TournamentTest, PastedLineFeedsDoNotBreakTheFile) {
+    Tournament tournament = make({"a", "b"});
+    tournament.set_event("x");
+    tournament.set_site("one\ngame\ntwo");
+    tournament.save();
+    tournament.load("x");
+    EXPECT_EQ(tournament.site(), "one game two");
+}
+
+TEST_F(TournamentTest, SchedulesNeedTwoParticipants) {
+    const struct {
+        TournamentType type;
+        const char* operation;
+    } rows[] = {{TournamentType::match, "new_match"},
+                {TournamentType::gauntlet, "new_gauntlet"},
+                {TournamentType::round_robin, "new_roundrobin"}};
+    for (const auto& row : rows) {
+        Tournament tournament = make({"alone"});
+        tournament.set_type(row.type);
+        EXPECT_EQ(
+            thrown([&] { tournament.make_schedule(); }),
+            std::string("logic_error Tournament::") + row.operation + "() wrong number of participants");
+        EXPECT_FALSE(tournament.valid());
+        EXPECT_TRUE(tournament.games().empty());
+    }
+}
+
+TEST_F(TournamentTest, MakeScheduleReplacesTheGames) {
+    Tournament tournament = make({"a", "b", "c"});
+    tournament.set_rounds(1);
+    for (const auto& [type, games] : {std::pair{TournamentType::match, 1},
+                                      {TournamentType::gauntlet, 2},
+                                      {TournamentType::round_robin, 2}}) {
+        tournament.set_type(type);
+        tournament.make_schedule();
+        EXPECT_EQ(tournament.game_count(), games);
+        EXPECT_EQ(tournament.games().size(), static_cast<std::size_t>(games));
+        EXPECT_TRUE(tournament.valid());
+    }
+    tournament.set_type(static_cast<TournamentType>(3));
+    tournament.make_schedule();
+    EXPECT_FALSE(tournament.valid());
+    EXPECT_EQ(tournament.game_count(), 0);
+}
+
+TEST_F(TournamentTest, ClearKeepsRoundsTypeSiteAndLevel) {
+    write("battles", two_games);
+    Tournament tournament(m_directory);
+    tournament.load("battles");
+    tournament.set_type(TournamentType::round_robin);
+    tournament.clear();
+    EXPECT_EQ(tournament.event(), "?");
+    EXPECT_EQ(tournament.site(), "?");
+    EXPECT_EQ(tournament.rounds(), 2);
+    EXPECT_EQ(tournament.type(), TournamentType::round_robin);
+    EXPECT_EQ(tournament.level().text(), "sessions 40 0:10 0");
+    EXPECT_FALSE(tournament.random_order());
+    EXPECT_TRUE(tournament.participants_list().empty());
+    EXPECT_EQ(tournament.next_game().number, 0);
+}
+
+TEST_F(TournamentTest, StoreListsFilesOfItsKindOnly) {
+    write("b", "");
+    write("a b", "");
+    std::ofstream(m_directory + "notes.txt") << "x";
+    fs::create_directory(m_directory + "directory.trn");
+    EXPECT_EQ(tournament_store::names(m_directory), (std::vector<std::string>{"a b", "b"}));
+    tournament_store::remove(m_directory, "a b");
+    EXPECT_EQ(tournament_store::names(m_directory), std::vector<std::string>{"b"});
+    EXPECT_EQ(tournament_store::names(m_directory + "missing/"), std::vector<std::string>{});
+}
+
+TEST(TournamentStore, EventsThatAreNoFileNames) {
+    const struct {
+        std::string event;
+        bool good;
+    } rows[] = {{"May cup 2.", true},
+                {"Große Schlacht", true},
+                {std::string(251, 'x'), true},
+                {"", false},
+                {"a/b", false},
+                {"..", false},
+                {std::string(252, 'x'), false}};
+    for (const auto& row : rows) EXPECT_EQ(!tournament_store::name_fault(row.event), row.good) << row.event;
+}
+
+}  // namespace
+}  // namespace velmora
