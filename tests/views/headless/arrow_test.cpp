@@ -1,0 +1,65 @@
+#include "views/arrow.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+constexpr CellSize cell{70, 60};
+
+TEST(Arrow, CentresAndAngles) {
+    struct Row {
+        const char* name;
+        int from, to;
+        int x1, y1, x2, y2;
+        double angle;
+    };
+    // The step from centre to centre is one pixel more than the cell.
+    for (const Row& row : {
+             Row{"up the board", 4, 28, 319, 30, 319, 213, 0},
+             Row{"down the board", 28, 4, 319, 213, 319, 30, 3.14159265},
+             Row{"to its own square", 4, 4, 319, 30, 319, 30, 3.14159265},
+             Row{"to the right", 0, 7, 35, 30, 532, 30, 3.14159265 + 1.570796325},
+             Row{"to the left", 7, 0, 532, 30, 35, 30, 1.570796325},
+             Row{"long diagonal", 0, 63, 35, 30, 532, 457, 0.7097850 + 3.14159265 + 1.570796325},
+             Row{"back along it", 63, 0, 532, 457, 35, 30, 0.7097850 + 1.570796325},
+             Row{"falling diagonal", 56, 7, 35, 457, 532, 30, -0.7097850 + 3.14159265 + 1.570796325},
+         }) {
+        const auto arrow = make_arrow(row.from, row.to, 2, cell);
+        ASSERT_TRUE(arrow) << row.name;
+        EXPECT_EQ(arrow->x1, row.x1) << row.name;
+        EXPECT_EQ(arrow->y1, row.y1) << row.name;
+        EXPECT_EQ(arrow->x2, row.x2) << row.name;
+        EXPECT_EQ(arrow->y2, row.y2) << row.name;
+        EXPECT_NEAR(arrow->angle, row.angle, 1e-7) << row.name;
+        EXPECT_EQ(arrow->color, 2);
+    }
+}
+
+TEST(Arrow, NoSquareNoArrow) {
+    EXPECT_FALSE(make_arrow(-1, 5, 0, cell));
+    EXPECT_FALSE(make_arrow(5, 64, 0, cell));
+    EXPECT_TRUE(make_arrow(0, 63, 0, cell));
+}
+
+TEST(Arrow, HeadStandsAroundTheEndWithItsTipAhead) {
+    struct Row {
+        const char* name;
+        int from, to;
+        double tip_x, tip_y;  // from the end of the line, in radii, y downwards
+    };
+    for (const Row& row : {Row{"up", 4, 28, 0, -1}, Row{"down", 28, 4, 0, 1}, Row{"right", 0, 7, 1, 0},
+                           Row{"left", 7, 0, -1, 0}}) {
+        const auto arrow = make_arrow(row.from, row.to, 0, cell);
+        const auto head = arrow_head(*arrow, cell);
+        const double radius = 23;  // a third of 70, cut
+        const double x = arrow->x2, y = 480 - arrow->y2;
+        EXPECT_NEAR(head[0].x, x + radius * row.tip_x, 1e-4) << row.name;
+        EXPECT_NEAR(head[0].y, y + radius * row.tip_y, 1e-4) << row.name;
+        EXPECT_NEAR((head[0].x + head[1].x + head[2].x) / 3, x, 1e-4) << row.name;
+        EXPECT_NEAR((head[0].y + head[1].y + head[2].y) / 3, y, 1e-4) << row.name;
+    }
+}
+
+}  // namespace
+}  // namespace velmora

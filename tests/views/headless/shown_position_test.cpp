@@ -1,0 +1,71 @@
+#include "views/shown_position.h"
+
+#include <stdexcept>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+const std::string empty_rank = "????????";
+const std::string start_letters =
+    "RNBQKBNRPPPPPPPP" + empty_rank + empty_rank + empty_rank + empty_rank + "pppppppprnbqkbnr";
+const std::string no_men(64, '?');
+
+std::string with(std::string letters, std::size_t square, char letter) {
+    letters[square] = letter;
+    return letters;
+}
+
+TEST(ShownPosition, ReadsPlacementAndSide) {
+    struct Row {
+        const char* fen;
+        std::string letters;
+        bool white_to_move;
+    };
+    for (const Row& row : {
+             Row{"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", start_letters, true},
+             Row{"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR b KQkq - 0 1", start_letters, false},
+             Row{"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR", start_letters, false},
+             Row{"8/8/8/8/8/8/8/7K white", with(no_men, 7, 'K'), false},
+             Row{"", no_men, false},
+             Row{"k", with(no_men, 56, 'k'), false},
+             Row{"8/8/8/8/8/8/8/44", no_men, false},
+             // Digits beyond the end of a rank are not checked: the next letter lands where the index points.
+             Row{"8/88/q", with(no_men, 48, 'q'), false},
+         }) {
+        const auto position = read_shown_position(row.fen);
+        EXPECT_EQ(position.letters, row.letters) << row.fen;
+        EXPECT_EQ(position.white_to_move, row.white_to_move) << row.fen;
+    }
+}
+
+TEST(ShownPosition, FaultsHaveTheirTexts) {
+    struct Row {
+        std::string fen, text;
+    };
+    for (const Row& row : {
+             Row{"8/8/8/8/8/8/8/8/8 w", "BoardPosition::fen(8/8/8/8/8/8/8/8/8 w)    syntax error"},
+             Row{"88k w", "BoardPosition::fen(88k w)    syntax error"},
+             Row{"8/9/8", "ChessBoard::set_fen(8/9/8) \nunkown piece 0x39"},
+             Row{"rnbxkbnr b", "ChessBoard::set_fen(rnbxkbnr b) \nunkown piece 0x78"},
+             Row{"\xC3\xA9", "ChessBoard::set_fen(\xC3\xA9) \nunkown piece 0xc3"},
+         }) {
+        try {
+            read_shown_position(row.fen);
+            ADD_FAILURE() << "read " << row.fen;
+        } catch (const std::logic_error& error) {
+            EXPECT_EQ(error.what(), row.text);
+        }
+    }
+}
+
+TEST(ShownPosition, MenInWords) {
+    EXPECT_EQ(describe_men(read_shown_position("4k3/8/8/8/8/8/4P2P/R3K2R w").letters),
+              "White: king e1, rooks a1, h1, pawns e2, h2. Black: king e8.");
+    EXPECT_EQ(describe_men(no_men), "White: no men. Black: no men.");
+}
+
+}  // namespace
+}  // namespace velmora

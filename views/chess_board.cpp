@@ -1,0 +1,90 @@
+#include "views/chess_board.h"
+
+#include <algorithm>
+
+#include <gdkmm/general.h>
+
+#include "views/shown_position.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr double label_opacity = 0.6;
+/// Around a label, pixels.
+constexpr int label_padding = 3;
+
+}  // namespace
+
+ChessBoard::ChessBoard(int size)
+    : Gtk::AspectFrame("", Gtk::ALIGN_CENTER, Gtk::ALIGN_CENTER, 1.0, false), m_board(size) {
+    // An empty label would still take up a line's height.
+    unset_label();
+    set_shadow_type(Gtk::SHADOW_NONE);
+    add(m_board);
+    m_board.signal_move_made().connect(m_move_made.make_slot());
+}
+
+void ChessBoard::set_fen(const std::string& fen) {
+    const ShownPosition position = read_shown_position(fen);
+    m_board.set_position(position.letters);
+    m_white_to_move = position.white_to_move;
+}
+
+void ChessBoard::flip() {
+    m_board.flip();
+    queue_draw();
+}
+
+void ChessBoard::announce(const std::string& text) { get_accessible()->set_description(text); }
+
+bool ChessBoard::on_draw(const Cairo::RefPtr<Cairo::Context>& cr) {
+    Gtk::AspectFrame::on_draw(cr);
+    const auto board = m_board.get_allocation();
+    const int left = board.get_x() - get_allocation().get_x(), top = board.get_y() - get_allocation().get_y();
+    Gdk::Rectangle clip;
+    if (!Gdk::Cairo::get_clip_rectangle(cr, clip)) return false;
+    if (clip.get_x() >= left && clip.get_y() + clip.get_height() <= top + board.get_height()) return false;
+    const int cell = board.get_width() / 8;
+    for (int i = 0; i < 8; ++i) {
+        const int shown = is_flipped() ? 7 - i : i;
+        draw_label(cr, char('a' + shown), left + (i + 0.5) * cell,
+                   top + board.get_height() + m_label_width / 2.0);
+        draw_label(cr, char('1' + shown), left - m_label_width / 2.0, top + (7.5 - i) * cell);
+    }
+    return false;
+}
+
+/// A character centred on a point.
+void ChessBoard::draw_label(const Cairo::RefPtr<Cairo::Context>& cr, char label, double x, double y) {
+    const auto layout = create_pango_layout(std::string(1, label));
+    int width = 0, height = 0;
+    layout->get_pixel_size(width, height);
+    Gdk::RGBA color = get_style_context()->get_color(get_state_flags());
+    color.set_alpha(color.get_alpha() * label_opacity);
+    Gdk::Cairo::set_source_rgba(cr, color);
+    cr->move_to(x - width / 2.0, y - height / 2.0);
+    layout->show_in_cairo_context(cr);
+}
+
+void ChessBoard::on_style_updated() {
+    Gtk::AspectFrame::on_style_updated();
+    int width = 0, height = 0;
+    create_pango_layout("8")->get_pixel_size(width, height);
+    m_label_width = std::max(width, height) + label_padding;
+    m_board.set_margin_start(m_label_width);
+    m_board.set_margin_bottom(m_label_width);
+}
+
+void ChessBoard::compute_child_allocation_vfunc(Gtk::Allocation& allocation) {
+    Gtk::AspectFrame::compute_child_allocation_vfunc(allocation);
+    // Whole cells only: what is left over would show as a strip beside the last of them.
+    const int side = std::min(allocation.get_width(), allocation.get_height()) - m_label_width;
+    const int used = std::max(side, 0) / 8 * 8 + m_label_width;
+    allocation.set_x(allocation.get_x() + (allocation.get_width() - used) / 2);
+    allocation.set_y(allocation.get_y() + (allocation.get_height() - used) / 2);
+    allocation.set_width(used);
+    allocation.set_height(used);
+}
+
+}  // namespace velmora

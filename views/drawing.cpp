@@ -1,0 +1,158 @@
+#include "views/drawing.h"
+
+#include <cmath>
+
+#include <glibmm/main.h>
+
+#include "views/board_painter.h"
+
+namespace velmora {
+
+Drawing::Drawing(int size) {
+    const int side = board_size(size);
+    set_size_request(side, side);
+    m_cell = cell_of(side, side);
+}
+
+void Drawing::set_pieces(std::string_view letters) {
+    const auto before = m_table.squares();
+    redraw_man_in_the_air();
+    m_table.set_pieces(letters);
+    redraw_changes(before);
+}
+
+void Drawing::set_piece(char letter, int square) {
+    m_table.set_piece(letter, square);
+    redraw_square(square);
+}
+
+void Drawing::clear_square(int square) {
+    m_table.clear_square(square);
+    redraw_square(square);
+}
+
+void Drawing::clear() {
+    m_arrows.clear();
+    m_table.clear();
+    queue_draw();
+}
+
+bool Drawing::begin_drag(double x, double y) {
+    const auto square = square_at(x, y);
+    // Until the pointer moves the man stays where he stands, so there is nothing to draw.
+    return m_table.begin_drag(square, square ? corner_of(*square, m_cell) : Place{});
+}
+
+void Drawing::drag_to(double x, double y) {
+    if (!m_table.dragging()) return;
+    redraw_man_in_the_air();
+    m_table.drag_to({int(std::floor(x)) - m_cell.width / 2, int(std::floor(y)) - m_cell.height / 2});
+    redraw_man_in_the_air();
+}
+
+std::optional<std::pair<int, int>> Drawing::end_drag(double x, double y) {
+    redraw_man_in_the_air();
+    const auto move = m_table.end_drag(square_at(x, y));
+    if (move) redraw_square(move->second);
+    return move;
+}
+
+void Drawing::cancel_drag() {
+    if (!m_table.dragging()) return;
+    redraw_man_in_the_air();
+    m_table.cancel_drag();
+    redraw_square(m_table.drag_from());
+}
+
+void Drawing::flip() {
+    m_arrows.clear();
+    m_flipped = !m_flipped;
+    m_table.turn();
+    queue_draw();
+}
+
+void Drawing::set_arrow(int from, int to, int color) {
+    if (!is_square(from) || !is_square(to)) return;
+    if (m_flipped) {
+        from = turned(from);
+        to = turned(to);
+    }
+    if (const auto arrow = make_arrow(from, to, color, m_cell)) {
+        m_arrows.push_back(*arrow);
+        queue_draw();
+    }
+}
+
+void Drawing::clear_arrows() {
+    if (m_arrows.empty()) return;
+    m_arrows.clear();
+    queue_draw();
+}
+
+void Drawing::set_marks(const BoardMarks& marks) {
+    const auto squares = changed_squares(m_marks, marks);
+    m_marks = marks;
+    for (const int square : squares) redraw_square(square);
+}
+
+const std::vector<Glib::RefPtr<Gdk::Pixbuf>>& Drawing::pixbufs() {
+    if (m_images.pixbufs().empty()) render_images(get_scale_factor());
+    return m_images.pixbufs();
+}
+
+bool Drawing::on_draw(const Cairo::RefPtr<Cairo::Context>& cr) {
+    double scale_x = 1, scale_y = 1;
+    cairo_surface_get_device_scale(cairo_get_target(cr->cobj()), &scale_x, &scale_y);
+    render_images(scale_x);
+    paint_board(cr, {m_table, m_marks, m_arrows, m_images, m_cell});
+    return true;
+}
+
+void Drawing::on_size_allocate(Gtk::Allocation& allocation) {
+    Gtk::DrawingArea::on_size_allocate(allocation);
+    m_cell = cell_of(allocation.get_width(), allocation.get_height());
+}
+
+void Drawing::redraw_square(int square) {
+    const Place corner = corner_of(square, m_cell);
+    queue_draw_area(corner.x, corner.y, m_cell.width, m_cell.height);
+}
+
+void Drawing::redraw_changes(const SquareTable::Codes& before) {
+    for (int square = 0; square < square_count; ++square) {
+        if (before[std::size_t(square)] != m_table.squares()[std::size_t(square)]) redraw_square(square);
+    }
+}
+
+void Drawing::redraw_man_in_the_air() {
+    if (!m_table.dragging()) return;
+    const Place place = m_table.drag_place();
+    queue_draw_area(place.x, place.y, m_cell.width, m_cell.height);
+}
+
+/// Brings the images to the size of a cell, at once or when the size has settled.
+void Drawing::render_images(double device_scale) {
+    if (device_scale != m_device_scale) {
+        // Another monitor, not a size under way.
+        m_device_scale = device_scale;
+        m_pacer = RenderPacer();
+    }
+    const CellSize wanted{int(std::lround(m_cell.width * device_scale)),
+                          int(std::lround(m_cell.height * device_scale))};
+    if (m_pacer.is_due(wanted, std::chrono::steady_clock::now())) {
+        m_images.render(wanted);
+        // This draw may be of a part of the board only.
+        queue_draw();
+    } else if (m_images.size() != wanted && !m_settling) {
+        m_settling = Glib::signal_timeout().connect(
+            sigc::mem_fun(*this, &Drawing::redraw_settled),
+            unsigned(std::chrono::milliseconds(RenderPacer::settling_time).count()));
+    }
+}
+
+bool Drawing::redraw_settled() {
+    queue_draw();
+    return false;
+}
+
+}  // namespace velmora
