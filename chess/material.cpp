@@ -1,0 +1,132 @@
+#include "chess/material.h"
+
+#include <string_view>
+
+#include "chess/board_position.h"
+
+namespace velmora {
+
+namespace {
+
+/// What one man adds to the counts and XORs into the key; zero for a king and for a code that is no man.
+struct Unit {
+    std::uint64_t count = 0;
+    std::uint32_t key = 0;
+};
+
+// By piece code. The key constants are arbitrary and fixed.
+constexpr std::array<Unit, piece_codes> units = {{
+    {},
+    {std::uint64_t{1} << 32, 0xD091BB5C},
+    {std::uint64_t{1} << 36, 0x22AE9EF6},
+    {std::uint64_t{1} << 40, 0xE7E1FAEE},
+    {std::uint64_t{1} << 44, 0xD5C31F79},
+    {std::uint64_t{1} << 48, 0x2082352C},
+    {},
+    {},
+    {},
+    {std::uint64_t{1} << 0, 0xF807B7DF},
+    {std::uint64_t{1} << 4, 0xE9D30005},
+    {std::uint64_t{1} << 8, 0x3895AFE1},
+    {std::uint64_t{1} << 12, 0xA1E24BBA},
+    {std::uint64_t{1} << 16, 0x4EE4092B},
+    {},
+    {},
+}};
+
+constexpr const Unit& unit(Piece man) { return units[man.code() & 15]; }
+
+/// What a promotion adds to the counts and XORs into the key: the new man in the pawn's place.
+constexpr Unit promotion(Move move) {
+    const Side side = move.piece().side();
+    const Unit& man = unit(Piece(promoted_kind(move.code()), side));
+    const Unit& pawn = unit(Piece(PieceKind::pawn, side));
+    return {man.count - pawn.count, man.key ^ pawn.key};
+}
+
+// Worth of the men that make up the phase, and the sum at which the opening begins.
+constexpr std::int32_t minor_phase = 300;
+constexpr std::int32_t rook_phase = 500;
+constexpr std::int32_t queen_phase = 900;
+constexpr std::int32_t opening_phase = 6200;
+constexpr std::int32_t bare_board = 1024;
+
+constexpr std::array<PieceKind, 5> kinds = {PieceKind::queen, PieceKind::rook, PieceKind::bishop,
+                                            PieceKind::knight, PieceKind::pawn};
+
+}  // namespace
+
+void Material::count(const BoardPosition& board) {
+    clear();
+    for (const Side side : {Side::white, Side::black}) {
+        for (const PieceKind kind : kinds) set(Piece(kind, side), board.pieces(Piece(kind, side)).count());
+    }
+    find_phase();
+}
+
+void Material::set(Piece man, std::int32_t count) {
+    // A nibble holds 15; a board with more of a kind is counted as 15 and disturbs no other kind.
+    const auto n = static_cast<std::uint32_t>(count < 15 ? count : 15);
+    m_counts |= n * unit(man).count;
+    m_key ^= n * unit(man).key;
+}
+
+void Material::add(Piece man) {
+    m_counts += unit(man).count;
+    m_key ^= unit(man).key;
+}
+
+void Material::remove(Piece man) {
+    m_counts -= unit(man).count;
+    m_key ^= unit(man).key;
+}
+
+void Material::do_move(Move move) {
+    const bool promotes = is_promotion(move.code());
+    if (move.capture().empty() && !promotes) return;
+    remove(move.capture());
+    if (promotes) {
+        const Unit change = promotion(move);
+        m_counts += change.count;
+        m_key ^= change.key;
+    }
+    find_phase();
+}
+
+void Material::undo_move(Move move) {
+    const bool promotes = is_promotion(move.code());
+    if (move.capture().empty() && !promotes) return;
+    if (promotes) {
+        const Unit change = promotion(move);
+        m_counts -= change.count;
+        m_key ^= change.key;
+    }
+    add(move.capture());
+    find_phase();
+}
+
+std::int32_t Material::number_of(Piece man) const {
+    const std::uint64_t count = unit(man).count;
+    return count == 0 ? 0 : static_cast<std::int32_t>(m_counts / count & 15);
+}
+
+std::string Material::signature() const {
+    std::string text;
+    for (const Side side : {Side::white, Side::black}) {
+        text += Piece(PieceKind::king, side).letter();
+        for (const PieceKind kind : kinds) {
+            const Piece man(kind, side);
+            text.append(static_cast<std::size_t>(number_of(man)), man.letter());
+        }
+    }
+    return text;
+}
+
+void Material::find_phase() {
+    const std::int32_t sum =
+        minor_phase * (white_knights() + white_bishops() + black_knights() + black_bishops()) +
+        rook_phase * (white_rooks() + black_rooks()) + queen_phase * (white_queens() + black_queens());
+    m_phase = sum >= opening_phase ? 0 : bare_board - sum * bare_board / opening_phase;
+}
+
+}  // namespace velmora

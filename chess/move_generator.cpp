@@ -1,0 +1,392 @@
+#include "chess/move_generator.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "chess/bit_tables.h"
+#include "chess/check_test.h"
+#include "chess/magic_moves.h"
+#include "chess/position.h"
+
+namespace velmora {
+
+namespace {
+
+/// Rank of a captured man in the order of stage one, four bits a piece code: none, pawn, knight and bishop
+/// alike, rook, queen.
+constexpr std::uint64_t capture_ranks = 0x0043'2210'0043'2210;
+std::uint32_t capture_rank(Move move) {
+    return static_cast<std::uint32_t>(capture_ranks >> (4 * move.capture().code())) & 15;
+}
+
+/// Highest captured man first. Insertion keeps equals in order, and the lists are short.
+void sort_captures(Move* first, Move* last) {
+    for (Move* next = first; next < last; ++next) {
+        const Move move = *next;
+        const std::uint32_t rank = capture_rank(move);
+        Move* place = next;
+        for (; place > first && capture_rank(place[-1]) < rank; --place) *place = place[-1];
+        *place = move;
+    }
+}
+
+// The fields of a move's word, laid out as in Move.
+constexpr std::uint32_t to_bits(Square to) { return static_cast<std::uint32_t>(to.value()); }
+constexpr std::uint32_t capture_bits(Piece man) { return man.code() << 16; }
+constexpr std::uint32_t check_bit(Bitboard checks, Square to) {
+    return static_cast<std::uint32_t>(checks.value() >> to.value() & 1) << 15;
+}
+
+enum class Stages { captures, all };
+
+/// One run over a position for the side to move.
+///
+/// What is legal and what checks is found as sets once a position: a man other than the king must land in
+/// m_check_mask, a pinned man stays on the line of its king, and each kind has the squares from which it
+/// checks. Only en passant is tested move by move, and only promotions, castling and en passant are looked at
+/// one by one for check.
+template <Side us, Stages stages>
+class Generation {
+public:
+    Generation(const BoardPosition& board, const PositionState& state, MoveList& list)
+        : m_board(board),
+          m_magics(magic_moves()),
+          m_out(list),
+          m_king(state.kings[us]),
+          m_enemy_king(state.kings[them]),
+          m_ep_square(state.ep_square),
+          m_rights(us == Side::white ? state.rights & 0xFFU : state.rights >> 8),
+          m_occupied(board.occupied()),
+          m_targets(board.all(them) & ~board.pieces(PieceKind::king, them)),
+          m_pinned(state.pinned & board.all(us)),
+          m_discovering(state.discovering & board.all(us)),
+          m_checkers(state.checkers & board.all(them)) {}
+
+    void run(MoveList& list) {
+        Move* const first = list.end();
+        if (!m_checkers.more_than_one()) {
+            if (m_checkers.any())
+                m_check_mask = bit_tables.between_inclusive(m_king, m_checkers.first_square());
+            pawn_captures();
+            men_captures();
+        }
+        find_king_moves();
+        king_moves(m_king_steps & m_targets);
+        m_out.finish();
+        sort_captures(first, list.end());
+        if constexpr (stages == Stages::all) {
+            men_quiet_moves();
+            if (!m_checkers.more_than_one()) pawn_pushes();
+            king_moves(m_king_steps & ~m_targets);
+            castlings();
+            m_out.finish();
+        }
+    }
+
+private:
+    static constexpr Side them = opposite(us);
+    static constexpr std::int32_t up = us == Side::white ? 8 : -8;
+    static constexpr Bitboard last_rank = us == Side::white ? rank_8 : rank_1;
+    static constexpr Bitboard before_last_rank = us == Side::white ? rank_7 : rank_2;
+    static constexpr Bitboard single_step_rank = us == Side::white ? rank_3 : rank_6;
+    static constexpr std::int32_t back_rank = us == Side::white ? 0 : 56;
+
+    /// What stage two needs of a man whose captures are written.
+    struct Mover {
+        std::uint32_t base;
+        Bitboard quiet;
+        Bitboard checks;
+    };
+
+    static constexpr Bitboard forward(Bitboard squares) {
+        return us == Side::white ? squares << 8 : squares >> 8;
+    }
+    static constexpr Bitboard backward(Bitboard squares) {
+        return us == Side::white ? squares >> 8 : squares << 8;
+    }
+
+    /// All of a move's word but to, capture and check.
+    static constexpr std::uint32_t base(PieceKind kind, Square from, MoveCode code = MoveCode::normal_move) {
+        return static_cast<std::uint32_t>(from.value()) << 6 | static_cast<std::uint32_t>(code) << 12 |
+               Piece(kind, us).code() << 20 | static_cast<std::uint32_t>(XCode::xnormal_move) << 24;
+    }
+
+    Bitboard men(PieceKind kind) const { return m_board.pieces(kind, us); }
+
+    /// Where a man on `from` may land, as far as check and pin go.
+    Bitboard landing(Square from) const {
+        return m_pinned.contains(from) ? m_check_mask & bit_tables.ray_through(m_king, from) : m_check_mask;
+    }
+
+    /// The squares on which a man from `from` checks: those of its kind, and all off the line that it
+    /// uncovers.
+    Bitboard checks_from(Square from, Bitboard checks_of_kind) const {
+        return m_discovering.contains(from) ? checks_of_kind | ~bit_tables.ray_through(m_enemy_king, from)
+                                            : checks_of_kind;
+    }
+
+    void put_captures(std::uint32_t base, Bitboard targets, Bitboard checks) {
+        while (targets.any()) {
+            const Square to = targets.pop_square();
+            m_out.put(base | to_bits(to) | check_bit(checks, to) | capture_bits(m_board.piece_on(to)));
+        }
+    }
+
+    void put_quiet(std::uint32_t base, Bitboard targets, Bitboard checks) {
+        while (targets.any()) {
+            const Square to = targets.pop_square();
+            m_out.put(base | to_bits(to) | check_bit(checks, to));
+        }
+    }
+
+    /// Writes a move whose check is found by looking at the board after it.
+    void put_tested(std::uint32_t word) {
+        m_out.put(word | static_cast<std::uint32_t>(gives_check(m_board, Move::from_word(word))) << 15);
+    }
+
+    // Stage one.
+
+    void pawn_captures() {
+        const Bitboard pawns = men(PieceKind::pawn);
+        const Bitboard promotion_pushes = forward(pawns & before_last_rank) & ~m_occupied;
+        const Bitboard ep_pawns = pawns_that_reach_ep();
+        Bitboard movers = (pawns & pawn_attacks<them>(m_targets & m_check_mask)) |
+                          backward(promotion_pushes & m_check_mask) | ep_pawns;
+        const Bitboard checks_of_pawns = bit_tables.pawn_attacks(m_enemy_king, them);
+        while (movers.any() && !m_out.full()) {
+            const Square from = movers.pop_square();
+            const Bitboard mask = landing(from);
+            const Bitboard captures = bit_tables.pawn_attacks(from, us) & m_targets & mask;
+            put_captures(base(PieceKind::pawn, from), captures & ~last_rank,
+                         checks_from(from, checks_of_pawns));
+            if (ep_pawns.contains(from)) put_en_passant(from);
+            const Bitboard push = forward(from.bit()) & promotion_pushes & mask;
+            put_promotions(from, (captures & last_rank) | push);
+        }
+    }
+
+    /// An en passant square read from a FEN may be any: the target must be empty and an enemy pawn behind it.
+    Bitboard pawns_that_reach_ep() const {
+        if (!m_ep_square.on_board()) return no_squares;
+        const Bitboard victim = backward(m_ep_square.bit()) & m_board.pieces(PieceKind::pawn, them);
+        if (victim.empty() || m_occupied.contains(m_ep_square)) return no_squares;
+        return bit_tables.pawn_attacks(m_ep_square, them) & men(PieceKind::pawn);
+    }
+
+    void put_en_passant(Square from) {
+        const std::uint32_t word = base(PieceKind::pawn, from, MoveCode::en_passant) | to_bits(m_ep_square) |
+                                   capture_bits(Piece(PieceKind::pawn, them));
+        if (is_legal_en_passant(m_board, Move::from_word(word))) put_tested(word);
+    }
+
+    void put_promotions(Square from, Bitboard targets) {
+        while (targets.any()) {
+            const Square to = targets.pop_square();
+            const std::uint32_t fields = to_bits(to) | capture_bits(m_board.piece_on(to));
+            for (const MoveCode code : {MoveCode::promo_queen, MoveCode::promo_rook, MoveCode::promo_bishop,
+                                        MoveCode::promo_knight}) {
+                put_tested(base(PieceKind::pawn, from, code) | fields);
+            }
+        }
+    }
+
+    void men_captures() {
+        const Bitboard diagonal_checks = m_magics.bishop_attacks(m_enemy_king, m_occupied);
+        const Bitboard straight_checks = m_magics.rook_attacks(m_enemy_king, m_occupied);
+        // A pinned knight has no move.
+        man_captures(PieceKind::knight, men(PieceKind::knight) & ~m_pinned,
+                     bit_tables.knight_moves(m_enemy_king),
+                     [](Square from) { return bit_tables.knight_moves(from); });
+        m_bishops = m_movers_end;
+        man_captures(PieceKind::bishop, men(PieceKind::bishop), diagonal_checks,
+                     [this](Square from) { return m_magics.bishop_attacks(from, m_occupied); });
+        m_rooks = m_movers_end;
+        man_captures(PieceKind::rook, men(PieceKind::rook), straight_checks,
+                     [this](Square from) { return m_magics.rook_attacks(from, m_occupied); });
+        m_queens = m_movers_end;
+        man_captures(PieceKind::queen, men(PieceKind::queen), diagonal_checks | straight_checks,
+                     [this](Square from) { return m_magics.queen_attacks(from, m_occupied); });
+    }
+
+    template <class Attacks>
+    void man_captures(PieceKind kind, Bitboard from_squares, Bitboard checks_of_kind, Attacks attacks) {
+        while (from_squares.any() && !m_out.full() && m_movers_end < m_movers.size()) {
+            const Square from = from_squares.pop_square();
+            const Bitboard reach = attacks(from) & landing(from);
+            const Bitboard checks = checks_from(from, checks_of_kind);
+            put_captures(base(kind, from), reach & m_targets, checks);
+            m_movers[m_movers_end++] = {base(kind, from), reach & ~m_occupied, checks};
+        }
+    }
+
+    /// The king's steps that are safe, and what the enemy attacks of these and of the squares that castling
+    /// crosses. The king is taken off the board, so that it cannot hide behind itself.
+    void find_king_moves() {
+        m_king_steps = bit_tables.king_moves(m_king) & (m_targets | ~m_occupied);
+        Bitboard of_interest = m_king_steps;
+        if constexpr (stages == Stages::all) {
+            if (m_rights != 0 && m_checkers.empty()) of_interest |= find_castling_rooks();
+        }
+        if (of_interest.empty()) return;
+        m_danger = attacked_by_enemy(of_interest);
+        m_king_steps &= ~m_danger;
+    }
+
+    /// What the enemy attacks, exact within `of_interest`.
+    Bitboard attacked_by_enemy(Bitboard of_interest) const {
+        const Bitboard occupied = m_occupied & ~m_king.bit();
+        Bitboard attacked = pawn_attacks<them>(m_board.pieces(PieceKind::pawn, them)) |
+                            knight_attacks(m_board.pieces(PieceKind::knight, them)) |
+                            bit_tables.king_moves(m_enemy_king);
+        const Bitboard enemies = m_board.all(them);
+        for (Bitboard men = m_board.diagonal_sliders() & enemies; men.any();) {
+            const Square from = men.pop_square();
+            if ((bit_tables.bishop_lines(from) & of_interest).any())
+                attacked |= m_magics.bishop_attacks(from, occupied);
+        }
+        for (Bitboard men = m_board.straight_sliders() & enemies; men.any();) {
+            const Square from = men.pop_square();
+            if ((bit_tables.rook_lines(from) & of_interest).any())
+                attacked |= m_magics.rook_attacks(from, occupied);
+        }
+        return attacked;
+    }
+
+    void king_moves(Bitboard targets) {
+        const Bitboard checks = checks_from(m_king, no_squares);
+        put_captures(base(PieceKind::king, m_king), targets & m_occupied, checks);
+        put_quiet(base(PieceKind::king, m_king), targets & ~m_occupied, checks);
+    }
+
+    // Stage two.
+
+    void men_quiet_moves() {
+        put_movers(m_queens, m_movers_end);
+        put_movers(m_rooks, m_queens);
+        put_movers(0, m_bishops);
+        put_movers(m_bishops, m_rooks);
+    }
+
+    void put_movers(std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end && !m_out.full(); ++i) {
+            put_quiet(m_movers[i].base, m_movers[i].quiet, m_movers[i].checks);
+        }
+    }
+
+    /// A pinned pawn can only push when its king stands on the same file.
+    void pawn_pushes() {
+        const Bitboard pawns = men(PieceKind::pawn) & ~before_last_rank & (~m_pinned | m_king.file_mask());
+        const Bitboard single = forward(pawns) & ~m_occupied;
+        const Bitboard single_legal = single & m_check_mask;
+        const Bitboard double_legal = forward(single & single_step_rank) & ~m_occupied & m_check_mask;
+        const Bitboard checks_of_pawns = bit_tables.pawn_attacks(m_enemy_king, them);
+        Bitboard movers = backward(single_legal | backward(double_legal));
+        while (movers.any() && !m_out.full()) {
+            const Square from = movers.pop_square();
+            const Bitboard checks = checks_from(from, checks_of_pawns);
+            const Square one = from + up;
+            const Square two((from.value() + 2 * up) & 63);
+            const std::uint32_t word = base(PieceKind::pawn, from);
+            const auto put_step = [&](Bitboard legal, Square to) {
+                m_out.put_if(legal.contains(to), word | to_bits(to) | check_bit(checks, to));
+            };
+            // Destinations ascend, which puts Black's double step first.
+            if constexpr (us == Side::black) put_step(double_legal, two);
+            put_step(single_legal, one);
+            if constexpr (us == Side::white) put_step(double_legal, two);
+        }
+    }
+
+    /// Keeps the rooks that have the right to castle and a free way; returns the king's ways. Rights are
+    /// valid in a FEN without the rook, and without the king on its rank.
+    Bitboard find_castling_rooks() {
+        Bitboard king_ways;
+        if (m_king.value() / 8 != back_rank / 8) return king_ways;
+        for (Bitboard files(m_rights); files.any();) {
+            const Square rook = files.pop_square() + back_rank;
+            if (!men(PieceKind::rook).contains(rook)) continue;
+            const CastlingTargets targets = castling_targets(m_king, rook, us);
+            const Bitboard king_way = bit_tables.between_inclusive(m_king, targets.king);
+            const Bitboard rook_way = bit_tables.between_inclusive(rook, targets.rook);
+            const Bitboard others = m_occupied & ~m_king.bit() & ~rook.bit();
+            if (((king_way | rook_way) & others).any()) continue;
+            m_castling_rooks.set(rook);
+            king_ways |= king_way;
+        }
+        return king_ways;
+    }
+
+    void castlings() {
+        const Bitboard enemy_straight = m_board.straight_sliders() & m_board.all(them);
+        while (m_castling_rooks.any() && !m_out.full()) {
+            const Square rook = m_castling_rooks.pop_square();
+            const Square king_target = castling_targets(m_king, rook, us).king;
+            if ((bit_tables.between_inclusive(m_king, king_target) & m_danger).any()) continue;
+            // The rook itself may have shielded the king's new square.
+            const Bitboard others = m_occupied & ~m_king.bit() & ~rook.bit();
+            if ((m_magics.rook_attacks(king_target, others) & enemy_straight).any()) continue;
+            put_tested(base(PieceKind::king, m_king, MoveCode::castling) | to_bits(rook));
+        }
+    }
+
+    // Constant during the run.
+    const BoardPosition& m_board;
+    const MagicMoves& m_magics;
+    MoveList::Writer m_out;
+    const Square m_king;
+    const Square m_enemy_king;
+    const Square m_ep_square;
+    const std::uint32_t m_rights;  // of the own rooks, by file
+    const Bitboard m_occupied;
+    const Bitboard m_targets;  // the enemy's men but the king
+    const Bitboard m_pinned;
+    const Bitboard m_discovering;
+    const Bitboard m_checkers;
+
+    Bitboard m_check_mask = all_squares;
+    Bitboard m_king_steps;
+    Bitboard m_danger;
+    Bitboard m_castling_rooks;
+    std::size_t m_bishops = 0;  // where the bishops begin in m_movers; knights come first
+    std::size_t m_rooks = 0;
+    std::size_t m_queens = 0;
+    std::size_t m_movers_end = 0;
+    std::array<Mover, 64> m_movers;
+};
+
+/// When the side to move could take the enemy king, which only a set-up board allows, every move leaves or
+/// uncovers that check, and the sets of a single mover do not tell.
+void repair_check_bits(const BoardPosition& board, Move* first, Move* last) {
+    for (Move* move = first; move < last; ++move) move->set_check(gives_check(board, *move));
+}
+
+template <Stages stages>
+void generate(const ChessPosition& position, MoveList& list) {
+    const BoardPosition& board = position.board();
+    const PositionState& state = position.state();
+    if (!state.kings.white.on_board() || !state.kings.black.on_board()) return;
+    const std::size_t start = list.size();
+    if (board.side_to_move() == Side::white) {
+        Generation<Side::white, stages>(board, state, list).run(list);
+    } else {
+        Generation<Side::black, stages>(board, state, list).run(list);
+    }
+    if ((state.checkers & board.all(board.side_to_move())).any()) {
+        repair_check_bits(board, list.begin() + start, list.end());
+    }
+}
+
+}  // namespace
+
+void MoveGenerator::generate_all(const ChessPosition& position, MoveList& list) {
+    if (list.generated()) return;
+    generate<Stages::all>(position, list);
+    list.set_generated(true);
+}
+
+void MoveGenerator::generate_captures(const ChessPosition& position, MoveList& list) {
+    generate<Stages::captures>(position, list);
+}
+
+}  // namespace velmora

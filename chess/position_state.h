@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+
+#include "chess/bitboard.h"
+#include "chess/board_position.h"
+#include "chess/move.h"
+#include "chess/side.h"
+#include "chess/square.h"
+
+namespace velmora {
+
+/// Rights that only Chess960 can have: rook files other than a and h.
+inline constexpr std::uint16_t chess960_rights = 0x7E7E;
+
+/// What a position knows beside the placement of the men; one record a ply.
+struct PositionState {
+    /// Men of either colour that alone stand between their own king and an enemy slider.
+    Bitboard pinned;
+    /// Men of either colour that alone stand between an own slider and the enemy king.
+    Bitboard discovering;
+    /// Men of either colour that attack the enemy king.
+    Bitboard checkers;
+    /// Bit f: the white rook that started on file f may still castle; bit 8 + f: the black one.
+    std::uint16_t rights = 0;
+    /// Plies since the last pawn move or capture.
+    std::uint16_t halfmoves = 0;
+    /// The move that led here; empty in the first record.
+    Move last_move;
+    /// En passant target, `no_square` when none.
+    Square ep_square;
+    /// `no_square` where there is no king.
+    BySide<Square> kings;
+
+    Square white_king() const { return kings.white; }
+    Square black_king() const { return kings.black; }
+};
+
+/// Sets kings, pinned, discovering and checkers from the board.
+void find_pins(const BoardPosition& board, PositionState& state);
+
+}  // namespace velmora
