@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -22,7 +23,8 @@ class Engio;
 /// engine's number, a blank, the instance id, a blank and the line.
 class GuiEngine {
 public:
-    GuiEngine();
+    /// `probe_interval` is the sleep between two looks for the engine's answer in the handshake.
+    explicit GuiEngine(std::chrono::milliseconds probe_interval = std::chrono::milliseconds(50));
     /// Quits the process and joins the reader, as unload_engine().
     ~GuiEngine();
 
@@ -96,7 +98,14 @@ public:
     void set_instance_id(std::uint64_t instance_id);
 
 private:
+    void replace_probe();
     void quit_process();
+    template <class Answer, class Question>
+    Answer ask(Answer absent, Question question) const;
+    template <class Change>
+    void tell(Change change);
+
+    const std::chrono::milliseconds m_probe_interval;
 
     CommandSink* m_manager = nullptr;  // borrowed; null before the first load
     std::unique_ptr<Engio> m_engio;

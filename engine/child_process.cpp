@@ -1,0 +1,61 @@
+#include "engine/child_process.h"
+
+#include <array>
+#include <fcntl.h>
+#include <iostream>
+#include <stdexcept>
+#include <type_traits>
+#include <utility>
+
+#include <glib.h>
+#include <glib/gstdio.h>
+
+#include "engine/wall_clock.h"
+
+namespace velmora {
+
+static_assert(std::is_same_v<GPid, int>);
+
+namespace {
+
+void close_pid(GPid pid, gint /*wait_status*/, gpointer /*data*/) { g_spawn_close_pid(pid); }
+
+/// Takes the text out of a GLib error and frees it.
+std::string take_message(GError* error) {
+    std::string message = error->message;
+    g_error_free(error);
+    return message;
+}
+
+void close_descriptor(int& fd, const char* what) {
+    GError* error = nullptr;
+    if (g_close(std::exchange(fd, -1), &error) == FALSE) {
+        std::cerr << wall_log_stamp() + "  Engio::quit() " + what + " error " + take_message(error) + '\n';
+    }
+}
+
+}  // namespace
+
+ChildProcess::~ChildProcess() { release(); }
+
+void ChildProcess::spawn(const std::string& path) {
+    std::string program = path;
+    std::array<gchar*, 2> arguments{program.data(), nullptr};
+    GError* error = nullptr;
+    if (g_spawn_async_with_pipes(nullptr, arguments.data(), nullptr, G_SPAWN_DO_NOT_REAP_CHILD, nullptr,
+                                 nullptr, &m_pid, &m_stdin_fd, &m_stdout_fd, nullptr, &error) == FALSE) {
+        throw std::runtime_error(take_message(error));
+    }
+    m_held = true;
+    // A child that does not read its input must not stop whoever writes to it.
+    fcntl(m_stdin_fd, F_SETFL, fcntl(m_stdin_fd, F_GETFL) | O_NONBLOCK);
+}
+
+void ChildProcess::release() {
+    if (!std::exchange(m_held, false)) return;
+    g_child_watch_add(m_pid, close_pid, nullptr);
+    close_descriptor(m_stdin_fd, "standard input");
+    close_descriptor(m_stdout_fd, "standard output");
+}
+
+}  // namespace velmora

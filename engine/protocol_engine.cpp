@@ -1,0 +1,121 @@
+#include "engine/protocol_engine.h"
+
+#include <iostream>
+#include <thread>
+
+#include "channel/text.h"
+#include "engine/engio.h"
+#include "engine/xboard_feature.h"
+
+namespace velmora {
+
+namespace {
+
+// The tries are counted in looks into the queue, not in time: a talkative engine uses them up sooner.
+constexpr int uci_looks = 201;
+constexpr int xboard_looks = 101;
+
+}  // namespace
+
+void ProtocolEngine::load(std::uint32_t id, const std::string& filename, Protocol protocol, bool debug) {
+    set_debug(debug);
+    m_protocol = protocol;
+    m_found = false;
+    m_error_text.clear();
+    variables().reset_for_load();
+    variables().set_engine_name("");
+    variables().filename = filename;
+    engio().set_engine_id(id);
+    engio().set_logging(debug);
+    if (!engio().is_alive()) {
+        std::cerr << "ProtocolEngine::load \"" + filename + "\"  m_pengio->bad\n";
+        return;
+    }
+    set_protocol();
+}
+
+void ProtocolEngine::set_protocol() {
+    const bool detect = m_protocol == Protocol::autodetect;
+    if (detect || m_protocol == Protocol::uci) try_uci();
+    if ((detect && !m_found) || m_protocol == Protocol::xboard_v2) try_xboard_v2();
+    // One feature is enough for version 2, even when the engine never said that it was done.
+    if ((detect && m_protocol == Protocol::autodetect) || m_protocol == Protocol::xboard_v1) try_xboard_v1();
+}
+
+void ProtocolEngine::answered_as(Protocol protocol) {
+    m_protocol = protocol;
+    variables().protocol = protocol;
+    m_found = true;
+}
+
+void ProtocolEngine::not_answered(const char* text) {
+    m_found = false;
+    m_error_text = text;
+}
+
+/// Sleeps between two looks into the queue. A dead process will not answer, so its looks take no time.
+void ProtocolEngine::pause() const {
+    if (is_alive()) std::this_thread::sleep_for(m_interval);
+}
+
+void ProtocolEngine::try_uci() {
+    send("uci");
+    for (int looks = uci_looks; looks > 0; --looks) {
+        const std::string line = next_line();
+        if (line.find("uciok") != std::string::npos) {
+            answered_as(Protocol::uci);
+            variables().uci_flag = true;
+            return;
+        }
+        read_uci_line(line);
+        if (line.find("option") == std::string::npos) pause();
+    }
+    not_answered("ProtocolEngine::set_protocol()  no uci engine found");
+}
+
+void ProtocolEngine::read_uci_line(std::string_view line) {
+    text::WordReader reader(line);
+    const auto word = reader.word();
+    if (word == "option") {
+        variables().add_option(Option(line));
+    } else if (word == "id") {
+        const auto what = reader.word();
+        const std::string value(text::trim_blanks(reader.rest()));
+        if (what == "name") variables().set_engine_name(value);
+        if (what == "author") variables().author = value;
+    }
+}
+
+void ProtocolEngine::try_xboard_v2() {
+    variables().uci_flag = false;
+    send("xboard");
+    send("protover 2");
+    for (int looks = xboard_looks; looks > 0; --looks) {
+        const std::string line = next_line();
+        text::WordReader reader(line);
+        if (reader.word() == "feature" && read_features(reader.rest())) return;
+        pause();
+    }
+    not_answered("ProtocolEngine::set_protocol()  no xboard engine found");
+}
+
+/// Reads and answers the pairs of one line; true when the engine is done, what follows that is not looked at.
+bool ProtocolEngine::read_features(std::string_view rest) {
+    while (const auto feature = take_feature(rest)) {
+        answered_as(Protocol::xboard_v2);
+        // Options that xboard engines define themselves are not offered to the user, and not answered.
+        if (feature->name == "option") continue;
+        apply_feature(*feature, variables());
+        send("accepted " + feature->name);
+        if (feature->name == "done" && feature->value == "1") return true;
+    }
+    return false;
+}
+
+void ProtocolEngine::try_xboard_v1() {
+    variables().uci_flag = false;
+    send("xboard");
+    answered_as(Protocol::xboard_v1);
+}
+
+}  // namespace velmora

@@ -1,0 +1,206 @@
+#include "engine/xboard_engine.h"
+
+#include <iostream>
+#include <stdexcept>
+#include <utility>
+
+#include "channel/text.h"
+#include "chess/legal_moves.h"
+#include "chess/san_move.h"
+#include "engine/xboard_lines.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr auto normal_start = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1";
+
+/// The position a move ago; the position itself at the start of a game.
+ChessPosition a_move_ago(ChessPosition position) {
+    if (!position.moves().empty()) position.undo_move();
+    return position;
+}
+
+bool is_result(std::string_view word) { return word == "1-0" || word == "0-1" || word == "1/2-1/2"; }
+
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
+
+}  // namespace
+
+XboardEngine::XboardEngine() { m_previous_position.new_game(); }
+
+void XboardEngine::do_set_ponder(bool on) { send(on ? "hard" : "easy"); }
+
+void XboardEngine::do_go_infinite() { std::clog << "XboardEngine::go_infinite() not implemented\n"; }
+
+std::string XboardEngine::move_text(const ChessPosition& before, const Move& move) const {
+    const std::string text = variables().features.san ? SanMove(before, move).san() : coordinates(move);
+    return variables().features.usermove ? "usermove " + text : text;
+}
+
+/// Notes that the engine now has the driver's position.
+void XboardEngine::engine_was_set_up() {
+    m_previous_position = m_position;
+    m_previous_is_certain = true;
+    ++m_game;
+}
+
+void XboardEngine::do_new_game() {
+    // Without this feature the process is replaced instead.
+    if (!variables().features.reuse) return;
+    do_stop();
+    variables().clock.restart();
+    m_position.new_game();
+    engine_was_set_up();
+    send("new");
+    m_first_go = true;
+    for (const char* command : {"force", "easy", "post"}) send(command);
+    send(xboard::level_command(m_sent_level));
+}
+
+void XboardEngine::do_set_position(const ChessPosition& position) {
+    m_position = position;
+    if (a_move_ago(m_position) == m_previous_position) return;
+    // Without "setboard" the engine keeps the game that it has until go() finds another way.
+    if (!variables().features.setboard) return;
+    send("setboard " + m_position.start_fen());
+    for (const char* command : {"force", "easy", "post"}) send(command);
+    ChessPosition start;
+    start.set_fen(m_position.start_fen());
+    send_moves_from(start);
+    engine_was_set_up();
+}
+
+void XboardEngine::send_moves_from(ChessPosition scratch) {
+    for (const Move& move : m_position.moves()) {
+        send(move_text(scratch, move));
+        scratch.do_move(move);
+    }
+}
+
+void XboardEngine::send_clocks() {
+    if (!variables().features.time) return;
+    send("time " + std::to_string(variables().clock.time_left() / 10));
+    send("otim " + std::to_string(variables().opponent_time / 10));
+}
+
+void XboardEngine::do_go() {
+    variables().status = EngineStatus::thinking;
+    m_search_stopped = false;
+    if (variables().level != m_sent_level) {
+        m_sent_level = variables().level;
+        send(xboard::level_command(m_sent_level));
+    }
+    bring_position_to_engine();
+    start_search();
+}
+
+/// Brings the engine's game to the driver's position and lets the engine move there.
+void XboardEngine::bring_position_to_engine() {
+    const XboardFeatures& features = variables().features;
+    if (m_previous_is_certain && m_position == m_previous_position) {
+        send_clocks();
+        send("go");
+        return;
+    }
+    const ChessPosition before = a_move_ago(m_position);
+    if (m_previous_is_certain && before == m_previous_position) {
+        send_clocks();
+        send(move_text(before, m_position.last_move()));
+        m_previous_position = m_position;
+        // An engine on move answers by itself, unless it is still in force mode.
+        if (std::exchange(m_first_go, false)) send("go");
+        return;
+    }
+    if (features.setboard) {
+        send("setboard " + m_position.fen());
+    } else if (m_position.start_fen() == normal_start) {
+        if (features.reuse) send("new");
+        send("force");
+        ChessPosition start;
+        start.new_game();
+        send_moves_from(start);
+    } else {
+        send_edit_commands();
+    }
+    engine_was_set_up();
+    send_clocks();
+    send("go");
+}
+
+void XboardEngine::send_edit_commands() {
+    if (m_position.side_to_move() == Side::white) {
+        send("force");
+    } else {
+        // The edit mode cannot say who is to move: a dummy move of White's hands it to Black.
+        for (const char* command : {"new", "force", "a2a3"}) send(command);
+    }
+    for (const std::string& command : xboard::edit_commands(m_position)) send(command);
+}
+
+void XboardEngine::do_stop() {
+    trace(" <- XboardEngine::stop()");
+    if (variables().status != EngineStatus::thinking) return;
+    // The engine makes its move, and only that sets the status.
+    if (!std::exchange(m_search_stopped, true)) {
+        m_stopped.add(m_game);
+        m_previous_is_certain = false;
+    }
+    send("?");
+}
+
+std::string XboardEngine::translate(std::string line) {
+    text::WordReader reader(line);
+    const auto word = reader.word();
+    if (word == "move") {
+        const auto move = reader.word();
+        if (const auto game = m_stopped.pay()) return take_stopped_move(move, *game);
+        return take_move(move);
+    }
+    if (word == "pong") return line;
+    // An engine that refuses a move has lost the game like one that gives up.
+    if (line.find("resign") != std::string::npos || word == "Illegal") {
+        variables().status = EngineStatus::idle;
+        return "resign";
+    }
+    if (word.starts_with('#') || is_result(word)) return {};
+    if (word.empty() || !is_digit(word.front())) return line;
+    return xboard::thinking_as_info(line);
+}
+
+/// The legal move of the engine's word; nothing when it cannot be read or is not legal.
+std::optional<Move> XboardEngine::read_move(const ChessPosition& position, std::string_view word) const {
+    const bool san = variables().features.san;
+    const std::string text = xboard::normalised_castling(word, position.side_to_move() == Side::white, san);
+    try {
+        return find_legal(position, san ? SanMove(position, text) : position.convert_to_move(text));
+    } catch (const std::logic_error&) {
+        return std::nullopt;
+    }
+}
+
+std::string XboardEngine::take_move(std::string_view word) {
+    variables().status = EngineStatus::idle;
+    const auto move = read_move(m_position, word);
+    // The line has no arrival stamp, so the engine gets nothing back for the time in transit.
+    variables().clock.move_and_stop_clock(0);
+    if (!move) return "bestmove " + std::string(word);
+    if (m_position == m_previous_position) m_previous_position.do_move(*move);
+    m_position.do_move(*move);
+    return "bestmove " + move->to_string(false);
+}
+
+/// The move that a stopped engine still made: it happened in the engine's game, and nowhere else.
+std::string XboardEngine::take_stopped_move(std::string_view word, std::uint32_t game) {
+    if (m_search_stopped) variables().status = EngineStatus::idle;
+    std::string line = "bestmove " + std::string(word) + " stopped";
+    if (game != m_game || m_previous_is_certain) return line;
+    const auto move = read_move(m_previous_position, word);
+    if (!move) return line;
+    if (m_position == m_previous_position) m_position.do_move(*move);
+    m_previous_position.do_move(*move);
+    m_previous_is_certain = true;
+    return line;
+}
+
+}  // namespace velmora
