@@ -1,0 +1,100 @@
+#include "tests/engine/driver_transcript.h"
+
+#include "channel/text.h"
+#include "chess/legal_moves.h"
+#include "chess/position.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr std::uint64_t instance = 12345678901234567890U;
+const std::string prefix = "1 12345678901234567890 ";
+
+/// "startpos e2e4 e7e5" or "<fen> / e2e4".
+ChessPosition read_position(const std::string& text) {
+    ChessPosition position;
+    position.new_game();
+    std::string moves = text.substr(text.find(' ') == std::string::npos ? text.size() : text.find(' '));
+    if (!text.starts_with("startpos")) {
+        const auto end = text.find(" | ");
+        position.fen(text.substr(0, end));
+        moves = end == std::string::npos ? "" : text.substr(end + 3);
+    }
+    for (const auto word : text::words(moves)) {
+        position.do_move(find_legal(position, position.convert_to_move(word)).value());
+    }
+    return position;
+}
+
+}  // namespace
+
+/// The orders: new_game, go, infinite, stop, white, black, "ponder on|off", "position ...", "level ...",
+/// "opponent <ms>", "moves_done <n>", "option <name> <value>", and two that wait: "posted <n>" and "sent <n>"
+/// until so many lines have come in all.
+void DriverTest::obey(const std::string& order) {
+    text::WordReader reader(order);
+    const std::string word(reader.word());
+    const std::string rest(text::trim_leading_blanks(reader.rest()));
+    const auto count = text::strict_integer<int>(rest).value_or(0);
+    if (word == "new_game") return m_engine.new_game();
+    if (word == "go") return m_engine.go();
+    if (word == "infinite") return m_engine.go_infinite();
+    if (word == "stop") return m_engine.stop();
+    if (word == "white" || word == "black") return m_engine.set_white(word == "white");
+    if (word == "ponder") return m_engine.set_ponder(rest == "on");
+    if (word == "position") return m_engine.set_position(read_position(rest));
+    if (word == "level") return m_engine.set_level(Level(rest));
+    if (word == "opponent") return m_engine.set_opponent_time(count);
+    if (word == "moves_done") return m_engine.set_moves_done(count);
+    if (word == "option") {
+        EngineVariables variables = m_engine.get_enginevariables();
+        Option& option = variables.options.at(std::string(reader.word()));
+        option.value = text::trim_leading_blanks(reader.rest());
+        return m_engine.set_enginevariables(variables);
+    }
+    const auto wanted = static_cast<std::size_t>(count);
+    ASSERT_TRUE(word == "posted" || word == "sent") << order;
+    EXPECT_TRUE(wait_until([&] {
+        return (word == "posted" ? posted() : sent_since_handshake()).size() >= wanted;
+    })) << order;
+}
+
+std::vector<std::string> DriverTest::posted() const {
+    std::vector<std::string> lines = m_sink.lines();
+    for (std::string& line : lines) {
+        EXPECT_TRUE(line.starts_with(prefix)) << line;
+        line.erase(0, prefix.size());
+    }
+    return lines;
+}
+
+std::vector<std::string> DriverTest::sent_since_handshake() const {
+    auto lines = lines_of(sent("peer"));
+    lines.erase(lines.begin(),
+                lines.begin() + static_cast<std::ptrdiff_t>(std::min(m_handshake_lines, lines.size())));
+    return lines;
+}
+
+void DriverTest::play(Protocol protocol, const std::string& handshake, const std::string& last_of_handshake) {
+    const Transcript& row = GetParam();
+    m_engine.load_engine(&m_sink, 1, make_engine("peer", handshake + row.script), protocol);
+    ASSERT_TRUE(m_engine.is_alive());
+    m_engine.set_instance_id(instance);
+    ASSERT_TRUE(wait_until([&] { return sent("peer").ends_with(last_of_handshake + '\n'); }));
+    m_handshake_lines = lines_of(sent("peer")).size();
+    for (const std::string& order : lines_of(row.orders)) obey(order);
+    m_engine.unload_engine();
+    ASSERT_TRUE(wait_until([&] { return sent("peer").ends_with("\nquit\n"); })) << sent("peer");
+
+    auto expected_sent = lines_of(row.sent);
+    expected_sent.emplace_back("quit");
+    EXPECT_EQ(masked(sent_since_handshake(), expected_sent), expected_sent);
+    auto expected_posted = lines_of(row.posted);
+    for (std::string& line : expected_posted) {
+        if (line == "(nothing)") line.clear();
+    }
+    EXPECT_EQ(masked(posted(), expected_posted), expected_posted);
+}
+
+}  // namespace velmora

@@ -1,0 +1,128 @@
+#include "tests/engine/engine_fixture.h"
+
+#include <cctype>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <signal.h>
+#include <sstream>
+#include <thread>
+#include <unistd.h>
+
+#include <glib.h>
+
+#include "channel/text.h"
+
+namespace fs = std::filesystem;
+
+namespace velmora {
+
+namespace {
+
+std::size_t open_pipes() {
+    std::size_t count = 0;
+    for (const auto& entry : fs::directory_iterator("/proc/self/fd")) {
+        std::error_code error;
+        if (fs::read_symlink(entry, error).string().starts_with("pipe:")) ++count;
+    }
+    return count;
+}
+
+bool has_children() {
+    for (const auto& task : fs::directory_iterator("/proc/self/task")) {
+        std::string children;
+        if (std::getline(std::ifstream(task.path() / "children"), children) && !children.empty()) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+void RecordingSink::put_command(const std::string& line) {
+    const std::lock_guard lock(m_mutex);
+    m_lines.push_back(line);
+}
+
+std::vector<std::string> RecordingSink::lines() const {
+    const std::lock_guard lock(m_mutex);
+    return m_lines;
+}
+
+EngineTest::EngineTest() : m_old_directory(fs::current_path()), m_pipes_before(open_pipes()) {
+    ::signal(SIGPIPE, SIG_IGN);
+    std::string pattern = testing::TempDir() + "engine-XXXXXX";
+    m_directory = std::string(mkdtemp(pattern.data())) + '/';
+    fs::current_path(m_directory);
+}
+
+EngineTest::~EngineTest() {
+    fs::current_path(m_old_directory);
+    fs::remove_all(m_directory);
+}
+
+void EngineTest::TearDown() {
+    EXPECT_TRUE(wait_until([] { return !has_children(); })) << "a process is left behind";
+    EXPECT_EQ(open_pipes(), m_pipes_before) << "a descriptor is left open";
+}
+
+std::string EngineTest::make_engine(const std::string& name, const std::string& script,
+                                    const std::string& suffix) const {
+    write_file(name + ".script", script);
+    const std::string path = m_directory + name + suffix;
+    fs::create_symlink(SCRIPTED_ENGINE, path);
+    return path;
+}
+
+std::string EngineTest::sent(const std::string& name) const { return read_file(name + ".sent"); }
+
+std::string EngineTest::read_file(const std::string& name) const {
+    std::ifstream file(m_directory + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void EngineTest::write_file(const std::string& name, const std::string& text) const {
+    std::ofstream(m_directory + name, std::ios::binary) << text;
+}
+
+bool EngineTest::wait_until(const std::function<bool()>& condition) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > deadline) return false;
+        while (g_main_context_iteration(nullptr, FALSE) != FALSE) continue;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return true;
+}
+
+std::vector<std::string> lines_of(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        if (const auto trimmed = text::trim_leading_blanks(line); !trimmed.empty())
+            lines.emplace_back(trimmed);
+    }
+    return lines;
+}
+
+bool matches(const std::string& pattern, const std::string& line) {
+    std::size_t at = 0;
+    for (const char c : pattern) {
+        if (c == '~') {
+            if (at == line.size() || std::isdigit(static_cast<unsigned char>(line[at])) == 0) return false;
+            while (at < line.size() && std::isdigit(static_cast<unsigned char>(line[at])) != 0) ++at;
+        } else if (at == line.size() || line[at++] != c) {
+            return false;
+        }
+    }
+    return at == line.size();
+}
+
+std::vector<std::string> masked(std::vector<std::string> lines, const std::vector<std::string>& patterns) {
+    for (std::size_t i = 0; i < lines.size() && i < patterns.size(); ++i) {
+        if (matches(patterns[i], lines[i])) lines[i] = patterns[i];
+    }
+    return lines;
+}
+
+}  // namespace velmora
