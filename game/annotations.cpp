@@ -1,0 +1,56 @@
+#include "game/annotations.h"
+
+#include <cstddef>
+
+namespace velmora {
+
+namespace {
+
+/// In bytes. Readers give a game up at a comment of more than 1024; the rest is for what the program itself
+/// appends, and for line ends.
+constexpr std::size_t user_comment_limit = 900;
+
+bool continues_character(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+
+/// The index behind the annotation that begins at `at`, or the length of the comment.
+std::size_t end_of_annotation(std::string_view comment, std::size_t at) {
+    bool quoted = false;
+    for (; at < comment.size(); ++at) {
+        if (comment[at] == '"') quoted = !quoted;
+        if (comment[at] == ']' && !quoted) return at + 1;
+    }
+    return at;
+}
+
+}  // namespace
+
+std::string without_annotations(std::string_view comment) {
+    std::string rest;
+    for (std::size_t at = 0; at < comment.size();) {
+        if (comment.substr(at, 2) == "[%") {
+            at = end_of_annotation(comment, at);
+        } else {
+            if (comment[at] != '\n') rest += comment[at];
+            ++at;
+        }
+    }
+    rest.erase(rest.find_last_not_of(" \t\n;") + 1);
+    return rest;
+}
+
+std::string comment_from_user(std::string_view text) {
+    auto size = text.size();
+    if (size > user_comment_limit) {
+        size = user_comment_limit;
+        while (size > 0 && continues_character(text[size])) --size;
+    }
+    std::string comment(text.substr(0, size));
+    for (std::size_t i = 0; i < comment.size(); ++i) {
+        if (comment[i] == '{') comment[i] = '(';
+        if (comment[i] == '}') comment[i] = ')';
+        if (comment[i] == '\n' && comment.substr(i + 1, 1) == "%") comment[i] = ' ';
+    }
+    return comment;
+}
+
+}  // namespace velmora

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace velmora {
+
+/// Reads a file through one block of fixed size, whatever the size of the file.
+///
+/// The caller looks at the unread bytes at hand and says how many it has used. A read that fails counts as
+/// the end of the file.
+class BlockReader {
+public:
+    static constexpr std::size_t block_size = 1 << 17;
+
+    BlockReader() = default;
+    ~BlockReader() { close(); }
+    BlockReader(const BlockReader&) = delete;  // owns a descriptor
+    BlockReader& operator=(const BlockReader&) = delete;
+
+    /// Closes an open file and opens `path`; false for a directory and for what can't be opened.
+    bool open(const std::string& path);
+    void close();
+    bool is_open() const { return m_descriptor >= 0; }
+
+    /// The unread bytes at hand; reads a block when there are none. Empty at the end of the file only. The
+    /// view holds until the next call of any member but consume() and offset().
+    std::string_view window() {
+        if (m_begin == m_end) fill();
+        return {m_block.get() + m_begin, m_end - m_begin};
+    }
+
+    /// Reads on behind the window, which keeps its unread bytes. False when nothing came: the end of the
+    /// file, or the window is as large as a block.
+    bool extend();
+
+    /// REQUIRES: count <= window().size().
+    void consume(std::size_t count) { m_begin += count; }
+
+    static constexpr int end_of_file = -1;
+
+    /// The next byte, 0 to 255, or end_of_file.
+    int get() {
+        if (m_begin == m_end && !fill()) return end_of_file;
+        return static_cast<unsigned char>(m_block[m_begin++]);
+    }
+
+    /// The next byte without consuming it.
+    int peek() {
+        if (m_begin == m_end && !fill()) return end_of_file;
+        return static_cast<unsigned char>(m_block[m_begin]);
+    }
+
+    /// Goes behind the next line end.
+    void skip_line();
+
+    /// The offset in the file of the next unread byte.
+    std::uint64_t offset() const { return m_block_offset + m_begin; }
+
+    /// Goes to an offset; behind the end of the file nothing can be read.
+    void seek(std::uint64_t offset);
+
+    /// The size of the file now.
+    std::uint64_t file_size() const;
+
+private:
+    bool fill();
+    bool read_behind();
+
+    int m_descriptor = -1;
+    std::unique_ptr<char[]> m_block;
+    std::uint64_t m_block_offset = 0;  // of m_block[0] in the file
+    std::size_t m_begin = 0;           // of the unread bytes
+    std::size_t m_end = 0;             // of the bytes at hand
+};
+
+}  // namespace velmora

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "game/block_reader.h"
+#include "game/game_finder.h"
+
+namespace velmora {
+
+/// Cuts the text of one game out of a PGN file, and decides when a game is too damaged to be read.
+///
+/// A game begins at a "[" and ends with a result or the end of the file. Carriage returns and lines that
+/// begin with "%" are left out.
+class GameCutter {
+public:
+    /// Longer tags and comments make a game damaged, in bytes between their brackets or braces.
+    static constexpr std::size_t tag_limit = 256;
+    static constexpr std::size_t comment_limit = 1024;
+
+    /// REQUIRES: `reader` outlives the cutter.
+    explicit GameCutter(BlockReader& reader) : m_reader(reader), m_finder(reader) {}
+
+    /// Stores the next game in `text`, nothing at the end of the file. Throws pgn_error.
+    void cut(std::string& text);
+
+    /// Where the game that was cut last begins in the file.
+    std::uint64_t game_offset() const { return m_game_offset; }
+
+    /// Forgets a damaged game, for a reader that was moved to another place.
+    void restart() { m_finder.restart(); }
+
+private:
+    enum class State { between, movetext, finished };
+    enum class Enclosed { tag, comment };
+    using ByteSet = std::array<bool, 256>;
+
+    State copy_between();
+    State copy_movetext();
+    State copy_enclosed(Enclosed kind, State behind);
+    void copy_run(const ByteSet& specials);
+    bool copy_result(char first);
+    bool copy_one_of(std::string_view wanted);
+    int next_char();
+    [[noreturn]] void fail(std::string_view marker);
+
+    BlockReader& m_reader;
+    GameFinder m_finder;
+    std::string* m_text = nullptr;  // while cutting
+    std::uint64_t m_game_offset = 0;
+};
+
+}  // namespace velmora

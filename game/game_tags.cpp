@@ -1,0 +1,128 @@
+#include "game/game_tags.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "channel/text.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr std::size_t strict_value_limit = 100;
+
+bool continues_sequence(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+
+/// The first `limit` bytes, fewer where the cut would fall into a character.
+std::string_view cut_between_characters(std::string_view text, std::size_t limit) {
+    if (text.size() <= limit) return text;
+    auto end = limit;
+    while (end + 3 > limit && end > 0 && continues_sequence(text[end])) --end;
+    return text.substr(0, end);
+}
+
+}  // namespace
+
+GameTags::GameTags(std::string_view header) {
+    for (auto open = header.find('['); open < header.size(); open = header.find('[', open)) {
+        const auto name_end = std::min(header.find_first_of(" \"", open + 1), header.size());
+        const auto name = header.substr(open + 1, name_end - open - 1);
+        const auto begin = std::min(header.find_first_not_of(" \"", name_end), header.size());
+        const auto end = std::min(header.find('"', begin), header.size());
+        const auto value = cut_between_characters(header.substr(begin, end - begin), strict_value_limit);
+        if (text::valid_utf8(value) != value) {
+            throw std::logic_error("Game::parse_pgn() tag value: utf-8 error");
+        }
+        set(name, value);
+        open = std::min(header.find(']', end), header.size());
+    }
+}
+
+void GameTags::reset() {
+    m_tags.clear();
+    m_by_name.clear();
+    for (const auto* name : {"Event", "Site"}) set(name, "?");
+    set("Date", "????.??.??");
+    for (const auto* name : {"Round", "White", "Black"}) set(name, "?");
+    set("Result", "*");
+    m_fen = standard_fen;
+    m_start_color = 1;
+    m_start_move_number = 1;
+}
+
+std::vector<std::uint32_t>::const_iterator GameTags::place_of(std::string_view name) const {
+    return std::lower_bound(
+        m_by_name.begin(), m_by_name.end(), name,
+        [this](std::uint32_t tag, std::string_view wanted) { return m_tags[tag].name < wanted; });
+}
+
+const GameTags::Tag* GameTags::find(std::string_view name) const {
+    const auto place = place_of(name);
+    return place != m_by_name.end() && m_tags[*place].name == name ? &m_tags[*place] : nullptr;
+}
+
+void GameTags::set(std::string_view name, std::string_view value) {
+    const auto place = place_of(name);
+    if (place != m_by_name.end() && m_tags[*place].name == name) {
+        m_tags[*place].value = value;
+    } else {
+        m_by_name.insert(place, static_cast<std::uint32_t>(m_tags.size()));
+        m_tags.push_back({std::string(name), std::string(value)});
+    }
+    if (name == "FEN") set_start(value);
+}
+
+void GameTags::set_start(std::string_view fen) {
+    m_fen = fen;
+    // Board, side, castling, en passant, half-move clock, full-move number.
+    text::WordReader fields(fen);
+    fields.word();
+    m_start_color = fields.word() == "w" ? 1 : 0;
+    for (int skipped = 0; skipped < 3; ++skipped) fields.word();
+    m_start_move_number = fields.integer<std::int32_t>().value_or(1);
+}
+
+std::string GameTags::get(std::string_view name) const {
+    const auto* tag = find(name);
+    return tag ? tag->value : std::string();
+}
+
+bool GameTags::contains(std::string_view name) const { return find(name) != nullptr; }
+
+std::vector<std::string> GameTags::order() const {
+    std::vector<std::string> names;
+    names.reserve(m_tags.size());
+    for (const auto& tag : m_tags) names.push_back(tag.name);
+    return names;
+}
+
+std::string GameTags::print() const {
+    std::string text;
+    text.reserve(printed_size());
+    for (const auto& tag : m_tags) {
+        text += '[';
+        text += tag.name;
+        text += " \"";
+        text += tag.value;
+        text += "\"]\n";
+    }
+    return text;
+}
+
+std::size_t GameTags::printed_size() const {
+    constexpr std::size_t frame = std::string_view("[ \"\"]\n").size();
+    std::size_t size = 0;
+    for (const auto& tag : m_tags) size += tag.name.size() + tag.value.size() + frame;
+    return size;
+}
+
+std::string tag_safe(std::string_view text) {
+    std::string safe(text);
+    for (auto& c : safe) {
+        if (c == '"') c = '\'';
+        if (static_cast<unsigned char>(c) < ' ' || c == '\x7f') c = ' ';
+    }
+    return safe;
+}
+
+}  // namespace velmora

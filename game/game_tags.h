@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmora {
+
+/// The tags of a game in the order in which they were first set, and what the FEN tag says of its start.
+class GameTags {
+public:
+    static constexpr std::string_view standard_fen =
+        "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1";
+
+    /// The seven tags of every game, all unknown.
+    GameTags() { reset(); }
+
+    /// The tags of a header's text and no others, values cut to 100 bytes, for callers that want faults told:
+    /// a value that is no UTF-8 throws std::logic_error.
+    explicit GameTags(std::string_view header);
+
+    void reset();
+
+    /// Sets a value. "FEN" also sets fen(), start_color() and start_move_number().
+    void set(std::string_view name, std::string_view value);
+
+    /// The value; empty for a name that is not there.
+    std::string get(std::string_view name) const;
+    bool contains(std::string_view name) const;
+
+    /// The names in the order in which they print.
+    std::vector<std::string> order() const;
+
+    /// One line `[Name "value"]` for each tag. Values stand as they were set, nothing is escaped.
+    std::string print() const;
+    /// The length of print() in bytes.
+    std::size_t printed_size() const;
+
+    const std::string& fen() const { return m_fen; }
+    /// The side to move in fen(): 1 White, 0 Black.
+    std::int32_t start_color() const { return m_start_color; }
+    std::int32_t start_move_number() const { return m_start_move_number; }
+
+private:
+    struct Tag {
+        std::string name;
+        std::string value;
+    };
+
+    std::vector<std::uint32_t>::const_iterator place_of(std::string_view name) const;
+    const Tag* find(std::string_view name) const;
+    void set_start(std::string_view fen);
+
+    std::vector<Tag> m_tags;               // in order of first insertion
+    std::vector<std::uint32_t> m_by_name;  // indexes into m_tags, sorted by name
+    std::string m_fen{standard_fen};
+    std::int32_t m_start_color = 1;
+    std::int32_t m_start_move_number = 1;
+};
+
+/// A name or event as it may go into a tag: a double quote, which would end the value, becomes an apostrophe,
+/// control characters become blanks. For texts of users and engines; values of a file stay as they were read.
+std::string tag_safe(std::string_view text);
+
+}  // namespace velmora

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "game/element_list.h"
+#include "game/move_section_element.h"
+
+namespace velmora {
+
+class MoveSection;
+
+/// The moves, variations, comments and results of a game: nodes by id, related by ids alone.
+///
+/// Node 0 is the root and always there. A node's first child is the main line, every further one a variation.
+/// Ids have holes where a loaded game had its variation markers; a node that is added may fill one.
+class GameTree {
+public:
+    GameTree() { reset(); }
+
+    /// The root alone, of no colour; the game starts with White's move 1.
+    void reset();
+
+    /// Takes over the elements of a loaded game, whose indexes become the ids, and leaves `section` empty.
+    /// The root has colour 1 from now on.
+    void rebuild(MoveSection& section);
+
+    /// Stores a copy of `record` as the last child of `parent`, with id, parent, colour and move number set,
+    /// and gives its id. Throws std::logic_error "GameTree::add_child: invalid index" for an absent parent.
+    std::int32_t add_child(std::int32_t parent, const MoveSectionElement& record);
+
+    /// Takes a node without children out; its id is the next to be given. REQUIRES: has_node(id), id != 0.
+    void remove_leaf(std::int32_t id);
+
+    bool has_node(std::int32_t id) const;
+    /// Throws std::out_of_range for an absent id.
+    MoveSectionElement& node(std::int32_t id);
+    const MoveSectionElement& node(std::int32_t id) const;
+
+    /// The id of the next node that is added; 1 in a new tree.
+    std::int64_t next_id() const { return m_next_id; }
+    /// Above every id in use.
+    std::int32_t end_id() const { return static_cast<std::int32_t>(m_nodes.size()); }
+
+    /// The moves as PGN text, wrapped at 80 columns. Notes in every node that prints where its text stands.
+    std::string movetext();
+
+    /// A listing for people who search a fault.
+    std::string dump() const;
+
+    std::int32_t start_color() const { return m_start_color; }
+    void set_start_color(std::int32_t color) { m_start_color = color; }
+    std::int32_t start_move_number() const { return m_start_move_number; }
+
+    /// Bytes ahead of the first move's own text in the movetext that was printed last; in the nodes' offsets
+    /// already.
+    std::uint64_t text_offset() const { return m_text_offset; }
+
+private:
+    void skip_used_ids();
+
+    ElementList m_nodes;  // by id; a marker, or what follows a hole, is an empty place
+    std::int64_t m_next_id = 1;
+    std::int32_t m_start_color = 1;
+    std::int32_t m_start_move_number = 1;
+    std::uint64_t m_text_offset = 0;
+};
+
+}  // namespace velmora

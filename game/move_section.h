@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "game/element_list.h"
+#include "game/pgn_tokenizer.h"
+
+namespace velmora {
+
+/// The flat list that the tokens of a game turn into: every move, result and variation marker in the order of
+/// the text, each with the id of its parent. Element 0 is the root.
+class MoveSection {
+public:
+    /// Variations may be nested this deep.
+    static constexpr std::size_t deepest_variation = 500;
+
+    MoveSection() { reset(); }
+
+    /// The root alone; the game starts with White's move 1.
+    void reset();
+
+    /// Side to move (1 White, 0 Black) and move number at the start. REQUIRES: before load().
+    void set_start(std::int32_t color, std::int32_t move_number);
+    std::int32_t start_color() const { return m_start_color; }
+    std::int32_t start_move_number() const { return m_start_move_number; }
+
+    /// Appends the elements of a game and links children to parents. Tags among the tokens are ignored, so
+    /// are stray closing parentheses. A variation ahead of the first move, or one that is nested too deep,
+    /// throws std::logic_error "MoveSection::load invalid subvariation". REQUIRES: called once after reset().
+    void load(const std::vector<MoveToken>& tokens);
+
+    const ElementList& elements() const { return m_elements; }
+    /// For the tree, which takes the elements over and leaves its own.
+    ElementList& elements() { return m_elements; }
+
+private:
+    /// A line while it is read: the id of its last move, and the move that it is a variation on.
+    struct Line {
+        std::int32_t current = -1;
+        std::int32_t parent = -1;
+    };
+
+    bool read_token(const MoveToken& token);
+    void add_number(std::string_view digits);
+    void add_san(std::string_view san);
+    void open_variation();
+    void close_variation();
+    void add_result(std::string_view result);
+    MoveSectionElement& append(std::int32_t pid);
+    MoveSectionElement& append_move();
+    std::int32_t answering_color(std::int32_t pid) const;
+    void link_children();
+    void number_moves();
+
+    ElementList m_elements;
+    std::int32_t m_start_color = 1;
+    std::int32_t m_start_move_number = 1;
+    std::vector<Line> m_lines;  // while loading: the main line and the open variations, innermost last
+};
+
+}  // namespace velmora
