@@ -6,12 +6,13 @@
 #include <utility>
 
 #include "channel/text.h"
+#include "game/pgn_error.h"
 
 namespace velmora {
 
 namespace {
 
-/// How long the loop waits before it looks at its flags again; the game takes no step by itself.
+/// How long the loop waits before it looks at its flag again; the game takes no step by itself.
 constexpr std::chrono::milliseconds idle_wait{500};
 
 /// An engine's search line: sender 1 or 2, the instance id, "info".
@@ -22,13 +23,24 @@ bool is_engine_info(const std::string& line) {
     return reader.word() == "info";
 }
 
+bool is_quit(const std::string& line) {
+    text::WordReader reader(line);
+    return reader.word() == "0" && reader.word() == "quit";
+}
+
 }  // namespace
 
 Manager::Manager(CommandSink& window, std::string program_path)
     : m_program_path(std::move(program_path)),
       m_queue(is_engine_info),
       m_state(window),
-      m_commands(m_state) {}
+      m_seats(m_state, *this),
+      m_analyze(m_state, m_seats),
+      m_play(m_state, m_seats),
+      m_learn(m_state, m_seats),
+      m_match(m_state, m_seats),
+      m_commands(m_state, m_seats, m_analyze, m_play, m_learn, m_match),
+      m_engine_lines(m_state, m_seats) {}
 
 Manager::~Manager() = default;
 
@@ -41,24 +53,81 @@ void Manager::operator()() {
 }
 
 void Manager::take_turn(const std::string& line) {
-    // The boundary of the thread: whatever leaves a handler is told to the user, and the game goes on.
+    // The boundary of the thread: whatever leaves a handler is told to the user, and the next line is taken.
     try {
-        dispatch(line);
+        settle(dispatch(line));
+        settle(step());
+        // One after the other: the end of a game seats new engines.
+        for (const auto seat : both_seats) settle(m_match.watch(seat));
+    } catch (const pgn_error& error) {
+        contain(error.text());
     } catch (const std::exception& error) {
-        report(error.what());
+        contain(error.what());
     } catch (...) {
-        report("unknown failure");
+        contain("unknown failure");
     }
 }
 
-void Manager::dispatch(const std::string& line) {
-    text::WordReader reader(line);
-    if (reader.integer<int>() == 0) m_commands.process(line);
+GameEnd Manager::dispatch(const std::string& line) {
+    switch (text::WordReader(line).integer<int>().value_or(-1)) {
+        case 0:
+            process_command_from_interface(line);
+            return {};
+        case 1:
+            return process_engine1_line(line);
+        case 2:
+            return process_engine2_line(line);
+        default:
+            return {};
+    }
 }
 
-void Manager::report(const std::string& text) {
-    std::cerr << text << std::endl;
-    m_state.send("telluser Error: " + text::one_line(text));
+GameEnd Manager::step() {
+    if (m_state.quit) return {};
+    switch (m_state.mode) {
+        case ManagerMode::analyze:
+            m_analyze.step();
+            return {};
+        case ManagerMode::play:
+            return m_play.step();
+        case ManagerMode::human_human:
+            return {};  // the window keeps the game alone; a pending move is left standing
+        case ManagerMode::match:
+            return m_match.step();
+        case ManagerMode::learn:
+            m_learn.step();
+            return {};
+    }
+    return {};
+}
+
+void Manager::settle(const GameEnd& end) {
+    if (end) end_game(*end);
+}
+
+void Manager::end_game(const std::string& claimed) {
+    m_state.turn = MoveTurn::none;
+    // What still waits belongs to the game that is over; only the wish to leave is kept.
+    m_queue.clear(is_quit);
+    const std::string text = claimed == by_the_rules ? result(m_state.position) : claimed;
+    m_state.send(text);
+    const auto word = text::first_word(text);
+    if (m_state.mode == ManagerMode::play) {
+        m_state.send("round ?");
+        m_state.send("telluser result: " + std::string(word));
+    } else if (m_state.mode == ManagerMode::match) {
+        m_match.game_over(word);
+    }
+}
+
+void Manager::contain(const std::string& failure) {
+    std::cerr << failure << std::endl;
+    m_state.send("telluser Error: " + text::one_line(failure));
+    try {
+        m_match.cancel();
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << std::endl;
+    }
 }
 
 }  // namespace velmora

@@ -4,18 +4,25 @@
 
 #include "channel/command_sink.h"
 #include "channel/line_queue.h"
+#include "engine/engine_variables.h"
+#include "manager/analyze_mode.h"
+#include "manager/engine_lines.h"
+#include "manager/engine_seats.h"
+#include "manager/game_result.h"
 #include "manager/interface_commands.h"
+#include "manager/learn_mode.h"
+#include "manager/match_mode.h"
+#include "manager/play_mode.h"
 #include "manager/referee_state.h"
 
 namespace velmora {
-
-struct EngineVariables;
 
 /// The referee: the only writer of the authoritative game, on a thread of its own.
 ///
 /// Its owner constructs it, runs operator() on a std::thread, puts "0 quit" on its queue and joins before it
 /// destroys it. Lines reach it through put_command(); what it has to say goes to the window line by line.
-/// It acts only when a line arrives: each line is dispatched by its sender, then the game takes one step.
+/// It acts only when a line arrives: each line is dispatched by its sender, then the game takes one step and
+/// the watch looks at the engines. Nothing runs on a timer, so a game is driven by what the engines say.
 class Manager : public CommandSink {
 public:
     /// `window` must outlive the Manager; `program_path` is argv[0].
@@ -33,20 +40,38 @@ public:
 
     /// A copy of all that is known of the engine in the first seat; std::logic_error when there is none. Any
     /// thread; never waits for an engine.
-    EngineVariables get_enginevariables() const;
+    EngineVariables get_enginevariables() const { return m_seats.published().variables(); }
 
     /// Whether the first seat is filled. Any thread.
-    bool has_engine() const;
+    bool has_engine() const { return m_seats.published().has_engine(); }
+
+    const std::string& program_path() const { return m_program_path; }
 
 private:
     void take_turn(const std::string& line);
-    void dispatch(const std::string& line);
-    void report(const std::string& text);
+    GameEnd dispatch(const std::string& line);
+    void process_command_from_interface(const std::string& line) { m_commands.process(line); }
+    GameEnd process_engine1_line(const std::string& line) {
+        return m_engine_lines.process(Seat::first, line);
+    }
+    GameEnd process_engine2_line(const std::string& line) {
+        return m_engine_lines.process(Seat::second, line);
+    }
+    GameEnd step();
+    void settle(const GameEnd& end);
+    void end_game(const std::string& claimed);
+    void contain(const std::string& failure);
 
     const std::string m_program_path;
-    LineQueue m_queue;
+    LineQueue m_queue;  // the one member that other threads touch, beside what the seats publish
     RefereeState m_state;
+    EngineSeats m_seats;
+    AnalyzeMode m_analyze;
+    PlayMode m_play;
+    LearnMode m_learn;
+    MatchMode m_match;
     InterfaceCommands m_commands;
+    EngineLines m_engine_lines;
 };
 
 }  // namespace velmora

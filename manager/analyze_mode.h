@@ -1,0 +1,26 @@
+#pragma once
+
+#include "manager/engine_seats.h"
+#include "manager/referee_state.h"
+
+namespace velmora {
+
+/// The first engine analyses whatever position is on the board, without a limit.
+class AnalyzeMode {
+public:
+    AnalyzeMode(RefereeState& state, EngineSeats& seats) : m_state(state), m_seats(seats) {}
+
+    /// Enters the mode and analyses the present position.
+    void analyze_position();
+
+    /// Follows the person's move, if there is one.
+    void step();
+
+private:
+    bool is_ready();
+
+    RefereeState& m_state;
+    EngineSeats& m_seats;
+};
+
+}  // namespace velmora

@@ -1,0 +1,107 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <random>
+#include <string>
+
+#include "channel/command_sink.h"
+#include "engine/gui_engine.h"
+#include "engine/level.h"
+#include "manager/manager_mode.h"
+#include "manager/published_engine.h"
+#include "manager/referee_state.h"
+
+namespace velmora {
+
+/// One place at the table. The engine is null while the place is empty.
+struct EngineSeat {
+    std::unique_ptr<GuiEngine> engine;
+    std::string path;               ///< of the program, as it was loaded
+    std::uint64_t instance_id = 0;  ///< tells the lines of this engine from those of one that sat here before
+};
+
+/// The two places of the engines: who sits there, and what is said to both.
+///
+/// Every engine that takes a place is given the log, the ponder flag, a fresh instance id and the time
+/// control. Manager thread only, but for published().
+class EngineSeats {
+public:
+    /// `line_sink` receives what the engines say, on their reader threads.
+    EngineSeats(RefereeState& state, CommandSink& line_sink);
+    ~EngineSeats();
+
+    EngineSeats(const EngineSeats&) = delete;  // the engines' threads hold the sink; each seat has one owner
+    EngineSeats& operator=(const EngineSeats&) = delete;
+
+    /// The engine in a place, null when it is empty.
+    GuiEngine* engine(Seat seat) const { return at(seat).engine.get(); }
+
+    /// Whether the place is filled and its program runs.
+    bool is_alive(Seat seat) const;
+
+    /// Whether `instance_id` is that of the engine now in the place.
+    bool is_current(Seat seat, std::uint64_t instance_id) const;
+
+    /// Starts a program in a place, after whoever sits there has left. The window learns the name, or that it
+    /// failed; then the place stays empty.
+    void load_engine(Seat seat, const std::string& path, Protocol protocol);
+
+    /// The same by the name in the list of installed engines, with the settings stored there. An empty name
+    /// or one that isn't in the list does nothing. Throws std::logic_error for a place that doesn't exist.
+    void load_installed_engine(Seat seat, const std::string& name);
+
+    /// Starts the program of a filled place anew with the settings that it had; both engines and the position
+    /// are at the start of a game afterwards. A program that doesn't start any more leaves the place empty.
+    void reload(Seat seat);
+
+    /// What to do with an engine that died: tells the user and reloads it, the game staying as it is.
+    void replace_crashed(Seat seat);
+
+    /// Quits and destroys the engine of a place, if there is one.
+    void unload(Seat seat);
+
+    /// Empties both places; what goes wrong with an engine is reported on standard error.
+    void unload_all() noexcept;
+
+    void stop_all();
+    void new_game_for_all();
+    void set_ponder(bool ponder);
+    void pass_debug_flag();
+    /// Hands out the time control of the state, and tells the window each engine's clock.
+    void pass_level();
+
+    /// Sets an option of the first engine, known or not, and has it send what it knows.
+    void set_option(const std::string& name, const std::string& value);
+
+    /// What other threads may know of the first engine.
+    const PublishedEngine& published() const { return m_published; }
+
+private:
+    EngineSeat& at(Seat seat) { return m_seats[index(seat)]; }
+    const EngineSeat& at(Seat seat) const { return m_seats[index(seat)]; }
+    static std::size_t index(Seat seat) { return seat == Seat::first ? 0 : 1; }
+
+    void welcome(Seat seat);
+    void report_failed_load(Seat seat, const std::string& path);
+    void publish();
+
+    RefereeState& m_state;
+    CommandSink& m_line_sink;
+    std::array<EngineSeat, 2> m_seats;
+    std::mt19937_64 m_rng;  // fixed seed: the ids differ within a session, which is all that is needed
+    bool m_ponder = false;
+    PublishedEngine m_published;
+};
+
+/// The name under which an engine plays: its alias, else what it calls itself.
+std::string playing_name(const GuiEngine& engine);
+
+/// "wtime" or "btime" with the engine's remaining milliseconds.
+std::string clock_line(const GuiEngine& engine);
+
+/// Gives an engine the position and stops a search that still runs, so that it can be told to go.
+void prepare_to_move(GuiEngine& engine, const ChessPosition& position);
+
+}  // namespace velmora

@@ -1,0 +1,79 @@
+#include "manager/game_result.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+
+#include "chess/legal_moves.h"
+
+namespace velmora {
+
+namespace {
+
+/// A match game with equal pieces is a draw when more plies than this have passed quietly.
+constexpr int quiet_plies = 5;
+
+constexpr std::array<std::string_view, 4> equal_pieces = {"KQkq", "KRkr", "KBkb", "KNkn"};
+
+}  // namespace
+
+std::string result(const ChessPosition& position) {
+    if (!has_legal_move(position)) {
+        if (!position.in_check()) return "1/2-1/2 {Stalemate}";
+        return position.side_to_move() == Side::white ? "0-1 {Black mates}" : "1-0 {White mates}";
+    }
+    // Where two causes coincide, the one that is tested first here is named.
+    if (is_insufficient_material(position)) return "1/2-1/2 {Draw by insufficient material}";
+    if (position.is_fifty()) return "1/2-1/2 {Draw by fifty move rule}";
+    if (position.is_repetition(3)) return "1/2-1/2 {Draw by threefold repetition}";
+    return game_goes_on;
+}
+
+bool is_insufficient_material(const ChessPosition& position) {
+    const BoardPosition& board = position.board();
+    const auto men = [&board](PieceKind kind) {
+        return board.pieces(kind, Side::white) | board.pieces(kind, Side::black);
+    };
+    if ((men(PieceKind::pawn) | men(PieceKind::rook) | men(PieceKind::queen)).any()) return false;
+    for (const Side side : {Side::white, Side::black}) {
+        if ((board.pieces(PieceKind::knight, side) | board.pieces(PieceKind::bishop, side)).more_than_one()) {
+            return false;
+        }
+    }
+    // A bishop each: dead only on one colour of squares.
+    const Bitboard white = board.white_bishops();
+    const Bitboard black = board.black_bishops();
+    const bool opposite_colours = ((white & ~dark_squares) | (black & dark_squares)).more_than_one() ||
+                                  ((white & dark_squares) | (black & ~dark_squares)).more_than_one();
+    return !opposite_colours;
+}
+
+bool is_adjudicated_draw(const ChessPosition& position) {
+    return position.halfmoves() > quiet_plies &&
+           std::ranges::find(equal_pieces, position.material().signature()) != equal_pieces.end();
+}
+
+Move legal_move(const ChessPosition& position, Move move) {
+    return find_legal(position, move).value_or(Move());
+}
+
+bool play_if_legal(ChessPosition& position, Move move) {
+    const Move legal = legal_move(position, move);
+    if (legal.empty()) return false;
+    position.do_move(legal);
+    return true;
+}
+
+Move parse_move(const ChessPosition& position, std::string_view text) {
+    try {
+        return position.convert_to_move(text);
+    } catch (const std::logic_error&) {
+        return Move();
+    }
+}
+
+std::string loss_of(bool white, std::string_view reason) {
+    return std::string(white ? "0-1 {" : "1-0 {").append(reason).append("}");
+}
+
+}  // namespace velmora

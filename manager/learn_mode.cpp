@@ -1,0 +1,91 @@
+#include "manager/learn_mode.h"
+
+#include <algorithm>
+#include <iostream>
+#include <stdexcept>
+#include <utility>
+
+#include "channel/text.h"
+#include "manager/game_result.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr int hint_white = 1;
+constexpr int hint_black = 2;
+
+constexpr char good_move = 'g';
+constexpr char bad_move = 'r';
+constexpr char hint = 'b';
+
+}  // namespace
+
+void LearnMode::learn_openings(int hint_mask) {
+    m_hint_mask = hint_mask;
+    if (hint_mask == 0) return;
+    if (m_book.path().empty()) {
+        m_state.send("reset mode");
+        m_state.send("telluser No_Polyglot_book_found use menu 'File' to load a Polyglot book");
+        return;
+    }
+    try {
+        m_book.open();
+    } catch (const std::logic_error& error) {
+        m_state.send("reset mode");
+        report_no_book(error.what());
+        return;
+    }
+    m_state.mode = ManagerMode::learn;
+    m_state.turn = MoveTurn::none;
+    m_seats.stop_all();
+}
+
+void LearnMode::set_book(const std::string& path) {
+    m_book.set_path(path);
+    if (!m_book.is_open()) return;
+    m_book.close();
+    try {
+        m_book.open();
+    } catch (const std::logic_error& error) {
+        report_no_book(error.what());
+    }
+}
+
+void LearnMode::report_no_book(const std::string& reason) {
+    std::cerr << reason << std::endl;
+    m_state.send("telluser No_Polyglot_book_found " + text::one_line(reason));
+}
+
+void LearnMode::post_hints() {
+    if ((m_hint_mask & (m_state.white_to_move() ? hint_white : hint_black)) == 0) return;
+    for (const auto& move : m_book.moves(m_state.position.key())) send_arrow(move.from(), move.to(), hint);
+}
+
+void LearnMode::step() {
+    if (m_state.turn != MoveTurn::user || m_state.pending.empty()) return;
+    const Move move = std::exchange(m_state.pending, Move());
+    const int from = move.from().value();
+    const int to = move.to().value();
+    const auto book_moves = m_book.moves(m_state.position.key());
+    const bool good = std::ranges::any_of(book_moves, [from, to](BookMove book_move) {
+        return book_move.from() == from && book_move.to() == to;
+    });
+    m_state.send("clear_arrows");
+    send_arrow(from, to, good ? good_move : bad_move);
+    if (good) {
+        if (play_if_legal(m_state.position, move)) post_hints();
+    } else if (!book_moves.empty()) {
+        m_state.send("takeback");
+    } else {
+        // The window keeps the move and our copy doesn't: they differ until the next "setboard".
+        m_state.send("clear_arrows");
+        m_state.send("telluser Polyglotbook: no more moves");
+    }
+}
+
+void LearnMode::send_arrow(int from, int to, char colour) {
+    m_state.send("set_arrow " + std::to_string(from) + ' ' + std::to_string(to) + ' ' + colour);
+}
+
+}  // namespace velmora

@@ -1,0 +1,249 @@
+#include "manager/match_mode.h"
+
+#include <chrono>
+#include <exception>
+#include <iostream>
+#include <stdexcept>
+#include <thread>
+#include <utility>
+
+#include "manager/match_opening.h"
+
+namespace velmora {
+
+namespace {
+
+/// What an engine may overstep before the arrival of its move loses the game, ms.
+constexpr std::int32_t forgiven_overstep = 500;
+
+/// What an engine may overstep before any line ends the game, whatever the tournament says of time losses,
+/// ms.
+constexpr std::int32_t hopeless_overstep = 20000;
+
+/// Pause between two moves; the queue waits, and the window can show the position meanwhile.
+constexpr std::chrono::milliseconds move_pause{10};
+
+std::string log_name(Seat seat) { return seat == Seat::first ? "engine1" : "engine2"; }
+
+/// Where a game begins unless its opening says otherwise.
+bool begins_from_standard_start(const ChessPosition& position) {
+    ChessPosition standard;
+    standard.new_game();
+    return position.start_fen() == standard.start_fen();
+}
+
+}  // namespace
+
+MatchMode::MatchMode(RefereeState& state, EngineSeats& seats) : m_state(state), m_seats(seats) {
+    m_tournament.set_event("");
+}
+
+void MatchMode::load_tournament(const std::string& name) {
+    cancel();
+    // A fresh book: one without a file of its own would keep the openings of the tournament before.
+    m_book = GuiBook();
+    try {
+        m_tournament.load(name);
+    } catch (const std::exception& error) {
+        m_tournament.set_event("");
+        std::cerr << error.what() << std::endl;
+        m_state.send("telluser Tournament_doesn't_exist");
+        return;
+    }
+    m_book.set_path(m_tournament.opening_book());
+}
+
+void MatchMode::set_book(const std::string& path) { m_book.set_path(path); }
+
+void MatchMode::start_tournament() {
+    if (m_tournament.event().empty()) {
+        m_state.send("telluser No_tournament_loaded");
+        m_state.send("tournament_finished");
+        return;
+    }
+    m_state.mode = ManagerMode::match;
+    m_state.turn = MoveTurn::none;
+    m_score = MatchScore();
+    // The level's bare text: the window ignores a line that starts so, the "level" of each game tells it.
+    m_state.send(m_tournament.level().text());
+    m_state.level = m_tournament.level();
+    m_state.send("new");
+    start_game();
+}
+
+void MatchMode::start_game() {
+    m_state.pending = Move();
+    for (const auto seat : both_seats) m_seats.unload(seat);
+    const TournamentGame game = m_tournament.next_game();
+    m_game_number = game.number;
+    if (game.white.name.empty()) {
+        m_state.mode = ManagerMode::human_human;
+        finish_run();
+        return;
+    }
+    if (!seat_engine(Seat::first, game.white.name) || !seat_engine(Seat::second, game.black.name)) return;
+    engine(Seat::first).set_white(true);
+    engine(Seat::second).set_white(false);
+    announce(game);
+    m_seats.new_game_for_all();
+    m_state.position.new_game();
+    play_opening(m_book, m_state.position, m_tournament, m_game_number);
+    show_opening();
+    start_first_mover();
+}
+
+bool MatchMode::seat_engine(Seat seat, const std::string& name) {
+    m_seats.load_installed_engine(seat, name);
+    if (m_seats.is_alive(seat)) return true;
+    m_state.mode = ManagerMode::human_human;
+    m_state.send("telluser Oops... loading " + name + " failed");
+    m_state.send("tournament_finished");
+    return false;
+}
+
+void MatchMode::announce(const TournamentGame& game) {
+    const auto& white = engine(Seat::first);
+    const auto& black = engine(Seat::second);
+    m_state.send("whitename " + playing_name(white));
+    m_state.send("blackname " + playing_name(black));
+    if (!white.elo().empty()) m_state.send("WhiteElo " + white.elo());
+    if (!black.elo().empty()) m_state.send("BlackElo " + black.elo());
+    m_state.send("round " + game.round_label());
+    m_state.send("event " + m_tournament.event());
+    m_state.send("site " + m_tournament.site());
+    m_state.send("level " + m_tournament.level().text());
+}
+
+void MatchMode::show_opening() {
+    const auto moves = m_state.position.moves();
+    // A game of the book may begin from a position of its own; its moves fit nowhere else.
+    if (moves.empty()) {
+        m_state.send("setboard " + m_state.position.fen());
+    } else if (!begins_from_standard_start(m_state.position)) {
+        m_state.send("setboard " + m_state.position.start_fen());
+    }
+    for (const auto& move : moves) m_state.send("move " + move.to_string(false));
+}
+
+void MatchMode::start_first_mover() {
+    const bool white = m_state.white_to_move();
+    const int full_moves = m_state.position.fullmove();
+    // What has been played of the opening counts in the engines' sessions.
+    engine(Seat::first).set_moves_done(white ? full_moves - 1 : full_moves);
+    engine(Seat::second).set_moves_done(full_moves - 1);
+    const Seat mover = white ? Seat::first : Seat::second;
+    prepare_to_move(engine(mover), m_state.position);
+    engine(mover).go();
+    m_state.turn = turn_of(mover);
+}
+
+bool MatchMode::is_game_running() const {
+    return is_running() && is_engine_turn(m_state.turn) && m_seats.engine(Seat::first) != nullptr &&
+           m_seats.engine(Seat::second) != nullptr;
+}
+
+GameEnd MatchMode::step() {
+    // Whatever waits and isn't the move of the engine on turn is thrown away here, the user's clicks
+    // included.
+    const Move move = std::exchange(m_state.pending, Move());
+    if (move.empty() || !is_game_running()) return {};
+    return engine_moved(m_state.turn == MoveTurn::engine1 ? Seat::first : Seat::second, move);
+}
+
+GameEnd MatchMode::engine_moved(Seat seat, Move move) {
+    const std::string line = "move " + move.to_string(false);
+    m_state.send(line);
+    m_state.log.write(" interface <- " + line);
+    m_state.send("emt " + std::to_string(engine(seat).move_time()));
+    if (oversteps(engine(seat))) {
+        m_state.log.write(" Manager:   TIME LOSS");
+        engine(seat).stop();
+        return loss_of(engine(seat).is_white(), "time");
+    }
+    const auto white_time = engine(Seat::first).time_left();
+    const auto black_time = engine(Seat::second).time_left();
+    m_state.send("wtime " + std::to_string(white_time));
+    m_state.send("btime " + std::to_string(black_time));
+    if (seat == Seat::first) {
+        // Only here: after a move of the second engine nobody is told, and that is how it stays.
+        engine(Seat::first).set_opponent_time(black_time);
+        engine(Seat::second).set_opponent_time(white_time);
+    }
+    play(seat, move);
+    if (is_adjudicated_draw(m_state.position)) return "1/2-1/2 {adjudicated}";
+    if (result(m_state.position) != game_goes_on) return by_the_rules;
+    start_search(other(seat));
+    return {};
+}
+
+bool MatchMode::oversteps(const GuiEngine& engine) const {
+    return engine.time_left() < -forgiven_overstep && !m_tournament.ignore_time_loss();
+}
+
+void MatchMode::play(Seat seat, Move move) {
+    try {
+        m_state.position.do_move(move);
+    } catch (...) {
+        std::cerr << "Manager:  ManagerMode::match   " << log_name(seat) << " to move" << std::endl;
+        throw;
+    }
+}
+
+void MatchMode::start_search(Seat seat) {
+    auto& mover = engine(seat);
+    prepare_to_move(mover, m_state.position);
+    std::this_thread::sleep_for(move_pause);
+    if (m_state.log.is_on())
+        m_state.log.write(" " + log_name(seat) + " <- position " + m_state.position.fen());
+    mover.go();
+    m_state.log.write(" " + log_name(seat) + " <- go");
+    m_state.turn = turn_of(seat);
+}
+
+GameEnd MatchMode::watch(Seat seat) const {
+    if (!is_game_running() || engine(seat).time_left() >= -hopeless_overstep) return {};
+    return loss_of(engine(seat).is_white(), engine(seat).has_crashed() ? "engine failure" : "time");
+}
+
+void MatchMode::game_over(std::string_view result_word) {
+    m_score.add(result_word, engine(Seat::first).is_white());
+    m_tournament.set_result(std::string(result_word));
+    save_tournament();
+    if (m_game_number < m_tournament.game_count()) {
+        m_state.log.write(" manager -> newgame " + std::to_string(m_game_number));
+        m_state.send("new");
+        start_game();
+    } else {
+        finish_run();
+    }
+}
+
+void MatchMode::save_tournament() {
+    try {
+        m_tournament.save();
+    } catch (const std::exception& error) {
+        // The games go on: their results are in memory, and the next save may succeed.
+        std::cerr << error.what() << std::endl;
+        m_state.send("telluser Tournament_not_saved");
+    }
+}
+
+void MatchMode::finish_run() {
+    m_state.send("telluser tournament_finished");
+    m_state.send("tournament_finished");
+}
+
+void MatchMode::leave() {
+    if (!is_running()) return;
+    m_state.mode = ManagerMode::human_human;
+    m_state.turn = MoveTurn::none;
+    m_seats.stop_all();
+}
+
+void MatchMode::cancel() {
+    if (!is_running()) return;
+    leave();
+    m_state.send("tournament_finished");
+}
+
+}  // namespace velmora

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "game/gui_book.h"
+#include "manager/engine_seats.h"
+#include "manager/game_result.h"
+#include "manager/match_score.h"
+#include "manager/referee_state.h"
+#include "tournament/tournament.h"
+
+namespace velmora {
+
+/// The first engine against the second, game after game as the tournament's file prescribes; the window only
+/// looks on. The first seat plays White in every game: colours change by the names that are loaded.
+class MatchMode {
+public:
+    MatchMode(RefereeState& state, EngineSeats& seats);
+
+    /// Takes the tournament of that name and its openings. A failure is told to the user, and no tournament
+    /// is loaded then.
+    void load_tournament(const std::string& name);
+
+    /// Takes another file of openings.
+    void set_book(const std::string& path);
+
+    /// Starts at the first game that has no result.
+    void start_tournament();
+
+    GameEnd step();
+
+    /// The end of a running game whose engine in `seat` is far beyond its time: what a dead or silent engine
+    /// would leave hanging for ever.
+    GameEnd watch(Seat seat) const;
+
+    /// Scores and stores a finished game, and starts the next one or ends the tournament.
+    void game_over(std::string_view result_word);
+
+    /// Leaves a running match: the engines stop, the tournament's file stands as it is. Does nothing in any
+    /// other mode.
+    void leave();
+
+    /// leave(), and the window is told.
+    void cancel();
+
+private:
+    bool is_running() const { return m_state.mode == ManagerMode::match; }
+    bool is_game_running() const;
+    void start_game();
+    bool seat_engine(Seat seat, const std::string& name);
+    void announce(const TournamentGame& game);
+    void show_opening();
+    void start_first_mover();
+    GameEnd engine_moved(Seat seat, Move move);
+    bool oversteps(const GuiEngine& engine) const;
+    void play(Seat seat, Move move);
+    void start_search(Seat seat);
+    void save_tournament();
+    void finish_run();
+
+    GuiEngine& engine(Seat seat) const { return *m_seats.engine(seat); }
+
+    RefereeState& m_state;
+    EngineSeats& m_seats;
+    Tournament m_tournament;  // its event is empty while none is loaded
+    GuiBook m_book;
+    std::int32_t m_game_number = 0;
+    MatchScore m_score;
+};
+
+}  // namespace velmora

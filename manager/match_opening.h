@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+
+#include "chess/position.h"
+#include "game/gui_book.h"
+#include "tournament/tournament.h"
+
+namespace velmora {
+
+/// Plays the opening of game `game_number` (from 1) onto `position`, which is put to its start first. With
+/// both colours every opening is played twice in a row.
+void play_opening(GuiBook& book, ChessPosition& position, const Tournament& tournament,
+                  std::int32_t game_number);
+
+}  // namespace velmora

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+
+#include "manager/engine_seats.h"
+#include "manager/game_result.h"
+#include "manager/referee_state.h"
+
+namespace velmora {
+
+/// A person against the first engine. The person's clock runs in the window alone; nobody loses on time.
+class PlayMode {
+public:
+    PlayMode(RefereeState& state, EngineSeats& seats) : m_state(state), m_seats(seats) {}
+
+    /// The engine takes the side to move and starts. Does nothing while it thinks on its own turn.
+    void go();
+
+    /// The person moves next; which colour is whose shows with the move.
+    void play_other();
+
+    /// A move of the person has come: whoever is not to move now is the engine.
+    void fix_colours();
+
+    /// What "new" does beside the reset of engines and position.
+    void new_game();
+
+    GameEnd step();
+
+private:
+    GameEnd user_moved();
+    GameEnd engine_moved();
+    GameEnd replace_crashed();
+    void send_names(const GuiEngine& engine);
+
+    RefereeState& m_state;
+    EngineSeats& m_seats;
+};
+
+}  // namespace velmora

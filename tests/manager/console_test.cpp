@@ -1,0 +1,90 @@
+#include "tools/velmora_console/console.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class RecordingReferee : public CommandSink {
+public:
+    void put_command(const std::string& line) override { lines.push_back(line); }
+    Lines lines;
+};
+
+/// A console between a recording referee and a file.
+struct Bench {
+    Bench() { console.set_referee(referee); }
+    ~Bench() { std::fclose(out); }
+
+    std::string printed() const {
+        std::fflush(out);
+        std::rewind(out);
+        std::string text(4096, '\0');
+        text.resize(std::fread(text.data(), 1, text.size(), out));
+        return text;
+    }
+
+    std::FILE* const out = std::tmpfile();
+    int left = 0;
+    RecordingReferee referee;
+    Console console{out, [this] { ++left; }};
+};
+
+TEST(Console, CutsTheInputIntoCommands) {
+    Bench bench;
+    for (const auto* bytes : {"deb", "ug true\nlevel fixed", "_depth 3\r\n\nponder on\ngo"}) {
+        bench.console.take_input(bytes);
+    }
+    EXPECT_EQ(bench.referee.lines, Lines({"0 debug true", "0 level fixed_depth 3", "0 ", "0 ponder on"}));
+    bench.referee.lines.clear();
+    bench.console.end_input();
+    EXPECT_EQ(bench.referee.lines, Lines({"0 go", "0 quit"}));
+}
+
+TEST(Console, PrintsWhatTheRefereeSays) {
+    Bench bench;
+    bench.console.put_command("move e2e4");
+    EXPECT_EQ(bench.left, 0);
+    bench.console.put_command("quit");
+    EXPECT_EQ(bench.printed(), "move e2e4\nquit\n");
+    EXPECT_EQ(bench.left, 1);
+}
+
+TEST(Console, WaitsForARunningMatchAtTheEndOfTheInput) {
+    const struct {
+        const char* name;
+        const char* input;
+        Lines said_after_end;
+        int quits_at_end;
+        int quits_then;
+    } rows[] = {
+        {"nothing", "", {"move e2e4"}, 1, 1},
+        {"match", "start_tournament\n", {"move e2e4", "1-0 {White mates}"}, 0, 0},
+        {"match over", "start_tournament", {"tournament_finished", "quit"}, 0, 1},
+        {"match left", "start_tournament\nhuman_human\n", {}, 1, 1},
+        {"match set aside", "start_tournament\nsetboard 8/8 w\n", {}, 1, 1},
+        {"match after play", "go\nstart_tournament\n", {"move e2e4"}, 0, 0},
+    };
+    for (const auto& row : rows) {
+        Bench bench;
+        const auto quits = [&] {
+            const auto& lines = bench.referee.lines;
+            return static_cast<int>(std::count(lines.begin(), lines.end(), "0 quit"));
+        };
+        bench.console.take_input(row.input);
+        bench.console.end_input();
+        EXPECT_EQ(quits(), row.quits_at_end) << row.name;
+        for (const auto& line : row.said_after_end) bench.console.put_command(line);
+        EXPECT_EQ(quits(), row.quits_then) << row.name;
+    }
+}
+
+}  // namespace
+}  // namespace velmora

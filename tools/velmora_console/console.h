@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdio>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+#include "channel/command_sink.h"
+
+namespace velmora {
+
+/// Both ends of the console's channel: commands of the input go to the referee, what the referee says is
+/// printed.
+///
+/// The end of the input stands for "quit", but a match that runs is played to its end first. Lines come in on
+/// the referee's thread and commands on the main thread.
+class Console : public CommandSink {
+public:
+    /// Prints to `out`. `leave` is called, from any thread, when the referee has answered "quit".
+    Console(std::FILE* out, std::function<void()> leave) : m_out(out), m_leave(std::move(leave)) {}
+
+    /// Where commands go; set once, before the first one.
+    void set_referee(CommandSink& referee) { m_referee = &referee; }
+
+    /// Takes bytes of the input, any number of lines or parts of them.
+    void take_input(std::string_view bytes);
+
+    /// The input is at its end; what stands there without a line end is a line.
+    void end_input();
+
+    /// Prints a line of the referee and flushes.
+    void put_command(const std::string& line) override;
+
+private:
+    void command(std::string_view line);
+    void quit_when_done();
+
+    std::FILE* const m_out;
+    const std::function<void()> m_leave;
+    CommandSink* m_referee = nullptr;  // borrowed; outlives the console's use
+    std::string m_partial_line;        // main thread only
+    std::mutex m_mutex;
+    bool m_input_ended = false;    // guarded by m_mutex
+    bool m_match_running = false;  // guarded by m_mutex
+    bool m_quit_sent = false;      // guarded by m_mutex
+};
+
+}  // namespace velmora

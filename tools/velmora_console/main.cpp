@@ -1,0 +1,54 @@
+// The referee without a window: commands on standard input, its lines on standard output.
+
+#include <array>
+#include <csignal>
+#include <functional>
+#include <iostream>
+#include <string_view>
+#include <thread>
+#include <unistd.h>
+
+#include <glib-unix.h>
+#include <glib.h>
+
+#include "manager/manager.h"
+#include "tools/velmora_console/console.h"
+
+namespace {
+
+/// Hands what stands on standard input to the console; at its end the source goes.
+gboolean read_input(gint descriptor, GIOCondition, gpointer data) {
+    auto& console = *static_cast<velmora::Console*>(data);
+    std::array<char, 65536> buffer;
+    const auto count = read(descriptor, buffer.data(), buffer.size());
+    if (count <= 0) {
+        console.end_input();
+        return G_SOURCE_REMOVE;
+    }
+    console.take_input(std::string_view(buffer.data(), static_cast<std::size_t>(count)));
+    return G_SOURCE_CONTINUE;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc > 1) {
+        std::cerr << "usage: " << argv[0] << " <commands >lines\n";
+        return 2;
+    }
+    std::signal(SIGPIPE, SIG_IGN);  // a dead engine must not end the program
+
+    GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
+    velmora::Console console(stdout, [loop] { g_main_loop_quit(loop); });
+    velmora::Manager manager(console, argv[0]);
+    console.set_referee(manager);
+    std::thread referee(std::ref(manager));
+
+    // The loop also reaps the engines' processes, whose child watches are in the default context.
+    g_unix_fd_add(STDIN_FILENO, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR), read_input,
+                  &console);
+    g_main_loop_run(loop);
+    referee.join();
+    g_main_loop_unref(loop);
+    return 0;
+}
