@@ -1,0 +1,179 @@
+// Random games with fixed seeds, in which everything that can be known twice is compared at every move.
+
+#include <random>
+#include <set>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "chess/legal_moves.h"
+#include "chess/move_generator.h"
+#include "chess/position.h"
+#include "chess/san_move.h"
+#include "tests/chess/mailbox.h"
+
+namespace velmora {
+namespace {
+
+using testing::Mailbox;
+
+/// All that a position can be asked for, with the history that its keys remember.
+struct Snapshot {
+    explicit Snapshot(const ChessPosition& now)
+        : position(now),
+          key(now.key()),
+          pawn_key(now.pawn_key()),
+          material_key(now.material().key()),
+          phase(now.material().phase()),
+          repeated(now.is_repetition(2)) {}
+
+    void expect_equal(const ChessPosition& other) const {
+        EXPECT_TRUE(position == other);
+        EXPECT_EQ(position.fen(), other.fen());
+        EXPECT_EQ(key, other.key());
+        EXPECT_EQ(pawn_key, other.pawn_key());
+        EXPECT_TRUE(position.material() == other.material());
+        EXPECT_EQ(material_key, other.material().key());
+        EXPECT_EQ(phase, other.material().phase());
+        EXPECT_EQ(repeated, other.is_repetition(2));
+        EXPECT_EQ(position.moves(), other.moves());
+    }
+
+    ChessPosition position;
+    std::uint64_t key, pawn_key;
+    std::uint32_t material_key;
+    std::int32_t phase;
+    bool repeated;
+};
+
+/// The incremental state against that of the same position read from its FEN.
+void expect_equals_scratch(const ChessPosition& position) {
+    ChessPosition scratch;
+    scratch.fen(position.fen());
+    EXPECT_TRUE(scratch == position);
+    EXPECT_EQ(scratch.fen(), position.fen());
+    EXPECT_EQ(scratch.key(), position.key());
+    EXPECT_EQ(scratch.pawn_key(), position.pawn_key());
+    EXPECT_TRUE(scratch.material() == position.material());
+    EXPECT_EQ(scratch.material().phase(), position.material().phase());
+    EXPECT_EQ(scratch.checkers(), position.checkers());
+}
+
+void expect_equals_mailbox(const ChessPosition& position, const MoveList& list) {
+    const Mailbox mailbox(position.fen());
+    std::multiset<Mailbox::SlowMove> moves;
+    for (const Move& move : list) {
+        moves.emplace(move.from().value(), move.to().value(), static_cast<int>(move.code()), move.check());
+    }
+    EXPECT_EQ(moves, mailbox.legal_moves());
+    EXPECT_EQ(position.in_check(), mailbox.in_check());
+    for (const Side side : {Side::white, Side::black}) {
+        Bitboard attacked;
+        for (Square square(0); square.on_board(); ++square) {
+            const Bitboard attackers(mailbox.attackers(square.value(), side == Side::white));
+            EXPECT_EQ(position.attackers(square, side), attackers);
+            for (const Square from : attackers.squares()) {
+                EXPECT_TRUE(position.maps().attacks_from(from).contains(square));
+            }
+            if (attackers.any()) attacked.set(square);
+        }
+        EXPECT_EQ(position.maps().attacks(side), attacked);
+    }
+}
+
+void expect_texts_come_back(const ChessPosition& position, const MoveList& list) {
+    std::set<std::string> texts;
+    for (const Move& move : list) {
+        for (const bool chess960 : {false, true}) {
+            EXPECT_EQ(position.convert_to_move(move.to_string(chess960)), move) << move.dump();
+        }
+        const std::string san = SanMove(position, move).san();
+        EXPECT_TRUE(texts.insert(san).second) << san;
+        EXPECT_EQ(SanMove(position, std::string_view(san)), move) << san;
+    }
+}
+
+void expect_order(const MoveList& list) {
+    std::int32_t last_worth = 10'000;
+    bool quiet = false;
+    for (const Move& move : list) {
+        const bool first_stage = !move.capture().empty() || is_promotion(move.code());
+        EXPECT_FALSE(quiet && first_stage);
+        quiet = !first_stage;
+        EXPECT_TRUE(quiet || move.capture().abs_value() <= last_worth);
+        last_worth = move.capture().abs_value();
+        EXPECT_EQ(move.xcode(), XCode::xnormal_move);
+    }
+}
+
+enum class Depth { incremental, everything };
+
+void walk(ChessPosition& position, std::minstd_rand& random, int plies, Depth depth) {
+    for (int ply = 0; ply < plies && !::testing::Test::HasFailure(); ++ply) {
+        SCOPED_TRACE(position.fen());
+        const MoveList list = legal_moves(position);
+        EXPECT_EQ(position.is_mate(), position.in_check() && list.empty());
+        if (depth == Depth::everything) {
+            expect_equals_mailbox(position, list);
+            expect_texts_come_back(position, list);
+            expect_order(list);
+        }
+        if (list.empty()) return;
+        const Move move = list[random() % list.size()];
+        const Snapshot before(position);
+        position.do_move(move);
+        EXPECT_EQ(position.in_check(), move.check()) << move.dump();
+        expect_equals_scratch(position);
+        position.undo_move();
+        before.expect_equal(position);
+        position.do_move(move);
+    }
+    while (!position.moves().empty()) position.undo_move();
+    EXPECT_EQ(position.fen(), position.start_fen());
+}
+
+class Walk : public ::testing::TestWithParam<Depth> {
+protected:
+    bool everything() const { return GetParam() == Depth::everything; }
+};
+
+TEST_P(Walk, ClassicGames) {
+    std::minstd_rand random(20);
+    ChessPosition position;
+    for (int game = 0; game < (everything() ? 10 : 1000) && !HasFailure(); ++game) {
+        position.new_game();
+        walk(position, random, everything() ? 80 : 10 + game % 50, GetParam());
+    }
+}
+
+TEST_P(Walk, Chess960Games) {
+    std::minstd_rand random(960);
+    ChessPosition position;
+    for (std::uint32_t game = 0; game < (everything() ? 15 : 960) && !HasFailure(); ++game) {
+        position.new_chess960(everything() ? game * 61 : game);
+        walk(position, random, everything() ? 50 : 25, GetParam());
+    }
+}
+
+TEST_P(Walk, SharpPositions) {
+    std::minstd_rand random(5);
+    ChessPosition position;
+    for (const char* fen :
+         {"r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq - 0 1",
+          "8/2p5/3p4/KP5r/1R3p1k/8/4P1P1/8 w - - 0 1", "n1n5/PPPk4/8/8/8/8/4Kppp/5N1N b - - 0 1",
+          "1rk3r1/8/8/8/8/8/8/1RK3R1 w BGbg - 0 1", "8/PPPPPPPP/8/2k2K2/8/8/pppppppp/8 w - - 0 1",
+          "QQQQQQQ1/8/8/3k4/8/8/1K6/qqqqqqqq b - - 0 1"}) {
+        for (int game = 0; game < (everything() ? 4 : 40) && !HasFailure(); ++game) {
+            position.fen(fen);
+            walk(position, random, 30, GetParam());
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Chess, Walk, ::testing::Values(Depth::incremental, Depth::everything),
+                         [](const auto& depth) {
+                             return depth.param == Depth::everything ? "AgainstMailbox" : "Incremental";
+                         });
+
+}  // namespace
+}  // namespace velmora

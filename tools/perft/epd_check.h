@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+
+namespace velmora {
+
+/// Reads lines of a FEN and expected counts, "FEN ;D1 20 ;D2 400", and reports each count that differs.
+///
+/// Counts above `limit` nodes are left out. Empty lines and lines that begin with '#' are skipped. Returns
+/// whether all lines could be read, all counts agreed, and there was at least one.
+bool check_epd(std::istream& in, std::ostream& out, std::uint64_t limit);
+
+}  // namespace velmora
