@@ -158,4 +158,8 @@ std::string valid_utf8(std::string_view text) {
     return result;
 }
 
+std::string displayable(std::string_view text) {
+    return replaced(valid_utf8(text), std::string_view("\0", 1), '?');
+}
+
 }  // namespace velmora::text

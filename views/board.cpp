@@ -2,11 +2,20 @@
 
 #include <algorithm>
 
+#include <gtkmm/tooltip.h>
+
+#include "views/image_code.h"
+
 namespace velmora {
 
 Board::Board(int size) : m_drawing(size) {
     add_events(Gdk::BUTTON_PRESS_MASK | Gdk::BUTTON_RELEASE_MASK | Gdk::POINTER_MOTION_MASK);
     add(m_drawing);
+    set_has_tooltip();
+    signal_query_tooltip().connect(sigc::mem_fun(*this, &Board::name_man_under));
+    m_drawing.signal_square_pressed().connect([this](int square) {
+        report_move({converted(square), converted(square)});
+    });
 }
 
 void Board::set_position(const std::string& letters) {
@@ -39,6 +48,11 @@ std::optional<int> Board::picked_square() const {
     return converted(m_drawing.table().drag_from());
 }
 
+void Board::report_move(std::pair<int, int> shown_squares) {
+    m_move = shown_squares;
+    m_move_made.emit();
+}
+
 bool Board::on_button_press_event(GdkEventButton* event) {
     // A double click sends a press of another type besides its two; it must not take up what is in the air
     // already.
@@ -49,10 +63,7 @@ bool Board::on_button_press_event(GdkEventButton* event) {
 
 bool Board::on_button_release_event(GdkEventButton* event) {
     if (event->button != GDK_BUTTON_PRIMARY) return true;
-    if (const auto move = m_drawing.end_drag(event->x, event->y)) {
-        m_move = *move;
-        m_move_made.emit();
-    }
+    if (const auto move = m_drawing.end_drag(event->x, event->y)) report_move(*move);
     return true;
 }
 
@@ -64,6 +75,16 @@ bool Board::on_motion_notify_event(GdkEventMotion* event) {
 void Board::on_grab_notify(bool was_grabbed) {
     // A dialog has taken the pointer in the middle of a drag: the release will not come here.
     if (!was_grabbed) m_drawing.cancel_drag();
+}
+
+/// The tooltip of the man under the resting pointer; an empty square needs no words.
+bool Board::name_man_under(int x, int y, bool, const Glib::RefPtr<Gtk::Tooltip>& tooltip) {
+    const auto square = m_drawing.square_at(x, y);
+    if (!square || !is_man(m_drawing.table().code(*square)) || m_drawing.table().dragging()) return false;
+    tooltip->set_text(m_drawing.content_in_words(converted(*square)));
+    const Place corner = corner_of(*square, m_drawing.cell());
+    tooltip->set_tip_area({corner.x, corner.y, m_drawing.cell().width, m_drawing.cell().height});
+    return true;
 }
 
 }  // namespace velmora

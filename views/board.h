@@ -53,6 +53,8 @@ protected:
 private:
     /// From a square of the position to the shown square, and back.
     int converted(int square) const { return m_flipped ? turned(square) : square; }
+    bool name_man_under(int x, int y, bool keyboard, const Glib::RefPtr<Gtk::Tooltip>& tooltip);
+    void report_move(std::pair<int, int> shown_squares);
 
     sigc::signal<void> m_move_made;
     sigc::signal<void> m_man_picked;

@@ -12,7 +12,7 @@ struct Tint {
     double red, green, blue, alpha;
 };
 
-constexpr Tint last_move_tint{0.98, 0.80, 0.10, 0.42};
+constexpr Tint last_move_tint{0.98, 0.80, 0.10, 0.37};
 constexpr Tint selection_tint{0.15, 0.55, 0.30, 0.62};
 constexpr Tint target_tint{0.10, 0.36, 0.18, 0.62};
 constexpr Tint check_tint{0.93, 0.05, 0.05, 0.95};
@@ -42,11 +42,11 @@ private:
     void rectangle(Place corner) { m_cr->rectangle(corner.x, corner.y, m_cell.width, m_cell.height); }
     void set_image(int code, Place corner);
     void paint_image(int code, Place corner);
-    template <class Source>
-    void shade_square(int square, const Source& set_source);
+    template <class Shade>
+    void shade_square(int square, const Shade& shade);
     void tint_square(int square, const Tint& tint);
     void warn_on_square(int square);
-    void paint_circle(int square, double radius, double line_width);
+    void paint_disc(int square, double radius, double hole);
 
     Cairo::RefPtr<Cairo::Context> m_cr;
     const BoardPicture& m_picture;
@@ -85,9 +85,10 @@ void Painter::paint_cells() {
     }
 }
 
-/// Fills a cell around its man: a colour laid over the man would dull him.
-template <class Source>
-void Painter::shade_square(int square, const Source& set_source) {
+/// Shades a cell around its man: a colour laid over the man would dull him. The function gets the corner of
+/// the cell.
+template <class Shade>
+void Painter::shade_square(int square, const Shade& shade) {
     if (!is_square(square)) return;
     const Place corner = corner_of(square, m_cell);
     if (!is_visible(corner)) return;
@@ -95,8 +96,7 @@ void Painter::shade_square(int square, const Source& set_source) {
     rectangle(corner);
     m_cr->clip();
     m_cr->push_group();
-    set_source(corner);
-    m_cr->paint();
+    shade(corner);
     if (is_man(m_picture.table.code(square))) {
         m_cr->set_operator(Cairo::OPERATOR_DEST_OUT);
         set_image(m_picture.table.code(square), corner);
@@ -108,7 +108,10 @@ void Painter::shade_square(int square, const Source& set_source) {
 }
 
 void Painter::tint_square(int square, const Tint& tint) {
-    shade_square(square, [&](Place) { set_tint(m_cr, tint); });
+    shade_square(square, [&](Place) {
+        set_tint(m_cr, tint);
+        m_cr->paint();
+    });
 }
 
 void Painter::warn_on_square(int square) {
@@ -120,22 +123,21 @@ void Painter::warn_on_square(int square) {
         glow->add_color_stop_rgba(0.55, t.red, t.green, t.blue, t.alpha * 0.8);
         glow->add_color_stop_rgba(1.0, t.red, t.green, t.blue, 0);
         m_cr->set_source(glow);
+        m_cr->paint();
     });
 }
 
-/// A circle in the middle of a cell, its radius and line in cells; filled when the line is 0 wide.
-void Painter::paint_circle(int square, double radius, double line_width) {
-    const Place corner = corner_of(square, m_cell);
-    if (!is_square(square) || !is_visible(corner)) return;
-    m_cr->begin_new_path();
-    m_cr->arc(corner.x + m_cell.width / 2.0, corner.y + m_cell.height / 2.0, radius * m_cell.width, 0,
-              2 * std::numbers::pi);
-    if (line_width > 0) {
-        m_cr->set_line_width(line_width * m_cell.width);
-        m_cr->stroke();
-    } else {
+/// A disc, or a ring when it has a hole, in the middle of a cell; radii in cells.
+void Painter::paint_disc(int square, double radius, double hole) {
+    shade_square(square, [&](Place corner) {
+        const double x = corner.x + m_cell.width / 2.0, y = corner.y + m_cell.height / 2.0;
+        m_cr->begin_new_path();
+        m_cr->arc(x, y, radius * m_cell.width, 0, 2 * std::numbers::pi);
+        m_cr->begin_new_sub_path();
+        m_cr->arc_negative(x, y, hole * m_cell.width, 2 * std::numbers::pi, 0);
+        set_tint(m_cr, target_tint);
         m_cr->fill();
-    }
+    });
 }
 
 void Painter::paint_marks() {
@@ -147,9 +149,8 @@ void Painter::paint_marks() {
     }
     if (marks.selected) tint_square(*marks.selected, selection_tint);
     if (marks.checked_king) warn_on_square(*marks.checked_king);
-    set_tint(m_cr, target_tint);
-    for (const int square : marks.targets) paint_circle(square, 0.15, 0);
-    for (const int square : marks.captures) paint_circle(square, 0.44, 0.09);
+    for (const int square : marks.targets) paint_disc(square, 0.15, 0);
+    for (const int square : marks.captures) paint_disc(square, 0.485, 0.395);
     m_cr->restore();
 }
 

@@ -4,6 +4,7 @@
 
 #include <gdkmm/general.h>
 
+#include "views/board_accessible.h"
 #include "views/shown_position.h"
 
 namespace velmora {
@@ -21,6 +22,8 @@ ChessBoard::ChessBoard(int size)
     // An empty label would still take up a line's height.
     unset_label();
     set_shadow_type(Gtk::SHADOW_NONE);
+    set_tooltip_text("Drag a man, or click him and then the square he is to go to");
+    get_accessible()->set_name("Board");
     add(m_board);
     m_board.signal_move_made().connect(m_move_made.make_slot());
 }
@@ -28,6 +31,7 @@ ChessBoard::ChessBoard(int size)
 void ChessBoard::set_fen(const std::string& fen) {
     const ShownPosition position = read_shown_position(fen);
     m_board.set_position(position.letters);
+    drawing().get_accessible()->set_description(describe_men(position.letters));
     m_white_to_move = position.white_to_move;
 }
 
@@ -36,7 +40,10 @@ void ChessBoard::flip() {
     queue_draw();
 }
 
-void ChessBoard::announce(const std::string& text) { get_accessible()->set_description(text); }
+void ChessBoard::announce(const std::string& text) {
+    get_accessible()->set_description(text);
+    say(drawing().Gtk::Widget::gobj(), text.c_str());
+}
 
 bool ChessBoard::on_draw(const Cairo::RefPtr<Cairo::Context>& cr) {
     Gtk::AspectFrame::on_draw(cr);

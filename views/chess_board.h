@@ -44,7 +44,8 @@ public:
 
     Drawing& drawing() { return m_board.drawing(); }
 
-    /// Has a screen reader say a text, for instance the last move.
+    /// Has a screen reader say a text, for instance the last move; it also stays as the description of the
+    /// board.
     void announce(const std::string& text);
 
     /// A drag or a click has ended over a square; get_move() tells which.

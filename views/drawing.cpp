@@ -4,11 +4,16 @@
 
 #include <glibmm/main.h>
 
+#include "views/board_accessible.h"
 #include "views/board_painter.h"
+#include "views/image_code.h"
 
 namespace velmora {
 
-Drawing::Drawing(int size) {
+// A type of its own in the toolkit, so that it can have accessible objects of its own.
+Drawing::Drawing(int size) : Glib::ObjectBase("velmora_Drawing") {
+    use_board_accessible(GTK_WIDGET_GET_CLASS(gobj()));
+    get_accessible()->set_name("Chess board");
     const int side = board_size(size);
     set_size_request(side, side);
     m_cell = cell_of(side, side);
@@ -18,23 +23,25 @@ void Drawing::set_pieces(std::string_view letters) {
     const auto before = m_table.squares();
     redraw_man_in_the_air();
     m_table.set_pieces(letters);
-    redraw_changes(before);
+    squares_changed_since(before);
 }
 
 void Drawing::set_piece(char letter, int square) {
     m_table.set_piece(letter, square);
-    redraw_square(square);
+    square_changed(square);
 }
 
 void Drawing::clear_square(int square) {
     m_table.clear_square(square);
-    redraw_square(square);
+    square_changed(square);
 }
 
 void Drawing::clear() {
-    m_arrows.clear();
+    clear_arrows();
+    const auto before = m_table.squares();
+    redraw_man_in_the_air();
     m_table.clear();
-    queue_draw();
+    squares_changed_since(before);
 }
 
 bool Drawing::begin_drag(double x, double y) {
@@ -53,7 +60,10 @@ void Drawing::drag_to(double x, double y) {
 std::optional<std::pair<int, int>> Drawing::end_drag(double x, double y) {
     redraw_man_in_the_air();
     const auto move = m_table.end_drag(square_at(x, y));
-    if (move) redraw_square(move->second);
+    if (move) {
+        square_changed(move->first);
+        square_changed(move->second);
+    }
     return move;
 }
 
@@ -61,7 +71,7 @@ void Drawing::cancel_drag() {
     if (!m_table.dragging()) return;
     redraw_man_in_the_air();
     m_table.cancel_drag();
-    redraw_square(m_table.drag_from());
+    square_changed(m_table.drag_from());
 }
 
 void Drawing::flip() {
@@ -73,11 +83,7 @@ void Drawing::flip() {
 
 void Drawing::set_arrow(int from, int to, int color) {
     if (!is_square(from) || !is_square(to)) return;
-    if (m_flipped) {
-        from = turned(from);
-        to = turned(to);
-    }
-    if (const auto arrow = make_arrow(from, to, color, m_cell)) {
+    if (const auto arrow = make_arrow(shown_square(from), shown_square(to), color, m_cell)) {
         m_arrows.push_back(*arrow);
         queue_draw();
     }
@@ -100,6 +106,12 @@ const std::vector<Glib::RefPtr<Gdk::Pixbuf>>& Drawing::pixbufs() {
     return m_images.pixbufs();
 }
 
+std::string Drawing::content_in_words(int square) const {
+    const int code = m_table.code(shown_square(square));
+    return square_name(square) + ", " +
+           (is_man(code) ? std::string(image_names[std::size_t(code)]) : "empty");
+}
+
 bool Drawing::on_draw(const Cairo::RefPtr<Cairo::Context>& cr) {
     double scale_x = 1, scale_y = 1;
     cairo_surface_get_device_scale(cairo_get_target(cr->cobj()), &scale_x, &scale_y);
@@ -118,9 +130,15 @@ void Drawing::redraw_square(int square) {
     queue_draw_area(corner.x, corner.y, m_cell.width, m_cell.height);
 }
 
-void Drawing::redraw_changes(const SquareTable::Codes& before) {
+/// Draws a shown square anew and tells who listens.
+void Drawing::square_changed(int square) {
+    redraw_square(square);
+    tell_square_changed(Gtk::Widget::gobj(), shown_square(square));
+}
+
+void Drawing::squares_changed_since(const SquareTable::Codes& before) {
     for (int square = 0; square < square_count; ++square) {
-        if (before[std::size_t(square)] != m_table.squares()[std::size_t(square)]) redraw_square(square);
+        if (before[std::size_t(square)] != m_table.squares()[std::size_t(square)]) square_changed(square);
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -52,6 +53,13 @@ public:
     /// The fourteen images by code, at the size of a cell in device pixels.
     const std::vector<Glib::RefPtr<Gdk::Pixbuf>>& pixbufs();
 
+    /// Where a square of the position is shown, and which one a shown square is.
+    int shown_square(int square) const { return m_flipped ? turned(square) : square; }
+    /// "e4, white pawn" or "e4, empty" for a square of the position.
+    std::string content_in_words(int square) const;
+    /// A square of the position has been pressed by other means than the pointer.
+    sigc::signal<void, int>& signal_square_pressed() { return m_square_pressed; }
+
     const SquareTable& table() const { return m_table; }
     CellSize cell() const { return m_cell; }
     std::optional<int> square_at(double x, double y) const { return velmora::square_at(x, y, m_cell); }
@@ -63,11 +71,13 @@ protected:
 
 private:
     void redraw_square(int square);
-    void redraw_changes(const SquareTable::Codes& before);
+    void square_changed(int square);
+    void squares_changed_since(const SquareTable::Codes& before);
     void redraw_man_in_the_air();
     void render_images(double device_scale);
     bool redraw_settled();
 
+    sigc::signal<void, int> m_square_pressed;
     CellSize m_cell;
     bool m_flipped = false;
     SquareTable m_table;

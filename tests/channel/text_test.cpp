@@ -58,6 +58,7 @@ TEST(Text, BadBytesBecomeQuestionMarks) {
     EXPECT_EQ(valid_utf8("\xE2\x82"), "??");
     EXPECT_EQ(valid_utf8("\xED\xA0\x80"), "???");
     EXPECT_EQ(valid_utf8("\xF0\x9F\x99\x82"), "\xF0\x9F\x99\x82");
+    EXPECT_EQ(displayable(std::string_view("a\0\xE9", 3)), "a??");
 }
 
 }  // namespace

@@ -1,0 +1,92 @@
+#include <gdk/gdkkeysyms.h>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/gui_driver.h"
+#include "tests/views/board_fixture.h"
+#include "views/piece_choice_dialog.h"
+#include "views/promo_choice_dialog.h"
+
+namespace velmora {
+namespace {
+
+class ChooserTest : public BoardTest {
+protected:
+    using Reply = std::function<bool(Gtk::Dialog&)>;
+
+    int piece_choice(const Reply& reply) {
+        gui::Answer<Gtk::Dialog> answer(reply);
+        const int choice = PieceChoiceDialog(window, board.drawing().pixbufs()).choice();
+        EXPECT_TRUE(answer.given());
+        return choice;
+    }
+    int promo_choice(const Reply& reply) {
+        gui::Answer<Gtk::Dialog> answer(reply);
+        const auto& images = board.drawing().pixbufs();
+        const int choice = PromoChoiceDialog(window, images[5], images[4], images[3], images[2]).choice();
+        EXPECT_TRUE(answer.given());
+        return choice;
+    }
+    /// A click at a place in cells.
+    static Reply click_at(double column, double row) {
+        return [=](Gtk::Dialog& dialog) {
+            auto* event = gui::find_widget<ChoiceEvent>(dialog);
+            const CellSize cell = gui::find_widget<ChoiceDraw>(dialog)->cell();
+            gui::click(*event, {column * cell.width, row * cell.height});
+            return true;
+        };
+    }
+    static Reply keys(std::vector<unsigned> pressed) {
+        return [=](Gtk::Dialog& dialog) {
+            for (const unsigned key : pressed) gui::press_key(dialog, key);
+            return true;
+        };
+    }
+};
+
+TEST_F(ChooserTest, EveryManHasHisCode) {
+    const int expected[4][3] = {{1, 2, 3}, {4, 5, 6}, {8, 9, 10}, {11, 12, 13}};
+    for (int row = 0; row < 4; ++row) {
+        for (int column = 0; column < 3; ++column) {
+            EXPECT_EQ(piece_choice(click_at(column + 0.5, row + 0.5)), expected[row][column]);
+        }
+    }
+    EXPECT_EQ(promo_choice(click_at(0.5, 0.5)), 4);
+    EXPECT_EQ(promo_choice(click_at(1.5, 0.5)), 5);
+    EXPECT_EQ(promo_choice(click_at(0.5, 1.5)), 6);
+    EXPECT_EQ(promo_choice(click_at(1.5, 1.5)), 7);
+}
+
+TEST_F(ChooserTest, NoChoiceIsZero) {
+    EXPECT_EQ(promo_choice([](Gtk::Dialog& dialog) {
+                  dialog.close();
+                  return true;
+              }),
+              0);
+    EXPECT_EQ(piece_choice(keys({GDK_KEY_Escape})), 0);
+    EXPECT_EQ(piece_choice(click_at(3, 4)), 0) << "the lower right corner lies past the grid";
+}
+
+TEST_F(ChooserTest, KeyboardChoosesToo) {
+    EXPECT_EQ(piece_choice(keys({GDK_KEY_Down, GDK_KEY_Down, GDK_KEY_Right, GDK_KEY_Return})), 5);
+    EXPECT_EQ(promo_choice(keys({GDK_KEY_Up, GDK_KEY_KP_Enter})), 4);
+    EXPECT_EQ(promo_choice(keys({GDK_KEY_Return, GDK_KEY_Escape})), 0) << "nothing is marked yet";
+}
+
+TEST_F(ChooserTest, SizesFollowTheParentAndImagesStandInTheirCells) {
+    piece_choice([this](Gtk::Dialog& dialog) {
+        auto& drawing = *gui::find_widget<ChoiceDraw>(dialog);
+        EXPECT_EQ(drawing.get_width(), window.get_width() * 3 / 8);
+        EXPECT_EQ(drawing.get_height(), window.get_width() / 2);
+        const auto picture = gui::picture(drawing);
+        const CellSize cell = drawing.cell();
+        // The trunks of the two rooks, in the first column of the second and the fourth row.
+        EXPECT_GT(gui::pixel_at(picture, cell.width / 2, cell.height * 8 / 5).blue, 200);
+        EXPECT_LT(gui::pixel_at(picture, cell.width / 2, cell.height * 18 / 5).blue, 120);
+        dialog.response(Gtk::RESPONSE_CANCEL);
+        return true;
+    });
+}
+
+}  // namespace
+}  // namespace velmora

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <gtk/gtk.h>
+
+namespace velmora {
+
+/// What a screen reader finds on the board: the widget as a drawing area named "Chess board", with the 64
+/// squares of the position as its children, a1 first, each a button called "e4, white pawn" or "e4, empty"
+/// that can be pressed instead of clicked.
+
+/// Gives the widgets of a class this kind of accessible object. REQUIRES: the class is that of a Drawing.
+void use_board_accessible(GtkWidgetClass* widget_class);
+
+/// Tells those who listen that what stands on a square of the position has changed.
+void tell_square_changed(GtkWidget* drawing, int square);
+
+/// Has a screen reader say a text, where the accessibility bus knows how to.
+void say(GtkWidget* widget, const char* text);
+
+}  // namespace velmora

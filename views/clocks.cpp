@@ -1,0 +1,94 @@
+#include "views/clocks.h"
+
+#include <string>
+
+#include <gdkmm/rgba.h>
+
+namespace velmora {
+
+namespace {
+
+Gdk::RGBA color(double red, double green, double blue) {
+    Gdk::RGBA result;
+    result.set_rgba(red, green, blue, 1);
+    return result;
+}
+
+/// What a time label looks like before a side has moved, and by the classes "active" and "idle" then. The
+/// frame is there in all three, so that nothing moves when it shows.
+std::string style_sheet() {
+    const Gdk::RGBA white_color = color(1, 1, 1), active_color = color(0, 1, 0),
+                    idle_color = color(0.8, 0.8, 0.8);
+    const auto background = [](const Gdk::RGBA& rgba) {
+        return "background-color: " + rgba.to_string().raw() + ";";
+    };
+    return ".clock { font-size: 140%; padding: 1px 3px; }"
+           ".time { border: 2px solid transparent; border-radius: 5px; background-image: none; color: "
+           "#111; " +
+           background(white_color) + "}" + ".time.active { border-color: #111; font-weight: bold; " +
+           background(active_color) + "}" + ".time.idle { " + background(idle_color) + "}" +
+           ".name.active { font-weight: bold; }";
+}
+
+}  // namespace
+
+Clocks::Clocks() : Gtk::Box(Gtk::ORIENTATION_HORIZONTAL), m_style(Gtk::CssProvider::create()) {
+    m_style->load_from_data(style_sheet());
+    m_labels[Side::white].set_text("White: ");
+    m_labels[Side::black].set_text("Black: ");
+    m_time_labels[Side::white].set_tooltip_text("White's time left, minutes and seconds");
+    m_time_labels[Side::black].set_tooltip_text("Black's time left, minutes and seconds");
+    pack_side(Side::white);
+    pack_side(Side::black);
+}
+
+void Clocks::pack_side(Side side) {
+    Gtk::Label& name = m_labels[side];
+    Gtk::Label& time = m_time_labels[side];
+    name.set_halign(Gtk::ALIGN_FILL);
+    name.set_xalign(1);
+    time.set_text("60:00");
+    time.set_xalign(0.5);
+    name.get_style_context()->add_class("name");
+    time.get_style_context()->add_class("time");
+    for (Gtk::Label* label : {&name, &time}) {
+        label->set_width_chars(7);
+        label->get_style_context()->add_class("clock");
+        label->get_style_context()->add_provider(m_style, GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+        pack_start(*label, Gtk::PACK_EXPAND_WIDGET);
+    }
+    name.set_mnemonic_widget(time);
+}
+
+void Clocks::start(Side side) {
+    m_clocks.start(side);
+    show_to_move(side);
+}
+
+void Clocks::stop() {
+    m_clocks.stop();
+    set_active(Side::white, false);
+    set_active(Side::black, false);
+}
+
+void Clocks::show_to_move(Side side) {
+    set_active(side, true);
+    set_active(opposite(side), false);
+}
+
+void Clocks::set_active(Side side, bool active) {
+    for (Gtk::Label* label : {&m_labels[side], &m_time_labels[side]}) {
+        const auto style = label->get_style_context();
+        style->remove_class(active ? "idle" : "active");
+        style->add_class(active ? "active" : "idle");
+    }
+    m_time_labels[side].get_accessible()->set_description(active ? "to move" : "");
+}
+
+void Clocks::update() {
+    for (const Side side : {Side::white, Side::black}) {
+        if (const auto text = m_clocks.refresh(side)) m_time_labels[side].set_text(*text);
+    }
+}
+
+}  // namespace velmora

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+#include <gtkmm/scrolledwindow.h>
+#include <gtkmm/textview.h>
+#include <gtkmm/window.h>
+
+namespace velmora {
+
+/// The small window for the comment at the current move.
+class CommentEditor : public Gtk::Window {
+public:
+    CommentEditor();
+
+    /// Shows a comment. Bytes that are no UTF-8 show as "?".
+    void set_text(const std::string& text);
+    /// The text in the box. A comment that nobody has edited comes back byte by byte as it was set.
+    std::string text() const;
+
+    /// The user has left the box, or the window was hidden: what text() gives is what he wants to keep.
+    sigc::signal<void>& signal_applied() { return m_applied; }
+
+protected:
+    void on_hide() override;
+
+private:
+    bool on_view_left(GdkEventFocus* event);
+
+    sigc::signal<void> m_applied;
+    Gtk::ScrolledWindow m_scroller;
+    Gtk::TextView m_view;
+    Glib::RefPtr<Gtk::TextBuffer> m_buffer;
+    std::string m_original;  // as given to set_text()
+    std::string m_shown;     // as the box showed it then
+};
+
+}  // namespace velmora
