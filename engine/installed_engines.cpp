@@ -99,8 +99,8 @@ void write_row(std::ostream& out, const char* word, const std::string& value) {
 void back_up(const std::string& path, const std::string& backup_path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) return;
-    const std::string old_text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
     try {
+        const std::string old_text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
         write_file_atomically(backup_path, old_text);
     } catch (const std::runtime_error& error) {
         std::cerr << error.what() << '\n';

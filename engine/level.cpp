@@ -19,8 +19,10 @@ std::int32_t limited(std::int64_t value) {
     return static_cast<std::int32_t>(std::clamp(value, lowest, highest));
 }
 
+/// The number at the front of the next word; a word that is none is passed over, so that one bad field does
+/// not shift the others.
 std::int32_t read_integer(text::WordReader& reader) {
-    return limited(reader.integer<std::int64_t>().value_or(0));
+    return limited(text::WordReader(reader.word()).integer<std::int64_t>().value_or(0));
 }
 
 /// Milliseconds of "minutes" or "minutes:seconds"; every other sign than a digit separates numbers.

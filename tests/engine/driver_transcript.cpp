@@ -1,5 +1,7 @@
 #include "tests/engine/driver_transcript.h"
 
+#include <algorithm>
+
 #include "channel/text.h"
 #include "chess/legal_moves.h"
 #include "chess/position.h"
@@ -11,7 +13,19 @@ namespace {
 constexpr std::uint64_t instance = 12345678901234567890U;
 const std::string prefix = "1 12345678901234567890 ";
 
-/// "startpos e2e4 e7e5" or "<fen> / e2e4".
+/// The parts of a text between semicolons, each START in them replaced by the FEN of the start of a game.
+std::vector<std::string> parts_of(const std::string& text) {
+    static const std::string start = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1";
+    std::string lines = text;
+    std::replace(lines.begin(), lines.end(), ';', '\n');
+    std::vector<std::string> parts = lines_of(lines);
+    for (std::string& part : parts) {
+        if (const auto at = part.find("START"); at != std::string::npos) part.replace(at, 5, start);
+    }
+    return parts;
+}
+
+/// "startpos e2e4 e7e5" or "<fen> | e2e4".
 ChessPosition read_position(const std::string& text) {
     ChessPosition position;
     position.new_game();
@@ -78,19 +92,21 @@ std::vector<std::string> DriverTest::sent_since_handshake() const {
 
 void DriverTest::play(Protocol protocol, const std::string& handshake, const std::string& last_of_handshake) {
     const Transcript& row = GetParam();
-    m_engine.load_engine(&m_sink, 1, make_engine("peer", handshake + row.script), protocol);
+    std::string script;
+    for (const std::string& line : parts_of(handshake + row.script)) script += line + '\n';
+    m_engine.load_engine(&m_sink, 1, make_engine("peer", script), protocol);
     ASSERT_TRUE(m_engine.is_alive());
     m_engine.set_instance_id(instance);
     ASSERT_TRUE(wait_until([&] { return sent("peer").ends_with(last_of_handshake + '\n'); }));
     m_handshake_lines = lines_of(sent("peer")).size();
-    for (const std::string& order : lines_of(row.orders)) obey(order);
+    for (const std::string& order : parts_of(row.orders)) obey(order);
     m_engine.unload_engine();
     ASSERT_TRUE(wait_until([&] { return sent("peer").ends_with("\nquit\n"); })) << sent("peer");
 
-    auto expected_sent = lines_of(row.sent);
+    auto expected_sent = parts_of(row.sent);
     expected_sent.emplace_back("quit");
     EXPECT_EQ(masked(sent_since_handshake(), expected_sent), expected_sent);
-    auto expected_posted = lines_of(row.posted);
+    auto expected_posted = parts_of(row.posted);
     for (std::string& line : expected_posted) {
         if (line == "(nothing)") line.clear();
     }

@@ -9,7 +9,8 @@
 
 namespace velmora {
 
-/// One conversation between the referee and an engine, as three texts of lines.
+/// One conversation between the referee and an engine, as texts of lines with semicolons between them.
+/// START stands for the FEN of the start of a game, ~ in what is expected for the digits of a number.
 struct Transcript {
     const char* name;
     const char* script;  ///< of the engine, behind the handshake

@@ -29,12 +29,13 @@ std::size_t open_pipes() {
     return count;
 }
 
-bool has_children() {
+std::vector<pid_t> children() {
+    std::vector<pid_t> pids;
     for (const auto& task : fs::directory_iterator("/proc/self/task")) {
-        std::string children;
-        if (std::getline(std::ifstream(task.path() / "children"), children) && !children.empty()) return true;
+        std::ifstream file(task.path() / "children");
+        for (pid_t pid = 0; file >> pid;) pids.push_back(pid);
     }
-    return false;
+    return pids;
 }
 
 }  // namespace
@@ -62,7 +63,8 @@ EngineTest::~EngineTest() {
 }
 
 void EngineTest::TearDown() {
-    EXPECT_TRUE(wait_until([] { return !has_children(); })) << "a process is left behind";
+    EXPECT_TRUE(wait_until([] { return children().empty(); })) << "a process is left behind";
+    kill_children();
     EXPECT_EQ(open_pipes(), m_pipes_before) << "a descriptor is left open";
 }
 
@@ -83,6 +85,10 @@ std::string EngineTest::read_file(const std::string& name) const {
 
 void EngineTest::write_file(const std::string& name, const std::string& text) const {
     std::ofstream(m_directory + name, std::ios::binary) << text;
+}
+
+void EngineTest::kill_children() {
+    for (const pid_t pid : children()) ::kill(pid, SIGKILL);
 }
 
 bool EngineTest::wait_until(const std::function<bool()>& condition) {

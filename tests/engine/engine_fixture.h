@@ -41,6 +41,9 @@ protected:
     void write_file(const std::string& name, const std::string& text) const;
     const std::string& directory() const { return m_directory; }
 
+    /// Ends all child processes, for tests of engines that do not go by themselves.
+    static void kill_children();
+
     /// Waits until the condition holds, while the main context runs; false after ten seconds.
     static bool wait_until(const std::function<bool()>& condition);
 

@@ -168,6 +168,7 @@ void Script::run(const std::string& command_line) {
 int main(int /*argc*/, char** argv) {
     using namespace velmora::scripted;
     ::alarm(longest_life);
+    ::signal(SIGPIPE, SIG_IGN);
     const std::string program = argv[0];
     const std::string base = program.substr(0, program.rfind('.'));
     std::ifstream script_file(base + ".script");

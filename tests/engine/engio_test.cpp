@@ -1,0 +1,234 @@
+#include "engine/engio.h"
+
+#include <filesystem>
+#include <signal.h>
+#include <stdexcept>
+#include <thread>
+
+#include "engine/line_receiver.h"
+#include "tests/engine/engine_fixture.h"
+
+namespace velmora {
+
+namespace {
+
+class Receiver : public LineReceiver {
+public:
+    void receive_line(std::string line) override {
+        m_sink.put_command(line);
+        if (line.find("throw") != std::string::npos) throw std::runtime_error("of the test's making");
+    }
+    std::vector<std::string> lines() const { return m_sink.lines(); }
+
+private:
+    RecordingSink m_sink;
+};
+
+/// An Engio with its reader thread, as a handle uses it.
+class EngioTest : public EngineTest {
+protected:
+    void start(const std::string& path) {
+        m_engio.spawn_engine(path);
+        m_engio.set_engine(&m_receiver);
+        if (m_engio.is_spawned()) m_reader = std::thread(std::ref(m_engio));
+    }
+
+    void start(const std::string& name, const std::string& script) { start(make_engine(name, script)); }
+
+    void quit() {
+        m_engio.quit();
+        if (m_reader.joinable()) m_reader.join();
+    }
+
+    void TearDown() override {
+        quit();
+        EngineTest::TearDown();
+    }
+
+    /// The engine's log without its stamps, whose form is checked.
+    std::vector<std::string> log() {
+        std::vector<std::string> lines = lines_of(read_file("engine2.log"));
+        for (std::string& line : lines) {
+            EXPECT_TRUE(matches("~.~", line.substr(0, 9))) << line;
+            line.erase(0, 9);
+        }
+        return lines;
+    }
+
+    Receiver m_receiver;
+    Engio m_engio;
+    std::thread m_reader;
+};
+
+using Lines = std::vector<std::string>;
+
+TEST_F(EngioTest, LinesComeWholeAndInOrder) {
+    start("a", "write one\\ntw\nwait 20\nwrite o\\n\\nthr\nwait 20\nwrite ee\\nbestmove e2e4\\n\n");
+    ASSERT_TRUE(wait_until([&] { return m_receiver.lines().size() == 5; }));
+    const Lines expected{"one", "two", "", "three", "bestmove e2e4 TS=~"};
+    EXPECT_EQ(masked(m_receiver.lines(), expected), expected);
+}
+
+TEST_F(EngioTest, LogsBothDirections) {
+    m_engio.set_engine_id(2);
+    m_engio.set_logging(true);
+    const std::string path = make_engine("a", "until go\nwrite one\\ntwo\\n\n");
+    start(path);
+    m_engio.send("");
+    m_engio.send("go");
+    m_engio.send(std::string(32768, 'x'));
+    ASSERT_TRUE(wait_until([&] { return m_receiver.lines().size() == 2; }));
+    quit();
+    EXPECT_EQ(log(),
+              (Lines{"   Engio::spawn_engine(" + path + ")", "   Engio::spawn_engine() carriage return false",
+                     "   engine <- go", "   Engio::operator() command from interface too big   size=32768",
+                     "   engine -> one", "   engine -> two   {cnt=2} ", "   engine <- quit"}));
+}
+
+TEST_F(EngioTest, LongestCommandIsTakenAndALineEndIsNotDoubled) {
+    start("a", "until done\nanswer done\n");
+    const std::string longest(32767, 'x');
+    m_engio.send(longest);
+    m_engio.send("go\n");
+    m_engio.send("done");
+    ASSERT_TRUE(wait_until([&] { return !m_receiver.lines().empty(); }));
+    EXPECT_EQ(sent("a"), longest + "\ngo\ndone\n");
+}
+
+TEST_F(EngioTest, CarriageReturnsGoToThoseThatUseThem) {
+    struct Row {
+        const char* name;
+        const char* suffix;
+        const char* line;
+        const char* sent;
+    };
+    for (const Row& row : {Row{"a", ".exe", "answer hello\n", "go\r\nquit\r\n"},
+                           Row{"b", ".engine", "answer hello\\r\n", "go\r\nquit\r\n"},
+                           Row{"c", ".engine", "answer hello\n", "go\nquit\n"}}) {
+        const auto before = m_receiver.lines().size();
+        start(make_engine(row.name, std::string(row.line) + "until go\n", row.suffix));
+        ASSERT_TRUE(wait_until([&] { return m_receiver.lines().size() > before; }));
+        m_engio.send("go");
+        quit();
+        EXPECT_TRUE(wait_until([&] { return sent(row.name) == row.sent; })) << sent(row.name);
+    }
+}
+
+TEST_F(EngioTest, DotExeAloneIsNoExtension) {
+    // A path of four bytes, so it must be found from the working directory.
+    std::filesystem::create_symlink(SCRIPTED_ENGINE, directory() + ".exe");
+    write_file(".script", "until uci\n");  // the name of the program without its extension is empty
+    start(".exe");
+    m_engio.send("uci");
+    EXPECT_TRUE(wait_until([&] { return sent("") == "uci\n"; })) << sent("");
+}
+
+TEST_F(EngioTest, ReportsWhatCannotBeStarted) {
+    m_engio.set_engine_id(2);
+    m_engio.set_logging(true);
+    write_file("bad", "#!/nowhere/interpreter\n");
+    std::filesystem::permissions("bad", std::filesystem::perms::owner_all);
+    for (const std::string& path : {directory() + "none", directory(), directory() + "bad"}) {
+        start(path);
+        EXPECT_FALSE(m_engio.is_spawned()) << path;
+        const Lines lines = log();
+        EXPECT_EQ(lines.at(lines.size() - 2), "   Engio::spawn_engine(" + path + ")  FAILED");
+    }
+    start(std::string(1000, 'x'));
+    EXPECT_FALSE(m_engio.is_spawned());
+    EXPECT_EQ(log().back(), "   Engio::spawn_engine() filename too long   size=1000");
+    start("/bin/" + std::string(985, '/') + "true.none");
+    EXPECT_EQ(log().at(log().size() - 2).substr(0, 30), "   Engio::spawn_engine(/bin///")
+        << "999 bytes are tried";
+}
+
+TEST_F(EngioTest, RefusesASecondProcess) {
+    start("a", "");
+    try {
+        m_engio.spawn_engine("b");
+        ADD_FAILURE();
+    } catch (const std::logic_error& error) {
+        EXPECT_STREQ(error.what(),
+                     "Engio::spawn_engine() trying to spawn an engine while a spawned engine already exists");
+    }
+}
+
+TEST_F(EngioTest, EndOfTheEngineCountsAsCrashAndLosesNoWholeLine) {
+    const char* endings[] = {"die 3", "kill 11", "close stdout"};
+    for (const char* ending : endings) {
+        const std::string name = std::string("a") + ending;
+        const auto before = m_receiver.lines().size();
+        start(name, "write whole\\nbestmo\n" + std::string(ending) + '\n');
+        ASSERT_TRUE(wait_until([&] { return m_engio.has_crashed(); }));
+        EXPECT_EQ(m_receiver.lines().size(), before + 1) << ending;
+        EXPECT_FALSE(m_engio.is_alive());
+        EXPECT_TRUE(m_engio.is_spawned());
+        m_engio.send("into the dark");
+        quit();
+        EXPECT_TRUE(m_engio.reset_flags());
+        EXPECT_FALSE(m_engio.has_crashed());
+        EXPECT_EQ(sent(name).find("dark"), std::string::npos);
+    }
+}
+
+TEST_F(EngioTest, QuitIsNoCrash) {
+    start("a", "until quit\nanswer bye\n");
+    quit();
+    EXPECT_FALSE(m_engio.has_crashed());
+    EXPECT_FALSE(m_engio.is_spawned());
+    EXPECT_FALSE(m_engio.reset_flags());
+    m_engio.send("late");
+    EXPECT_TRUE(wait_until([&] { return sent("a") == "quit\n"; }));
+}
+
+TEST_F(EngioTest, AnEngineThatIgnoresQuitIsLeftBehind) {
+    start("a", "ignore quit\nuntil go\nwait 100\n");
+    m_engio.send("go");
+    quit();
+    EXPECT_TRUE(wait_until([&] { return sent("a") == "go\nquit\n"; })) << "it still runs and reads";
+    kill_children();
+}
+
+TEST_F(EngioTest, AnEngineThatDoesNotReadCountsAsCrashed) {
+    start("a", "answer here\nhang\n");
+    ASSERT_TRUE(wait_until([&] { return !m_receiver.lines().empty(); }));
+    for (int i = 0; i < 100 && m_engio.is_alive(); ++i) m_engio.send(std::string(30000, 'x'));
+    EXPECT_TRUE(m_engio.has_crashed());
+    kill_children();
+}
+
+TEST_F(EngioTest, AnEndlessLineCountsAsCrash) {
+    start("a", "answer here\nspew 10000000 x\n");
+    ASSERT_TRUE(wait_until([&] { return m_engio.has_crashed(); }));
+    EXPECT_EQ(m_receiver.lines(), Lines{"here"});
+}
+
+TEST_F(EngioTest, SurvivesBytesThatAreNoTextAndAThrowingReceiver) {
+    start("a", "write \\x00\\xff\\xfe\\n\nanswer throw\nanswer last\n");
+    ASSERT_TRUE(wait_until([&] { return m_receiver.lines().size() == 3; }));
+    EXPECT_EQ(m_receiver.lines(), (Lines{std::string("\0\xff\xfe", 3), "throw", "last"}));
+    EXPECT_TRUE(m_engio.is_alive());
+}
+
+TEST_F(EngioTest, ManyThreadsSendWholeLines) {
+    start("a", "until end\nanswer end\n");
+    {
+        std::vector<std::jthread> writers;
+        for (const char* text : {"aaaa", "bbbb", "cccc"}) {
+            writers.emplace_back([this, text] {
+                for (int i = 0; i < 500; ++i) m_engio.send(text);
+            });
+        }
+    }
+    m_engio.send("end");
+    ASSERT_TRUE(wait_until([&] { return !m_receiver.lines().empty(); }));
+    std::size_t whole = 0;
+    for (const std::string& line : lines_of(sent("a"))) {
+        whole += line == "aaaa" || line == "bbbb" || line == "cccc" ? 1 : 0;
+    }
+    EXPECT_EQ(whole, 1500U);
+}
+
+}  // namespace
+
+}  // namespace velmora

@@ -1,0 +1,288 @@
+#include "engine/gui_engine.h"
+
+#include <algorithm>
+#include <atomic>
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+
+#include "channel/line_queue.h"
+#include "channel/text.h"
+#include "chess/position.h"
+#include "tests/engine/engine_fixture.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr std::chrono::milliseconds quick(1);
+
+std::string joined(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) text += (text.empty() ? "" : "; ") + line;
+    return text;
+}
+
+class GuiEngineTest : public EngineTest {
+protected:
+    void load(const std::string& script, Protocol protocol = Protocol::uci) {
+        m_engine.emplace(quick);
+        const std::string name = "peer" + std::to_string(m_loads++);
+        m_engine->load_engine(&m_sink, 1, make_engine(name, script), protocol);
+    }
+
+    std::string sent_to_last() const { return sent("peer" + std::to_string(m_loads - 1)); }
+
+    void TearDown() override {
+        m_engine.reset();
+        EngineTest::TearDown();
+    }
+
+    RecordingSink m_sink;
+    std::optional<GuiEngine> m_engine{quick};
+    int m_loads = 0;
+};
+
+/// Protocol, whether it was answered, reported name, author and number of options.
+std::string findings(const GuiEngine& engine) {
+    static const char* names[] = {"autodetect", "uci", "v1", "v2"};
+    const EngineVariables found = engine.get_enginevariables();
+    EXPECT_EQ(found.name, found.engine_name);
+    return names[static_cast<std::size_t>(engine.protocol())] + std::string(found.uci_flag ? "!/" : "/") +
+           found.engine_name + '/' + found.author + '/' +
+           std::to_string(std::min<std::size_t>(found.options.size(), 150));
+}
+
+TEST_F(GuiEngineTest, FindsTheProtocol) {
+    struct Row {
+        const char* script;
+        Protocol asked;
+        const char* found;  // as findings()
+        const char* sent;
+    };
+    const Row rows[] = {
+        {"answer Welcome!\nuntil uci\nanswer id name Alpha 1.0 \nanswer id author A. Nobody\nanswer "
+         "=uciok=\n",
+         Protocol::autodetect, "uci!/Alpha 1.0/A. Nobody/0", "uci; quit"},
+        {"until uci\nflood 150 option name O%d type check default true\nanswer uciok\n", Protocol::autodetect,
+         "uci!///150", "uci; quit"},
+        {"until uci\nflood 300 option name O%d type check default true\nanswer uciok\n", Protocol::uci,
+         "uci///150", "uci; quit"},
+        {"until uci\nflood 100000 info string %d\nanswer uciok\n", Protocol::uci, "uci!///0", "uci; quit"},
+        {"until protover\nanswer feature done=0 ping=1 myname=\"Beta 2\" done=1 san=1\n",
+         Protocol::autodetect, "v2/Beta 2//0",
+         "uci; xboard; protover 2; accepted done; accepted ping; accepted myname; accepted done; quit"},
+        {"until protover\nanswer feature memory=1 smp=1 option=\"X -check 1\" made_up=1\n",
+         Protocol::autodetect, "v2///2",
+         "uci; xboard; protover 2; accepted memory; accepted smp; accepted made_up; quit"},
+        {"", Protocol::autodetect, "v1///0", "uci; xboard; protover 2; xboard; quit"},
+        {"", Protocol::uci, "uci///0", "uci; quit"},
+        {"", Protocol::xboard_v1, "v1///0", "xboard; quit"},
+        {"", Protocol::xboard_v2, "v2///0", "xboard; protover 2; quit"},
+    };
+    for (const Row& row : rows) {
+        load(row.script, row.asked);
+        ASSERT_TRUE(m_engine->is_alive()) << row.script;
+        EXPECT_EQ(findings(*m_engine), row.found) << row.script;
+        m_engine->unload_engine();
+        EXPECT_TRUE(wait_until([&] { return joined(lines_of(sent_to_last())) == row.sent; }))
+            << sent_to_last();
+    }
+}
+
+TEST_F(GuiEngineTest, AVersion1EngineIsShownButGetsNoCommands) {
+    load("answer hello\n", Protocol::xboard_v1);
+    m_engine->set_ponder(true);
+    m_engine->new_game();
+    m_engine->go();
+    m_engine->stop();
+    m_engine->unload_engine();
+    EXPECT_TRUE(wait_until([&] { return sent_to_last() == "xboard\nquit\n"; })) << sent_to_last();
+    EXPECT_EQ(m_sink.size(), 0U);
+}
+
+TEST_F(GuiEngineTest, AnEmptyHandleAnswersHarmlessly) {
+    const auto expect_empty = [this] {
+        EXPECT_FALSE(m_engine->is_alive() || m_engine->has_crashed() || m_engine->is_white());
+        EXPECT_EQ(m_engine->get_engine_id(), 0U);
+        EXPECT_EQ(m_engine->time_left(), 0);
+        EXPECT_EQ(m_engine->moves_to_go(), 1);
+        EXPECT_EQ(m_engine->status(), EngineStatus::idle);
+        EXPECT_EQ(m_engine->get_level().text(), Level().text());
+        EXPECT_TRUE(m_engine->get_options().empty());
+        EXPECT_EQ(m_engine->engine_name() + m_engine->player_name() + m_engine->elo(), "");
+        m_engine->set_enginevariables(EngineVariables());
+        m_engine->set_level(Level());
+        m_engine->set_opponent_time(5);
+        m_engine->set_position(ChessPosition());
+        m_engine->go();
+        m_engine->stop();
+        m_engine->set_logging(true);
+        try {
+            m_engine->get_enginevariables();
+            ADD_FAILURE();
+        } catch (const std::logic_error& error) {
+            EXPECT_STREQ(error.what(), "GuiEngine::get_enginevariables no engine found");
+        }
+    };
+    expect_empty();
+    // Programs that cannot be started, or that leave at once or in the middle of the handshake.
+    write_file("no_program", "text");
+    for (const std::string& path : {directory() + "none", directory(), directory() + "no_program"}) {
+        m_engine->load_engine(&m_sink, 1, path, Protocol::autodetect);
+        expect_empty();
+    }
+    for (const char* script : {"die", "until uci\nwrite id na\ndie\n",
+                               "until protover\nanswer feature ping=1\nkill 9\n", "close stdout\n"}) {
+        load(script, Protocol::autodetect);
+        expect_empty();
+    }
+    // A driver without a process.
+    m_engine.emplace();
+    m_engine->load_engine(&m_sink, 0, directory() + "none", Protocol::uci);
+    EXPECT_FALSE(m_engine->is_alive());
+    EXPECT_EQ(m_engine->get_enginevariables().engine_name, "NoNameYet");
+}
+
+TEST_F(GuiEngineTest, KeepsTheRecordOfALoadedEngine) {
+    load(
+        "until uci\nanswer id name Peer\nanswer option name Hash type spin default 16\n"
+        "answer option name Clear Hash type button\nanswer uciok\n");
+    EXPECT_TRUE(m_engine->is_alive() && m_engine->is_white());
+    EXPECT_EQ(m_engine->get_engine_id(), 1U);
+    EngineVariables wanted;
+    wanted.elo = "2400";
+    wanted.player_name = "Paula";
+    wanted.handicap = "50";
+    wanted.level = Level("fixed_depth 1");
+    wanted.protocol = Protocol::xboard_v1;
+    for (const char* name : {"Hash", "Unknown"}) wanted.options[name].name = name;
+    wanted.options["Hash"].value = "64";
+    m_engine->set_enginevariables(wanted);
+    m_engine->set_level(Level("sudden_death 0 10 2"));
+    m_engine->set_opponent_time(77);
+    EXPECT_EQ(m_engine->time_left(), 300000) << "the handicap counts";
+    EXPECT_EQ(m_engine->increment(), 1000);
+    EXPECT_EQ(m_engine->opponent_time(), 77);
+    EXPECT_EQ(m_engine->player_name() + m_engine->elo() + m_engine->engine_name(), "Paula2400Peer");
+    EXPECT_EQ(m_engine->get_level().text(), "sudden_death 0 10 2");
+    EXPECT_EQ(m_engine->get_enginevariables().protocol, Protocol::uci);
+    EXPECT_EQ(m_engine->get_options().size(), 2U);
+
+    const EngineVariables before = m_engine->get_enginevariables();
+    m_engine->reload_engine();
+    ASSERT_TRUE(m_engine->is_alive());
+    EXPECT_EQ(m_engine->get_level().text(), Level().text());
+    m_engine->set_enginevariables(before);
+    m_engine->set_level(before.level);
+    EXPECT_EQ(m_engine->time_left(), 300000);
+    EXPECT_EQ(m_engine->get_options().at("Hash").value, "64");
+    m_engine->unload_engine();
+    const std::string session = "uci\nsetoption name Clear Hash\nsetoption name Hash value 64\n";
+    EXPECT_TRUE(wait_until([&] {
+        return sent_to_last() == session + "quit\nuci\nucinewgame\nisready\n" + session.substr(4) + "quit\n";
+    })) << sent_to_last();
+}
+
+TEST_F(GuiEngineTest, XboardOptionsHaveCommandsOfTheirOwn) {
+    load("until protover\nanswer feature memory=1 smp=1 done=1\n", Protocol::xboard_v2);
+    EngineVariables wanted = m_engine->get_enginevariables();
+    wanted.options.at("xboard_memory").value = "256";
+    m_engine->set_enginevariables(wanted);
+    m_engine->unload_engine();
+    EXPECT_TRUE(
+        wait_until([&] { return sent_to_last().ends_with("accepted done\nmemory 256\ncores 1\nquit\n"); }));
+}
+
+TEST_F(GuiEngineTest, GoingTwiceIsAFaultOfTheProgram) {
+    load("until uci\nanswer uciok\n");
+    m_engine->go();
+    EXPECT_EQ(m_engine->status(), EngineStatus::thinking);
+    try {
+        m_engine->go();
+        ADD_FAILURE();
+    } catch (const std::logic_error& error) {
+        EXPECT_STREQ(error.what(), "UciEngine::go():   engine already thinking");
+    }
+}
+
+TEST_F(GuiEngineTest, WritesLogAndTrace) {
+    LogFile trace;
+    trace.open(directory() + "trace.log", LogFile::Opening::append);
+    load("until uci\nanswer uciok\nuntil go\nanswer bestmove e2e4\n");
+    m_engine->set_debug_stream(&trace);
+    m_engine->set_logging(true);
+    m_engine->set_level(Level("fixed_depth 1"));
+    m_engine->go();
+    ASSERT_TRUE(wait_until([&] { return m_sink.size() == 1; }));
+    m_engine->go_infinite();
+    m_engine->stop();
+    m_engine->reload_engine();
+    m_engine->unload_engine();
+    const std::string position =
+        "position fen rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1 moves";
+    const std::vector<std::string> expected{"~.~ engine1 <- UciEngine::go()    " + position,
+                                            "~.~ engine1 start_clock()  time=~",
+                                            "~.~ engine1 <- UciEngine::go()    go depth 1",
+                                            "~.~ engine1 move_and_stop_clock()  time=~",
+                                            "~.~ engine1 <- UciEngine::go_infinite()    " + position,
+                                            "~.~ engine1 <- UciEngine::go_infinite()    go infinite",
+                                            "~.~ engine1 <- UciEngine::stop()"};
+    EXPECT_EQ(masked(lines_of(read_file("trace.log")), expected), expected);
+    const std::vector<std::string> logged{"~.~   engine <- " + position, "~.~   engine <- isready",
+                                          "~.~   engine <- go depth 1",  "~.~   engine -> bestmove e2e4 TS=~",
+                                          "~.~   engine <- " + position, "~.~   engine <- go infinite",
+                                          "~.~   engine <- stop",        "~.~   engine <- quit",
+                                          "~.~   engine <- uci",         "~.~   engine -> uciok",
+                                          "~.~   engine <- ucinewgame",  "~.~   engine <- isready",
+                                          "~.~   engine <- quit"};
+    EXPECT_EQ(masked(lines_of(read_file("engine1.log")), logged), logged);
+}
+
+TEST_F(GuiEngineTest, ACrashWhileThinkingIsSeenAndReloaded) {
+    load("until uci\nanswer uciok\nuntil go\nwrite info depth 1\\nbestmove e2\ndie\n");
+    m_engine->go();
+    ASSERT_TRUE(wait_until([&] { return m_engine->has_crashed(); }));
+    EXPECT_FALSE(m_engine->is_alive());
+    EXPECT_EQ(m_sink.size(), 1U) << "the whole line came, the cut one did not";
+    m_engine->stop();
+    m_engine->new_game();
+    m_engine->reload_engine();
+    EXPECT_TRUE(m_engine->is_alive());
+    EXPECT_FALSE(m_engine->has_crashed());
+    EXPECT_EQ(m_engine->status(), EngineStatus::idle);
+}
+
+/// A queue that drops thinking output when nobody reads, as the referee has it.
+class QueueSink : public CommandSink {
+public:
+    void put_command(const std::string& line) override {
+        m_queue.put(line);
+        if (line.find("bestmove") != std::string::npos) ++moves;
+    }
+
+    std::atomic<int> moves = 0;
+    LineQueue m_queue{[](const std::string& line) { return line.find(" info ") != std::string::npos; }};
+};
+
+TEST_F(GuiEngineTest, AMillionInfoLinesThatNobodyReadsLeaveTheMoves) {
+    QueueSink sink;
+    m_engine->load_engine(&sink, 2,
+                          make_engine("flooding",
+                                      "until uci\nanswer uciok\nuntil go\nanswer bestmove a2a3\n"
+                                      "flood 1000000 info depth %d\nanswer bestmove e2e4\n"),
+                          Protocol::uci);
+    m_engine->go();
+    ASSERT_TRUE(wait_until([&] { return sink.moves == 2; }));
+    m_engine->unload_engine();
+    EXPECT_EQ(sink.m_queue.size(), LineQueue::crowded_at);
+    std::vector<std::string> lines;
+    sink.m_queue.drain([&lines](const std::string& line) { lines.push_back(line); });
+    EXPECT_TRUE(matches("2 0 bestmove a2a3 TS=~", lines.front())) << lines.front();
+    EXPECT_EQ(lines[lines.size() - 2], "2 0 info depth 1000000");
+    EXPECT_TRUE(matches("2 0 bestmove e2e4 TS=~", lines.back())) << lines.back();
+}
+
+}  // namespace
+
+}  // namespace velmora

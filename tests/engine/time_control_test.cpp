@@ -1,0 +1,180 @@
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
+#include "engine/engine_variables.h"
+#include "engine/game_clock.h"
+#include "engine/level.h"
+#include "engine/stopwatch.h"
+
+namespace velmora {
+
+namespace {
+
+std::chrono::nanoseconds fake_time{0};
+std::chrono::nanoseconds fake_now() { return fake_time; }
+void advance(int milliseconds) { fake_time += std::chrono::milliseconds(milliseconds); }
+
+struct LevelRow {
+    const char* input;
+    const char* text;
+    int moves, base_ms, inc_ms;
+};
+
+TEST(Level, ReadsAndWritesItsText) {
+    const LevelRow rows[] = {
+        {"sessions 40 0:10 0.1", "sessions 40 0:10 0.1", 40, 10000, 100},
+        {"sudden_death 0 5 0", "sudden_death 0 5 0", 0, 300000, 0},
+        {"sudden_death 0 5:07 2.5", "sudden_death 0 5:7 2.5", 0, 307000, 2500},
+        {"  sessions\t20  1:30:20 1 rest", "sessions 20 1:30 1", 20, 90000, 1000},
+        {"sessions 20 x5y30 0.29", "sessions 20 5 0.29", 20, 300000, 290},
+        {"sessions 20 :30 0", "sessions 20 30 0", 20, 1800000, 0},
+        {"sessions", "sessions 0 0 0", 0, 0, 0},
+        {"sessions many 5 1", "sessions 0 5 1", 0, 300000, 1000},
+        {"sudden_death 0 100 -1", "sudden_death 0 100 -1", 0, 6000000, -1000},
+        {"sessions 1 30000 0", "sessions 1 30000 0", 1, 1800000000, 0},
+        {"sessions 99999999999 99999999999:59 1e30", "sessions 2147483647 35791:23 2.14748e+06", 2147483647,
+         2147483647, 2147483647},
+        {"sudden_death 0 1 nan", "sudden_death 0 1 0", 0, 60000, 0},
+        {"fixed_depth 12", "fixed_depth 12", 0, 1073741824, 0},
+        {"fixed_nodes 1000", "fixed_nodes 1000", 0, 1073741824, 0},
+        {"fixed_movetime 500", "fixed_movetime 500", 0, 1073741824, 0},
+        {"fixed_movetime", "fixed_movetime 0", 0, 1073741824, 0},
+    };
+    for (const LevelRow& row : rows) {
+        const Level level(row.input);
+        EXPECT_EQ(level.text(), row.text) << row.input;
+        EXPECT_EQ(level.moves(), row.moves) << row.input;
+        EXPECT_EQ(level.base_ms(), row.base_ms) << row.input;
+        EXPECT_EQ(level.inc_ms(), row.inc_ms) << row.input;
+    }
+    EXPECT_EQ(Level().text(), "sessions 40 0:10 0.1");
+}
+
+std::string thrown_by(const char* text) {
+    try {
+        Level level(text);
+        return "nothing thrown for " + level.text();
+    } catch (const std::logic_error& error) {
+        return error.what();
+    }
+}
+
+TEST(Level, RefusesAnUnknownMode) {
+    EXPECT_EQ(thrown_by("blitz 5 0"), "Level::set(blitz)");
+    EXPECT_EQ(thrown_by("Sessions 40 5 0"), "Level::set(Sessions)");
+    EXPECT_EQ(thrown_by(""), "Level::set(level_t=\?\?\?)");
+}
+
+TEST(Level, ComparesWhatMakesAClock) {
+    EXPECT_EQ(Level("fixed_depth 3"), Level("fixed_nodes 7"));
+    EXPECT_NE(Level("sessions 40 5 0"), Level("sudden_death 0 5 0"));
+    EXPECT_NE(Level("sessions 40 5 0"), Level("sessions 40 5 0.1"));
+    Level level;
+    level.set_depth(9);
+    EXPECT_EQ(level.text(), "fixed_depth 9");
+    EXPECT_EQ(level, Level()) << "the base time stays";
+}
+
+TEST(Stopwatch, SumsItsLaps) {
+    Stopwatch watch(fake_now);
+    advance(50);
+    EXPECT_EQ(watch.elapsed_ms(), 0) << "stopped after construction";
+    watch.start();
+    advance(1500);
+    EXPECT_DOUBLE_EQ(watch.elapsed(), 1.5);
+    watch.stop();
+    watch.stop();
+    advance(70);
+    EXPECT_EQ(watch.elapsed_ms(), 1500);
+    watch.start();
+    advance(7);
+    watch.start();  // drops the seven
+    advance(3);
+    EXPECT_EQ(watch.elapsed_ms(), 1503);
+    const Stopwatch copy = watch;
+    watch.reset();
+    advance(1);
+    EXPECT_EQ(watch.elapsed_ms(), 0);
+    EXPECT_EQ(copy.elapsed_ms(), 1504) << "a copy runs on";
+}
+
+TEST(GameClock, AddsIncrementsAndSessions) {
+    GameClock clock(fake_now);
+    clock.set_level(Level("sessions 2 1 1"));
+    EXPECT_EQ(clock.time_left(), 60000);
+    EXPECT_EQ(clock.moves_to_go(), 2);
+    clock.start_clock();
+    advance(4000);
+    EXPECT_EQ(clock.time_left(), 56000);
+    EXPECT_EQ(clock.move_time(), 4000);
+    clock.move_and_stop_clock(0);
+    advance(100000);
+    EXPECT_EQ(clock.time_left(), 61000 - 4000);
+    EXPECT_EQ(clock.moves_to_go(), 1);
+    clock.start_clock();
+    advance(500);
+    clock.move_and_stop_clock(0);
+    EXPECT_EQ(clock.move_time(), 500);
+    EXPECT_EQ(clock.time_left(), 122000 - 4500);
+    EXPECT_EQ(clock.moves_to_go(), 2);
+    clock.restart();
+    EXPECT_EQ(clock.time_left(), 60000);
+    clock.set_time_left(1234);
+    EXPECT_EQ(clock.time_left(), 1234);
+}
+
+TEST(GameClock, HasNoSessionInSuddenDeath) {
+    GameClock clock(fake_now);
+    clock.set_level(Level("sudden_death 0 1 0"));
+    for (int i = 0; i < 3; ++i) clock.move_and_stop_clock(0);
+    EXPECT_EQ(clock.moves_to_go(), -3);
+    clock.start_clock();
+    advance(60050);
+    EXPECT_EQ(clock.time_left(), -50);
+}
+
+TEST(GameClock, RefundsTheTimeInTransit) {
+    struct Row {
+        std::uint32_t stamp, present;
+        int refund;
+    };
+    for (const Row& row : {Row{0, 900, 0}, Row{880, 900, 20}, Row{900, 900, 0}, Row{950, 900, 0}}) {
+        GameClock clock(fake_now);
+        clock.set_level(Level("sudden_death 0 1 0"));
+        clock.move_and_stop_clock(row.stamp, row.present);
+        EXPECT_EQ(clock.time_left(), 60000 + row.refund) << row.stamp;
+    }
+}
+
+TEST(GameClock, LimitsWhatIsRead) {
+    GameClock clock(fake_now);
+    clock.set_level(Level("sessions 1 30000 0"));
+    for (int i = 0; i < 3; ++i) clock.move_and_stop_clock(0);
+    EXPECT_EQ(clock.time_left(), 2147483647);
+}
+
+TEST(EngineVariables, TakesTheHandicapOffTheClockAlone) {
+    struct Row {
+        const char* handicap;
+        const char* level;
+        int time_left, increment;
+    };
+    for (const Row& row :
+         {Row{"50", "sudden_death 0 10 2", 300000, 1000}, Row{"25", "sessions 40 4 0", 180000, 0},
+          Row{"12.5 %", "sessions 40 4 1", 210000, 875}, Row{"100", "sessions 40 4 1", 240000, 1000},
+          Row{"0", "sessions 40 4 1", 240000, 1000}, Row{"", "sessions 40 4 1", 240000, 1000},
+          Row{"half", "sessions 40 4 1", 240000, 1000}, Row{"-5", "sessions 40 4 1", 240000, 1000},
+          Row{"50", "fixed_depth 8", 536870912, 0}}) {
+        EngineVariables engine;
+        engine.handicap = row.handicap;
+        engine.set_level(Level(row.level));
+        EXPECT_EQ(engine.clock.time_left(), row.time_left) << row.handicap;
+        EXPECT_EQ(engine.clock.increment(), row.increment) << row.handicap;
+        EXPECT_EQ(engine.level.text(), row.level);
+    }
+}
+
+}  // namespace
+
+}  // namespace velmora
