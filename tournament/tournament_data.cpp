@@ -2,7 +2,20 @@
 
 #include <utility>
 
+#include "channel/text.h"
+
 namespace velmora {
+
+TournamentParticipant participant_of(const EngineVariables& engine) {
+    TournamentParticipant participant;
+    participant.name = engine.name;
+    const auto number = [](const std::string& text) {
+        return text::WordReader(text).integer<std::int32_t>();
+    };
+    participant.elo = number(engine.elo).value_or(participant.elo);
+    participant.handicap = number(engine.handicap).value_or(participant.handicap);
+    return participant;
+}
 
 std::string TournamentGame::round_label() const {
     std::string label = std::to_string(round);

@@ -1,15 +1,21 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "engine/engine_variables.h"
 #include "engine/level.h"
 
 namespace velmora {
 
 /// What a schedule is made of; the numbers are fixed.
 enum class TournamentType : std::int32_t { match = 0, gauntlet = 1, round_robin = 2 };
+
+/// The words of the types; the index is the type's number.
+constexpr std::array<std::string_view, 3> tournament_type_words{"match", "gauntlet", "roundrobin"};
 
 /// One engine of a tournament.
 struct TournamentParticipant {
@@ -20,6 +26,10 @@ struct TournamentParticipant {
 
     bool operator==(const TournamentParticipant&) const = default;
 };
+
+/// The participant that an installed engine makes, without an id. Its free texts of Elo and handicap count as
+/// 2600 and 0 when they do not begin with a number.
+TournamentParticipant participant_of(const EngineVariables& engine);
 
 /// One game of the schedule. A game with `number` 0 is none.
 struct TournamentGame {

@@ -14,12 +14,10 @@ namespace {
 
 using text::WordReader;
 
-/// The words of the types, in the order in which a line is searched for them; the index is the type's number.
-constexpr std::array<std::string_view, 3> type_words{"match", "gauntlet", "roundrobin"};
-
+/// A word that contains none of the types leaves the type alone.
 void read_type(std::string_view word, TournamentData& data) {
-    for (std::size_t type = 0; type < type_words.size(); ++type) {
-        if (word.find(type_words[type]) == std::string_view::npos) continue;
+    for (std::size_t type = 0; type < tournament_type_words.size(); ++type) {
+        if (word.find(tournament_type_words[type]) == std::string_view::npos) continue;
         data.type = static_cast<TournamentType>(type);
         return;
     }
@@ -156,7 +154,7 @@ std::string to_text(const TournamentData& data) {
     add_line("event ", data.event);
     add_line("site  ", data.site);
     add_line("level ", data.level.text());
-    add_line("type ", type_words.at(static_cast<std::size_t>(data.type)));
+    add_line("type ", tournament_type_words.at(static_cast<std::size_t>(data.type)));
     add_line("rounds ", std::to_string(data.rounds));
     if (!data.opening_book.empty()) add_line("openingbook ", data.opening_book);
     add_line("bothcolors ", true_or_false(data.both_colors));

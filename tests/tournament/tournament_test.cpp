@@ -268,6 +268,25 @@ TEST_F(TournamentTest, StoreListsFilesOfItsKindOnly) {
     EXPECT_EQ(tournament_store::names(m_directory + "missing/"), std::vector<std::string>{});
 }
 
+TEST(TournamentParticipant, FreeTextsOfAnEngineBecomeNumbers) {
+    const struct {
+        const char *elo, *handicap;
+        std::int32_t expected_elo, expected_handicap;
+    } rows[] = {{"2750", "10", 2750, 10},
+                {"", "", 2600, 0},
+                {"strong", "none", 2600, 0},
+                {" 2100 (est.)", "25%", 2100, 25},
+                {"99999999999", "-5", 2600, -5}};
+    for (const auto& row : rows) {
+        EngineVariables engine;
+        engine.name = "Alpha";
+        engine.elo = row.elo;
+        engine.handicap = row.handicap;
+        const TournamentParticipant expected{0, "Alpha", row.expected_elo, row.expected_handicap};
+        EXPECT_EQ(participant_of(engine), expected) << row.elo;
+    }
+}
+
 TEST(TournamentStore, EventsThatAreNoFileNames) {
     const struct {
         std::string event;

@@ -1,0 +1,26 @@
+#include "dialogs/epd_commands_window.h"
+
+#include "dialogs/shown_text.h"
+
+namespace velmora {
+
+EpdCommandsWindow::EpdCommandsWindow() {
+    set_title("EPD");
+    set_border_width(5);
+    set_default_size(600, 200);
+    m_view.set_editable(false);
+    m_view.set_cursor_visible(false);
+    m_view.set_wrap_mode(Gtk::WRAP_WORD_CHAR);
+    m_view.set_monospace(true);
+    m_scroller.set_policy(Gtk::POLICY_AUTOMATIC, Gtk::POLICY_AUTOMATIC);
+    m_scroller.add(m_view);
+    add(m_scroller);
+    m_scroller.show_all();
+}
+
+void EpdCommandsWindow::set_text(std::string_view text) {
+    constexpr std::size_t longest = 100'000;  // bytes; a line that long is no position's
+    m_buffer->set_text(shown_text(text, longest));
+}
+
+}  // namespace velmora

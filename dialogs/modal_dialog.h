@@ -1,0 +1,35 @@
+#pragma once
+
+#include <glibmm/ustring.h>
+#include <gtkmm/box.h>
+#include <gtkmm/dialog.h>
+#include <gtkmm/window.h>
+
+namespace velmora {
+
+/// The frame that all dialogs share: modal, above its parent window, the content in a box with a margin.
+/// Enter gives the default answer, Escape leaves the dialog without one.
+class ModalDialog : public Gtk::Dialog {
+public:
+    /// Pixels between the dialog's edge, its parts, and neighbouring fields.
+    static constexpr int margin = 12;
+    static constexpr int row_spacing = 6;
+    static constexpr int column_spacing = 12;
+
+    ModalDialog(const Glib::ustring& title, Gtk::Window& parent);
+
+    /// Where the content goes, from top to bottom.
+    Gtk::Box& body() { return m_body; }
+
+    /// Adds a button. The label stands as it is: underscores are no mnemonics.
+    Gtk::Button& add_answer(const Glib::ustring& label, int response);
+
+    /// Shows everything and waits for the answer: a button's response, or a negative number when the dialog
+    /// was left in another way.
+    int ask();
+
+private:
+    Gtk::Box m_body{Gtk::ORIENTATION_VERTICAL, margin};
+};
+
+}  // namespace velmora

@@ -1,0 +1,104 @@
+#include "dialogs/numbered_list.h"
+
+#include <algorithm>
+#include <cctype>
+#include <string_view>
+
+#include <gtkmm/cellrenderertext.h>
+#include <gtkmm/treeviewcolumn.h>
+
+namespace velmora {
+namespace {
+
+/// Letters of the ASCII range match in either case.
+bool contains(std::string_view text, std::string_view key) {
+    const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
+    return std::search(text.begin(), text.end(), key.begin(), key.end(),
+                       [&](char a, char b) { return lower(a) == lower(b); }) != text.end();
+}
+
+}  // namespace
+
+NumberedList::NumberedList(const NumberedColumns& columns, const std::vector<TextColumn>& texts)
+    : m_number(columns.id), m_texts(texts), m_store(Gtk::ListStore::create(columns)), m_view(m_store) {
+    constexpr int number_width = 7;
+    constexpr float left = 0.0F, right = 1.0F;
+    add_column(m_number, "ID", number_width, false, right);
+    for (const auto& text : m_texts) {
+        add_column(text.column, text.title, text.width_chars, text.takes_spare_width, left);
+    }
+    m_view.set_fixed_height_mode(true);
+    m_view.set_search_column(m_texts.front().column);
+    m_view.set_search_equal_func(
+        [this](const Glib::RefPtr<Gtk::TreeModel>&, int, const Glib::ustring& key,
+               const Gtk::TreeModel::iterator& row) { return is_mismatch(key, row); });
+    m_view.signal_row_activated().connect(
+        [this](const Gtk::TreeModel::Path&, Gtk::TreeViewColumn*) { m_answered.emit(); });
+    set_policy(Gtk::POLICY_AUTOMATIC, Gtk::POLICY_AUTOMATIC);
+    set_shadow_type(Gtk::SHADOW_IN);
+    add(m_view);
+}
+
+void NumberedList::add_column(const Gtk::TreeModelColumnBase& model_column, const char* title,
+                              int width_chars, bool takes_spare_width, float alignment) {
+    constexpr int padding = 16;  // pixels: the cell's own and the header's
+    int width = 0, height = 0;
+    m_view.create_pango_layout(std::string(static_cast<std::size_t>(width_chars), '0'))
+        ->get_pixel_size(width, height);
+
+    auto* cell = Gtk::manage(new Gtk::CellRendererText);
+    cell->property_ellipsize() = Pango::ELLIPSIZE_END;
+    cell->property_single_paragraph_mode() = true;
+    cell->property_xalign() = alignment;
+    auto* column = Gtk::manage(new Gtk::TreeViewColumn(title, *cell));
+    column->add_attribute(cell->property_text(), model_column);
+    column->set_alignment(alignment);
+    column->set_sizing(Gtk::TREE_VIEW_COLUMN_FIXED);
+    column->set_fixed_width(width + padding);
+    column->set_resizable(true);
+    column->set_expand(takes_spare_width);
+    m_view.append_column(*column);
+}
+
+void NumberedList::append(const Cells& cells) {
+    // One insertion with all values announces the row once; setting cell by cell would announce it each time.
+    std::vector<GValue> values(m_texts.size() + 1, GValue(G_VALUE_INIT));
+    std::vector<int> columns{m_number.index()};
+    g_value_init(&values[0], G_TYPE_INT);
+    g_value_set_int(&values[0], static_cast<int>(m_size + 1));
+    for (std::size_t i = 0; i < m_texts.size(); ++i) {
+        columns.push_back(m_texts[i].column.index());
+        g_value_init(&values[i + 1], G_TYPE_STRING);
+        g_value_set_static_string(&values[i + 1], cells.at(i).c_str());  // the store makes a copy
+    }
+    gtk_list_store_insert_with_valuesv(m_store->gobj(), nullptr, -1, columns.data(), values.data(),
+                                       static_cast<int>(values.size()));
+    ++m_size;
+}
+
+void NumberedList::clear() {
+    m_store->clear();
+    m_size = 0;
+}
+
+void NumberedList::select_first() {
+    if (m_size == 0) return;
+    m_view.set_cursor(Gtk::TreeModel::Path("0"));
+    m_view.grab_focus();
+}
+
+std::optional<std::size_t> NumberedList::selected() {
+    const auto row = m_view.get_selection()->get_selected();
+    if (!row) return std::nullopt;
+    return static_cast<std::size_t>(m_store->get_path(row)[0]);
+}
+
+bool NumberedList::is_mismatch(const Glib::ustring& key, const Gtk::TreeModel::iterator& row) const {
+    if (std::to_string(row->get_value(m_number)) == key.raw()) return false;
+    return std::none_of(m_texts.begin(), m_texts.end(), [&](const TextColumn& text) {
+        const Glib::ustring cell = row->get_value(text.column);
+        return contains(cell.raw(), key.raw());
+    });
+}
+
+}  // namespace velmora

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtkmm/liststore.h>
+#include <gtkmm/scrolledwindow.h>
+#include <gtkmm/treemodelcolumn.h>
+#include <gtkmm/treeview.h>
+
+namespace velmora {
+
+/// The columns of a list whose first one is the running number; the texts follow in the order of display.
+class NumberedColumns : public Gtk::TreeModelColumnRecord {
+public:
+    NumberedColumns() { add(id); }
+    Gtk::TreeModelColumn<int> id;
+};
+
+/// A scrolled list of rows of text, numbered from 1, of which one is picked.
+///
+/// Typing searches all columns; a double click or Enter on a row is an answer. The rows have one height and
+/// the columns a fixed width, so that hundreds of thousands of rows are quick.
+class NumberedList : public Gtk::ScrolledWindow {
+public:
+    /// The texts of one row, without the number. They must be valid UTF-8.
+    using Cells = std::vector<std::string>;
+
+    struct TextColumn {
+        Gtk::TreeModelColumn<Glib::ustring> column;
+        const char* title;
+        int width_chars;
+        bool takes_spare_width;
+    };
+
+    /// `texts` are the columns behind the number, in the order in which they were added to `columns`.
+    NumberedList(const NumberedColumns& columns, const std::vector<TextColumn>& texts);
+
+    /// Adds a row with the next number.
+    void append(const Cells& cells);
+    void clear();
+    std::size_t size() const { return m_size; }
+
+    /// Selects the first row, scrolls to it and lets typing go to the list. Nothing in an empty list.
+    void select_first();
+
+    /// The index, from 0, of the selected row.
+    std::optional<std::size_t> selected();
+
+    /// A row was double-clicked or Enter pressed on it; selected() tells which.
+    sigc::signal<void>& signal_answered() { return m_answered; }
+
+private:
+    void add_column(const Gtk::TreeModelColumnBase& model_column, const char* title, int width_chars,
+                    bool takes_spare_width, float alignment);
+    bool is_mismatch(const Glib::ustring& key, const Gtk::TreeModel::iterator& row) const;
+
+    const Gtk::TreeModelColumn<int> m_number;
+    const std::vector<TextColumn> m_texts;
+    Glib::RefPtr<Gtk::ListStore> m_store;
+    Gtk::TreeView m_view;
+    std::size_t m_size = 0;
+    sigc::signal<void> m_answered;
+};
+
+}  // namespace velmora
