@@ -7,9 +7,8 @@
 
 namespace velmora {
 
-/// Decides which clicks on a list count: the very first one does not, which is the one that the list makes
-/// itself when it gets the keyboard; and none does that follows an accepted one within 100 ms, since a row
-/// that goes moves the cursor and so makes another.
+/// Decides which clicks on a list count: the very first one does not, and none does that follows an accepted
+/// one within 100 ms, so that a bouncing button moves one row.
 class ClickGate {
 public:
     /// `now` is for tests, which bring a time of their own.

@@ -4,11 +4,6 @@
 
 namespace velmora {
 
-void DSTreeView::on_cursor_changed() {
-    Gtk::TreeView::on_cursor_changed();
-    m_row_reached.emit();
-}
-
 DeleteSelection::DeleteSelection(Stopwatch::TimeSource now)
     : m_store(Gtk::ListStore::create(m_columns)), m_gate(now) {
     m_view.set_model(m_store);

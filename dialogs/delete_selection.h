@@ -6,23 +6,11 @@
 #include <gtkmm/liststore.h>
 #include <gtkmm/scrolledwindow.h>
 #include <gtkmm/treemodelcolumn.h>
-#include <gtkmm/treeview.h>
 
 #include "dialogs/click_gate.h"
+#include "dialogs/ds_tree_view.h"
 
 namespace velmora {
-
-/// A tree view that tells when the cursor has moved to a row: one click is what acts, not a double click.
-class DSTreeView : public Gtk::TreeView {
-public:
-    sigc::signal<void>& signal_row_reached() { return m_row_reached; }
-
-protected:
-    void on_cursor_changed() override;
-
-private:
-    sigc::signal<void> m_row_reached;
-};
 
 /// A list of engine names to which names are added and from which they are removed, by the program or by
 /// clicks, which a ClickGate sorts out.
@@ -61,7 +49,7 @@ public:
     /// The name under the cursor, empty when there is none.
     std::string current();
 
-    /// A row was clicked, or reached by the keyboard; current() tells which.
+    /// The user has gone to a row; current() tells which.
     sigc::signal<void>& signal_row_reached() { return m_view.signal_row_reached(); }
 
 private:
