@@ -44,13 +44,17 @@ void EntryReader::run(const OpenSource& open_source) {
 
 void EntryReader::read_all(EntrySource& source) {
     constexpr std::size_t batch_size = 256;
+    constexpr auto longest_wait = std::chrono::milliseconds(10);  // for entries that are far between
     std::vector<FileEntry> batch;
+    auto handed_over = std::chrono::steady_clock::now();
     FileEntry entry;
     while (!m_stop && source.next(entry)) {
         batch.push_back(std::move(entry));
         entry = {};
-        if (batch.size() < batch_size) continue;
+        const auto now = std::chrono::steady_clock::now();
+        if (batch.size() < batch_size && now - handed_over < longest_wait) continue;
         hand_over(batch);
+        handed_over = now;
         const std::uint64_t size = source.file_size();
         m_progress = size == 0 ? 0.0 : static_cast<double>(source.position()) / static_cast<double>(size);
     }

@@ -43,10 +43,11 @@ protected:
             EXPECT_TRUE(dialog.get_modal());
             EXPECT_EQ(dialog.get_transient_for(), &m_parent);
             reply(dialog);
-            watchdog = Glib::signal_timeout().connect_once(
+            watchdog = Glib::signal_timeout().connect(
                 [&dialog] {
                     ADD_FAILURE() << "the dialog was not answered";
                     dialog.response(Gtk::RESPONSE_DELETE_EVENT);
+                    return false;
                 },
                 5000);
             return true;

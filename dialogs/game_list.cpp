@@ -1,0 +1,60 @@
+#include "dialogs/game_list.h"
+
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include "dialogs/shown_text.h"
+#include "game/tag_scanner.h"
+
+namespace velmora {
+namespace {
+
+class GameSource : public EntrySource {
+public:
+    explicit GameSource(const std::string& path) : m_scanner(path) {}
+
+    bool next(FileEntry& entry) override {
+        if (!m_scanner.next(m_header)) return false;
+        entry.offset = m_header.offset;
+        entry.cells.clear();
+        for (const char* name : {"White", "Black", "Result", "Date"}) {
+            entry.cells.push_back(shown_bytes(m_header.tag(name), longest_cell));
+        }
+        return true;
+    }
+    std::uint64_t position() const override { return m_scanner.position(); }
+    std::uint64_t file_size() const override { return m_scanner.file_size(); }
+
+private:
+    TagScanner m_scanner;
+    GameHeader m_header;
+};
+
+std::unique_ptr<EntrySource> open_games(const std::string& path) {
+    // A pipe would hold up the reader for ever.
+    std::error_code error;
+    const bool plain = std::filesystem::is_regular_file(path, error);
+    return std::make_unique<GameSource>(plain ? path : std::string());
+}
+
+}  // namespace
+
+GameList::GameList() : GameList(ModelColumns()) {}
+
+GameList::GameList(const ModelColumns& columns)
+    : ChooserList(columns,
+                  {{columns.white, "White", 20, true},
+                   {columns.black, "Black", 20, true},
+                   {columns.result, "Result", 8, false},
+                   {columns.date, "Date", 11, false}},
+                  "games") {}
+
+int GameList::choose_game(Gtk::Window& parent, const std::string& path) {
+    const auto choice = choose(parent, "Choose Game", [path] { return open_games(path); });
+    if (!choice) return 0;
+    m_chosen_offset = choice->entry.offset;
+    return choice->number;
+}
+
+}  // namespace velmora

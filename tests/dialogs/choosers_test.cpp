@@ -1,0 +1,285 @@
+#include <future>
+
+#include "dialogs/fen_list.h"
+#include "dialogs/game_list.h"
+#include "dialogs/position_lines.h"
+#include "game/pgn_file.h"
+#include "tests/dialogs/dialog_test.h"
+
+namespace velmora {
+namespace {
+
+const std::string start_fen = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1";
+
+std::string pgn_game(const std::string& white, const std::string& rest = "[Date \"1927.09.16\"]\n") {
+    return "[Event \"Match\"]\n[White \"" + white + "\"]\n[Black \"Caf\xE9\"]\n[Result \"1-0\"]\n" + rest +
+           "\n1. e4 {a comment [with] brackets} e5 1-0\n\n";
+}
+
+class ChoosersTest : public DialogTest {
+protected:
+    /// The texts of a row, joined by "|".
+    static std::string row_text(Gtk::TreeView& view, std::size_t row) {
+        const auto cells = view.get_model()->children()[static_cast<unsigned>(row)];
+        int number = 0;
+        cells.get_value(0, number);
+        std::string text = std::to_string(number);
+        for (int column = 1; column < view.get_model()->get_n_columns(); ++column) {
+            Glib::ustring cell;
+            cells.get_value(column, cell);
+            text += "|" + cell.raw();
+        }
+        return text;
+    }
+    static std::size_t rows(Gtk::TreeView& view) { return view.get_model()->children().size(); }
+    static void wait_for_rows(Gtk::TreeView& view, std::size_t count) {
+        EXPECT_TRUE(gui::pump_until([&] { return rows(view) >= count; }, std::chrono::seconds(30)));
+    }
+};
+
+TEST_F(ChoosersTest, ListsTheHeadersOfAFileAndGivesTheOffsetOfTheChoice) {
+    const std::string path =
+        write("x.pgn", "\xEF\xBB\xBF; a comment\n" + pgn_game("Capablanca") + pgn_game("Lasker", ""));
+    GameList list;
+    const int number = answering(
+        [&](Gtk::Dialog& dialog) {
+            EXPECT_EQ(dialog.get_title(), "Choose Game");
+            Gtk::TreeView& view = list_in(dialog);
+            std::string titles;
+            for (auto* column : view.get_columns()) titles += column->get_title() + " ";
+            EXPECT_EQ(titles, "ID White Black Result Date ");
+            wait_for_rows(view, 2);
+            EXPECT_EQ(row_text(view, 0), "1|Capablanca|Caf?|1-0|1927.09.16");
+            EXPECT_EQ(row_text(view, 1), "2|Lasker|Caf?|1-0|") << "an absent tag is an empty cell";
+            click_row(view, 1);
+            press(dialog, "OK");
+        },
+        [&] { return list.choose_game(m_parent, path); });
+    EXPECT_EQ(number, 2);
+    PgnFile file;
+    file.open(path);
+    EXPECT_NE(file.read_game_at(list.chosen_offset()).find("Lasker"), std::string::npos);
+}
+
+TEST_F(ChoosersTest, AnswersByMouseAndKeyboard) {
+    const std::string path = write("x.pgn", pgn_game("a") + pgn_game("b") + pgn_game("c"));
+    const struct {
+        const char* name;
+        void (*reply)(Gtk::Dialog&);
+        int expected;
+    } replies[] = {
+        {"OK takes the first row", [](Gtk::Dialog& dialog) { press(dialog, "OK"); }, 1},
+        {"CANCEL", [](Gtk::Dialog& dialog) { press(dialog, "CANCEL"); }, 0},
+        {"Escape", [](Gtk::Dialog& dialog) { escape(dialog); }, 0},
+        {"the window is closed", [](Gtk::Dialog& dialog) { dialog.close(); }, 0},
+        {"a double click is OK",
+         [](Gtk::Dialog& dialog) {
+             gui::double_click(list_in(dialog).get_bin_window(), middle_of_row(list_in(dialog), 2));
+         },
+         3},
+        {"Enter in the list, one row further down",
+         [](Gtk::Dialog& dialog) {
+             give_keyboard(dialog);
+             gui::press_key(dialog, GDK_KEY_Down);
+             enter(dialog);
+         },
+         2},
+        {"without a selection",
+         [](Gtk::Dialog& dialog) {
+             list_in(dialog).get_selection()->unselect_all();
+             press(dialog, "OK");
+         },
+         0},
+    };
+    GameList list;
+    for (const auto& row : replies) {
+        EXPECT_EQ(answering(row.reply, [&] { return list.choose_game(m_parent, path); }), row.expected)
+            << row.name;
+    }
+}
+
+TEST_F(ChoosersTest, TypingSearchesAllColumns) {
+    const std::string path = write("x.pgn", pgn_game("Anderssen", "") + pgn_game("Steinitz", "") +
+                                                pgn_game("Lasker", "[Date \"1921.03.15\"]\n"));
+    const struct {
+        const char* key;
+        int expected;
+    } rows[] = {{"stein", 2}, {"1921", 3}, {"2", 2}, {"x", 0}};
+    for (const auto& row : rows) {
+        GameList list;
+        const auto reply = [&](Gtk::Dialog& dialog) {
+            Gtk::TreeView& view = list_in(dialog);
+            give_keyboard(dialog);
+            bool open = false;
+            g_signal_emit_by_name(view.gobj(), "start-interactive-search", &open);
+            Gtk::Entry* entry = nullptr;
+            for (Gtk::Window* window : Gtk::Window::list_toplevels()) {
+                if (window != &dialog && window->get_mapped()) {
+                    if (auto* found = gui::find_widget<Gtk::Entry>(*window)) entry = found;
+                }
+            }
+            ASSERT_NE(entry, nullptr);
+            entry->set_text(row.key);
+            gui::pump_pending();
+            press(dialog, "OK");
+        };
+        EXPECT_EQ(answering(reply, [&] { return list.choose_game(m_parent, path); }), row.expected)
+            << row.key;
+    }
+}
+
+TEST_F(ChoosersTest, WrongFilesGiveAnEmptyListAndNoChoice) {
+    const std::string fifo = m_directory + "pipe";
+    ::mkfifo(fifo.c_str(), 0600);
+    const std::string binary = write("binary", std::string(100'000, '\0') + "\n\xFF[\n");
+    for (const std::string& path : {m_directory + "none", m_directory, write("empty", ""), fifo, binary}) {
+        GameList games;
+        EXPECT_EQ(answering([&](Gtk::Dialog& dialog) { press(dialog, "OK"); },
+                            [&] { return games.choose_game(m_parent, path); }),
+                  0)
+            << path;
+        FenList positions;
+        std::string fen = "as it was";
+        answering([&](Gtk::Dialog& dialog) { press(dialog, "CANCEL"); },
+                  [&] { return positions.choose_position(m_parent, path, fen); });
+        EXPECT_EQ(fen, "as it was") << path;
+    }
+}
+
+TEST_F(ChoosersTest, ListsTheLinesOfAFileOfPositions) {
+    const std::string epd = "8/8/8/4k3/8/8/4P3/4K3 w - - id \"Caf\xE9\";";
+    const std::string path = write("x.epd", "\r\n" + start_fen + "\r\n   \n" + epd);
+    FenList list;
+    std::string fen;
+    const auto reply = [&](Gtk::Dialog& dialog) {
+        EXPECT_EQ(dialog.get_title(), "Choose Position");
+        Gtk::TreeView& view = list_in(dialog);
+        wait_for_rows(view, 2);
+        EXPECT_EQ(view.get_column(1)->get_title(), "Fen");
+        EXPECT_EQ(row_text(view, 0), "1|" + start_fen) << "blank lines are not counted";
+        EXPECT_EQ(row_text(view, 1), "2|8/8/8/4k3/8/8/4P3/4K3 w - - id \"Caf?\";");
+        click_row(view, 1);
+        press(dialog, "OK");
+    };
+    EXPECT_EQ(answering(reply, [&] { return list.choose_position(m_parent, path, fen); }), 2);
+    EXPECT_EQ(fen, epd) << "as it stands in the file";
+
+    PositionLines lines(path);
+    std::string line;
+    EXPECT_TRUE(lines.next(line) && lines.next(line));
+    EXPECT_EQ(line, epd) << "line n is row n";
+    EXPECT_FALSE(lines.next(line));
+    EXPECT_EQ(line, "");
+}
+
+TEST_F(ChoosersTest, ALongFileIsListedToItsEnd) {
+    static constexpr std::size_t lines = 50'000;
+    std::string text;
+    for (std::size_t i = 1; i <= lines; ++i) text += start_fen + " id \"" + std::to_string(i) + "\";\n";
+    const std::string path = write("long.fen", text);
+    FenList list;
+    std::string fen;
+    const auto the_last = [](Gtk::Dialog& dialog) {
+        Gtk::TreeView& view = list_in(dialog);
+        wait_for_rows(view, lines);
+        EXPECT_TRUE(gui::pump_until([&] {
+            auto* label = gui::find_labelled<Gtk::Label>(dialog, "50\u202F000 positions");
+            auto* bar = gui::find_widget<Gtk::ProgressBar>(dialog);
+            return label && bar && bar->get_opacity() == 0;
+        }));
+        EXPECT_EQ(view.get_selection()->count_selected_rows(), 1) << "filling leaves the selection alone";
+        view.set_cursor(Gtk::TreeModel::Path(std::to_string(lines - 1)));
+        press(dialog, "OK");
+    };
+    EXPECT_EQ(answering(the_last, [&] { return list.choose_position(m_parent, path, fen); }), int(lines));
+    EXPECT_EQ(fen, start_fen + " id \"50000\";");
+}
+
+/// A file without end.
+class EndlessSource : public EntrySource {
+public:
+    bool next(FileEntry& entry) override {
+        entry = {m_count, {"entry"}, "text " + std::to_string(++m_count)};
+        if (m_count % 100 == 0) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        return true;
+    }
+    std::uint64_t position() const override { return m_count; }
+    std::uint64_t file_size() const override { return 1'000'000; }
+
+private:
+    std::uint64_t m_count = 0;
+};
+
+class EndlessList : public ChooserList {
+public:
+    EndlessList() : EndlessList(FenList::ModelColumns()) {}
+    using ChooserList::Choice;
+    using ChooserList::choose;
+
+private:
+    explicit EndlessList(const FenList::ModelColumns& columns)
+        : ChooserList(columns, {{columns.fen, "Entry", 10, true}}, "entries") {}
+};
+
+TEST_F(ChoosersTest, AListMayBeAnsweredBeforeItIsComplete) {
+    EndlessList list;
+    const auto ask = [&] {
+        return list.choose(m_parent, "Endless", [] { return std::make_unique<EndlessSource>(); });
+    };
+    const auto later_row = [](Gtk::Dialog& dialog) {
+        wait_for_rows(list_in(dialog), 2000);
+        auto* bar = gui::find_widget<Gtk::ProgressBar>(dialog);
+        EXPECT_EQ(bar->get_opacity(), 1);
+        EXPECT_GT(bar->get_fraction(), 0);
+        list_in(dialog).set_cursor(Gtk::TreeModel::Path("1499"));
+        press(dialog, "OK");
+    };
+    const auto choice = answering(later_row, ask);
+    ASSERT_TRUE(choice);
+    EXPECT_EQ(choice->number, 1500);
+    EXPECT_EQ(choice->entry.text, "text 1500");
+    EXPECT_FALSE(answering([](Gtk::Dialog& dialog) { press(dialog, "CANCEL"); }, ask));
+}
+
+/// Hands out its first entry at once and the others when the test lets it.
+class SlowSource : public EntrySource {
+public:
+    explicit SlowSource(std::shared_future<void> gate) : m_gate(std::move(gate)) {}
+    bool next(FileEntry& entry) override {
+        if (m_count++ > 0) m_gate.wait();
+        entry = {m_count, {std::to_string(m_count)}, "text"};
+        return m_count <= 3;
+    }
+    std::uint64_t position() const override { return m_count; }
+    std::uint64_t file_size() const override { return 3; }
+
+private:
+    std::shared_future<void> m_gate;
+    std::uint64_t m_count = 0;
+};
+
+TEST(EntryReader, HandsOverWhatThereIs) {
+    std::promise<void> gate;
+    EntryReader reader([future = gate.get_future().share()] { return std::make_unique<SlowSource>(future); });
+    std::vector<FileEntry> entries;
+    reader.wait_for(1, std::chrono::milliseconds(10));
+    EXPECT_TRUE(reader.take(entries)) << "more will come";
+    gate.set_value();
+    reader.wait_for(100, std::chrono::seconds(10));
+    EXPECT_FALSE(reader.take(entries));
+    ASSERT_EQ(entries.size(), 3U);
+    EXPECT_EQ(entries[2].offset, 3U);
+    EXPECT_EQ(reader.progress(), 1.0);
+}
+
+TEST(EntryReader, ASourceThatThrowsEndsTheList) {
+    testing::internal::CaptureStderr();
+    EntryReader reader([]() -> std::unique_ptr<EntrySource> { throw std::runtime_error("no memory"); });
+    reader.wait_for(1, std::chrono::seconds(10));
+    std::vector<FileEntry> entries;
+    EXPECT_FALSE(reader.take(entries));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "EntryReader: no memory\n");
+}
+
+}  // namespace
+}  // namespace velmora
