@@ -1,0 +1,82 @@
+#include "game/game_tags.h"
+
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+constexpr const char* unknown_game =
+    "[Event \"?\"]\n[Site \"?\"]\n[Date \"????.??.??\"]\n[Round \"?\"]\n[White \"?\"]\n[Black \"?\"]\n"
+    "[Result \"*\"]\n";
+
+TEST(GameTags, KeepTheirOrder) {
+    GameTags tags;
+    tags.set("ECO", "A00");
+    tags.set("White", "a \"b\"");
+    tags.set("Annotator", "");
+    tags.set("ECO", "B00");
+    const std::string printed =
+        "[Event \"?\"]\n[Site \"?\"]\n[Date \"????.??.??\"]\n[Round \"?\"]\n[White \"a \"b\"\"]\n[Black "
+        "\"?\"]\n"
+        "[Result \"*\"]\n[ECO \"B00\"]\n[Annotator \"\"]\n";
+    EXPECT_EQ(tags.print(), printed);
+    EXPECT_EQ(tags.printed_size(), printed.size());
+    EXPECT_EQ(tags.get("ECO"), "B00");
+    EXPECT_EQ(tags.get("Eco"), "");
+    EXPECT_TRUE(tags.contains("Annotator"));
+    EXPECT_FALSE(tags.contains(""));
+    tags.reset();
+    EXPECT_EQ(tags.print(), unknown_game);
+}
+
+TEST(GameTags, ReadTheStartFromFen) {
+    const struct {
+        const char* fen;
+        std::int32_t color;
+        std::int32_t number;
+    } rows[] = {
+        {"8/8/8/8/8/8/8/8 w - - 0 31", 1, 31},
+        {"8/8/8/8/8/8/8/8 b - - 0 12", 0, 12},
+        {"8/8/8/8/8/8/8/8 W - - 0 2", 0, 2},
+        {"8/8/8/8/8/8/8/8 w - -", 1, 1},
+        {"8/8/8/8/8/8/8/8 w - - 0 x", 1, 1},
+        {"8/8/8/8/8/8/8/8 b - - 0 99999999999", 0, 1},
+        {"", 0, 1},
+    };
+    GameTags tags;
+    for (const auto& row : rows) {
+        tags.set("FEN", row.fen);
+        EXPECT_EQ(tags.fen(), row.fen);
+        EXPECT_EQ(tags.start_color(), row.color) << row.fen;
+        EXPECT_EQ(tags.start_move_number(), row.number) << row.fen;
+    }
+    tags.set("fen", "8/8/8/8/8/8/8/8 w - - 0 77");
+    EXPECT_EQ(tags.start_move_number(), 1) << "the name is exact";
+    tags.reset();
+    EXPECT_EQ(tags.fen(), GameTags::standard_fen);
+    EXPECT_EQ(tags.start_color(), 1);
+}
+
+TEST(GameTags, ReadAHeaderStrictly) {
+    const GameTags tags("[White \"\xC3\x89va\"] x [FEN \"8/8/8/8/8/8/8/8 b - - 0 9\"]\n[Long \"" +
+                        std::string(99, 'l') + "\xC3\xA9\"][Open \"e");
+    EXPECT_EQ(tags.print(), "[White \"\xC3\x89va\"]\n[FEN \"8/8/8/8/8/8/8/8 b - - 0 9\"]\n[Long \"" +
+                                std::string(99, 'l') + "\"]\n[Open \"e\"]\n");
+    EXPECT_EQ(tags.start_color(), 0);
+    EXPECT_EQ(tags.start_move_number(), 9);
+    for (const auto* header : {"[White \"\xE9va\"]", "[White \"\x80\"]", "[White \"a\xC3\"]"}) {
+        try {
+            const GameTags refused{std::string_view(header)};
+            ADD_FAILURE() << refused.print();
+        } catch (const std::logic_error& error) {
+            EXPECT_STREQ(error.what(), "Game::parse_pgn() tag value: utf-8 error");
+        }
+    }
+}
+
+TEST(GameTags, MakesNamesSafe) { EXPECT_EQ(tag_safe("A \"b\"\n\tc\x7f\xC3\xA9"), "A 'b'  c \xC3\xA9"); }
+
+}  // namespace
+}  // namespace velmora

@@ -1,0 +1,187 @@
+#include "openings/polyglot_book.h"
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "chess/legal_moves.h"
+#include "chess/position.h"
+#include "tests/support/scratch_directory.h"
+
+namespace velmora {
+namespace {
+
+std::string bytes(std::uint64_t value, int count) {
+    std::string text;
+    for (int shift = 8 * (count - 1); shift >= 0; shift -= 8)
+        text += static_cast<char>(value >> shift & 0xFF);
+    return text;
+}
+
+/// A record whose move tells its index.
+std::string record(std::uint64_t key, std::uint16_t move) {
+    return bytes(key, 8) + bytes(move, 2) + bytes(move + 0x100U, 2) + bytes(move + 0x10000U, 4);
+}
+
+std::string book_of(std::initializer_list<std::uint64_t> keys) {
+    std::string content;
+    std::uint16_t index = 0;
+    for (const auto key : keys) content += record(key, index++);
+    return content;
+}
+
+std::vector<int> indexes(const PolyglotBook& book, std::uint64_t key) {
+    std::vector<int> found;
+    for (const auto move : book.moves(key)) found.push_back(move.value());
+    return found;
+}
+
+class PolyglotBookTest : public testing::Test {
+protected:
+    ScratchDirectory m_files;
+};
+
+TEST_F(PolyglotBookTest, FindsAllRecordsOfAKey) {
+    constexpr std::uint64_t high = 0xFFFFFFFFFFFFFFF0;
+    const struct {
+        std::string content;
+        std::uint64_t key;
+        std::vector<int> found;
+    } rows[] = {
+        {book_of({7}), 7, {0}},
+        {book_of({7}), 6, {}},
+        {book_of({7}), 8, {}},
+        {book_of({1, 2, 3, 5, 5, 5, 5, 5, 8, high}), 5, {3, 4, 5, 6, 7}},
+        {book_of({1, 2, 3, 5, 5, 5, 5, 5, 8, high}), 1, {0}},
+        {book_of({1, 2, 3, 5, 5, 5, 5, 5, 8, high}), high, {9}},
+        {book_of({1, 2, 3, 5, 5, 5, 5, 5, 8, high}), 0, {}},
+        {book_of({1, 2, 3, 5, 5, 5, 5, 5, 8, high}), 4, {}},
+        {book_of({1, 2, 3, 5, 5, 5, 5, 5, 8, high}), ~std::uint64_t{0}, {}},
+        {book_of({4, 4, 4}), 4, {0, 1, 2}},
+        {book_of({9, 1, 5, 2}), 77, {}},  // not sorted: nothing is promised but an end
+        {"", 0, {}},
+        {std::string(15, '\0'), 0, {}},
+        {book_of({7}) + "x", 7, {0}},
+    };
+    for (const auto& row : rows) {
+        const PolyglotBook book(m_files.write("book.bin", row.content));
+        EXPECT_EQ(book.record_count(), row.content.size() / 16);
+        EXPECT_EQ(indexes(book, row.key), row.found) << row.content.size() << " bytes, key " << row.key;
+    }
+}
+
+TEST_F(PolyglotBookTest, ReadsTheFields) {
+    const PolyglotBook book(m_files.write("book.bin", record(0x0123456789ABCDEF, 0x31C)));
+    const auto entries = book.entries(0x0123456789ABCDEF);
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries[0], (BookEntry{0x0123456789ABCDEF, BookMove(0x31C), 0x41C, 0x1031C}));
+}
+
+TEST_F(PolyglotBookTest, OpensAndCloses) {
+    PolyglotBook book;
+    EXPECT_FALSE(book.is_open());
+    EXPECT_TRUE(book.entries(1).empty());
+    book.set_path(m_files.write("one.bin", book_of({1})));
+    EXPECT_TRUE(book.entries(1).empty()) << "a path alone opens nothing";
+    book.open();
+    EXPECT_EQ(indexes(book, 1).size(), 1U);
+    book.set_path(m_files.write("two.bin", book_of({1, 1})));
+    book.open();
+    EXPECT_EQ(indexes(book, 1).size(), 2U);
+    book.close();
+    EXPECT_FALSE(book.is_open());
+    EXPECT_EQ(book.record_count(), 0U);
+
+    for (const auto& path : {m_files.path("absent.bin"), m_files.path("")}) {
+        try {
+            book.set_path(path);
+            book.open();
+            ADD_FAILURE() << path;
+        } catch (const std::logic_error& error) {
+            EXPECT_EQ(error.what(), "PolyglotBook::open() open " + path + " failed (1)");
+        }
+        EXPECT_THROW(PolyglotBook{path}, std::logic_error);
+        EXPECT_TRUE(book.entries(1).empty());
+    }
+}
+
+TEST_F(PolyglotBookTest, LivesOnWhenTheFileIsCutShort) {
+    std::string content;
+    for (std::uint64_t key = 0; key < 20000; ++key) content += record(key, 1);
+    const PolyglotBook book(m_files.write("book.bin", content));
+    EXPECT_EQ(book.moves(19999).size(), 1U);
+    std::filesystem::resize_file(m_files.path("book.bin"), 16 * 100 + 5);
+    EXPECT_TRUE(book.moves(19999).empty());
+    EXPECT_EQ(book.moves(99).size(), 1U);
+    std::filesystem::resize_file(m_files.path("book.bin"), 0);
+    EXPECT_TRUE(book.moves(99).empty());
+}
+
+TEST(BookMove, HoldsItsFields) {
+    const struct {
+        int from, to, promotion;
+        const char* text;
+    } rows[] = {{12, 28, 0, "e2e4"}, {4, 7, 0, "e1h1"},  {52, 61, 4, "e7f8q"}, {48, 56, 1, "a7a8n"},
+                {15, 7, 2, "h2h1b"}, {8, 0, 3, "a2a1r"}, {0, 63, 5, "a1h8"},   {63, 0, 7, "h8a1"}};
+    for (const auto& row : rows) {
+        BookMove move(0x8000);
+        move.set_to(row.to);
+        move.set_from(row.from);
+        move.set_promotion(row.promotion);
+        EXPECT_EQ(move.to_string(), row.text);
+        EXPECT_EQ(move.value(), 0x8000 + row.to + row.from * 64 + row.promotion * 4096);
+        EXPECT_EQ(move.from() * 64 + move.to() + move.promotion() * 4096, move.value() - 0x8000);
+    }
+    EXPECT_TRUE(BookMove().empty());
+    EXPECT_FALSE(BookMove(1).empty());
+}
+
+TEST_F(PolyglotBookTest, FindsByFen) {
+    const struct {
+        const char* fen;
+        std::uint64_t key;
+    } rows[] = {
+        // The examples that the format was published with.
+        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", 0x463B96181691FC9C},
+        {"rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq - 0 1", 0x823C9B50FD114196},
+        {"rnbqkbnr/ppp1p1pp/8/3pPp2/8/8/PPPP1PPP/RNBQKBNR w KQkq f6 0 3", 0x22A48B5A8E47FF78},
+        {"rnbq1bnr/ppp1pkpp/8/3pPp2/8/8/PPPPKPPP/RNBQ1BNR w - - 0 4", 0x00FDD303C946BDD9},
+        {"rnbqkbnr/p1pppppp/8/8/PpP4P/8/1P1PPPP1/RNBQKBNR b KQkq c3 0 3", 0x3C8123EA7B067637},
+        // Odd texts: unknown letters, men off the board, and fields that aren't there count for nothing.
+        {"", 0},
+        {"/////PPPP x zz z9 what", 0},
+        {"99999999K", 0},
+    };
+    for (const auto& row : rows) {
+        const PolyglotBook book(m_files.write("book.bin", record(row.key, 5)));
+        EXPECT_EQ(book.entries(row.fen).size(), 1U) << row.fen;
+        EXPECT_EQ(book.moves(row.fen), std::vector{BookMove(5)}) << row.fen;
+    }
+}
+
+TEST(PolyglotBook, ReadsARealBook) {
+    const std::string path = "/usr/share/games/gnuchess/book.bin";
+    if (!std::filesystem::exists(path))
+        GTEST_SKIP() << "no " << path << ": install the package gnuchess-book";
+    const PolyglotBook book(path);
+    EXPECT_GT(book.record_count(), 100000U);
+    ChessPosition position;
+    position.new_game();
+    // The book's first choice again and again: every move of every position on the way must be legal.
+    int depth = 0;
+    for (auto moves = book.moves(position.key()); !moves.empty() && depth < 40;
+         moves = book.moves(position.key())) {
+        EXPECT_EQ(moves, book.moves(position.fen())) << position.fen();
+        for (const auto move : moves) {
+            EXPECT_TRUE(find_legal(position, position.convert_to_move(move.to_string()))) << move.to_string();
+        }
+        position.do_move(*find_legal(position, position.convert_to_move(moves.front().to_string())));
+        ++depth;
+    }
+    EXPECT_GT(depth, 8);
+}
+
+}  // namespace
+}  // namespace velmora
