@@ -1,0 +1,169 @@
+#include <set>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "chess/chess960.h"
+#include "chess/legal_moves.h"
+#include "chess/position.h"
+#include "tests/chess/thrown_text.h"
+
+namespace velmora {
+namespace {
+
+using testing::thrown_text;
+
+const std::string start = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1";
+
+TEST(Fen, ReadAndWritten) {
+    struct Row {
+        std::string read;
+        std::string written;
+    };
+    for (const Row& row : {
+             Row{start, start},
+             {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1"},
+             {"r3k2r/8/8/8/8/8/8/R3K2R w qH - 0 1", "r3k2r/8/8/8/8/8/8/R3K2R w Kq - 0 1"},
+             // Without rooks the walk ends one file on, and that right is kept.
+             {"4k3/8/8/8/8/8/8/4K3 w KQkq - 0 1", "4k3/8/8/8/8/8/8/4K3 w BGbg - 0 1"},
+             {"1r2k1r1/8/8/8/8/8/8/1R2K1R1 b KQkq - 0 1", "1r2k1r1/8/8/8/8/8/8/1R2K1R1 b BGbg - 0 1"},
+             {"4k3/8/8/8/8/8/8/4K3 w - e5 3 x", "4k3/8/8/8/8/8/8/4K3 w - e6 3 1"},
+             {"4k3/8/8/8/8/8/8/4K3 W - e3", "4k3/8/8/8/8/8/8/4K3 b - e3 0 1"},
+             {"4k3/8/8/8/8/8/8/4K3 w - - 65536 -1", "4k3/8/8/8/8/8/8/4K3 w - - 0 1"},
+             {"4k3/8/8/8/8/8/8/4K3 w - - 65535 65535", "4k3/8/8/8/8/8/8/4K3 w - - 65535 65535"},
+             {" 4k3/44/8/p7/8/8/P7/4K3\tw\n- -", "4k3/8/8/p7/8/8/P7/4K3 w - - 0 1"},
+             // A rank that is too long leads back to it, and a later man replaces an earlier one.
+             {"N78/K6k w - -", "K6k/8/8/8/8/8/8/8 w - - 0 1"},
+         }) {
+        ChessPosition position;
+        position.fen(row.read);
+        EXPECT_EQ(position.fen(), row.written);
+        EXPECT_EQ(position.epd() + " ", row.written.substr(0, position.epd().size() + 1));
+    }
+}
+
+TEST(Fen, StartFenKeepsTheFields) {
+    ChessPosition position;
+    EXPECT_EQ(position.start_fen(), "8/8/8/8/8/8/8/8 w - - 0 1");
+    position.fen("  4k3/8/8/8/8/8/8/4K3   w  KQ  c3 007  junk more");
+    EXPECT_EQ(position.start_fen(), "4k3/8/8/8/8/8/8/4K3 w KQ c3 007 1");
+}
+
+TEST(Fen, Faults) {
+    struct Row {
+        std::string text;
+        std::string expected;
+    };
+    const std::string kings_rest = "/8/8/8/8/8/8/K6k w - - 0 1";
+    const auto kings = [](const std::string& text) {
+        return "ChessPosition::fen(" + text + ")   error number of kings";
+    };
+    const auto syntax = [](const std::string& text) {
+        return "BoardPosition::fen(" + text + ")    syntax error";
+    };
+    const auto unknown = [](const std::string& text, const std::string& code) {
+        return "BoardPosition::fen(" + text + ") \nunkown piece 0x" + code;
+    };
+    for (const Row& row : {
+             Row{"", kings("")},
+             {"8/8/8/8/8/8/8/8 w - - 0 1", kings("8/8/8/8/8/8/8/8 w - - 0 1")},
+             {"KK6/8/8/8/8/8/8/k7 w - -", kings("KK6/8/8/8/8/8/8/k7 w - -")},
+             {"4k3/8/8/8/8/8/8/4K3 w", "ChessPosition::fen(string)   error castle field"},
+             {"4k3/8/8/8/8/8/8/4K3 w -", "ChessPosition::fen(string)   error EP field"},
+             {"4k3/8/8/8/8/8/8/P3K3 w - -", "BoardPosition::fen   error: white pawn on wrong square"},
+             {"4k2p/8/8/8/8/8/8/4K3 w - -", "BoardPosition::fen   error: black pawn on wrong square"},
+             {"ppppppppp" + kings_rest, "BoardPosition::fen   error: black pawn on wrong square"},
+             {"nnnnnnnnn" + kings_rest, syntax("nnnnnnnnn" + kings_rest)},
+             {"kK6/8/8/8/8/8/8/8/8/8 w - -", syntax("kK6/8/8/8/8/8/8/8/8/8 w - -")},
+             {"k7/8/8/8/8/K7/8/8/8/n7/8 w - -", syntax("k7/8/8/8/8/K7/8/8/8/n7/8 w - -")},
+             {"k8n/8/8/8/8/8/8/K7 w - -", syntax("k8n/8/8/8/8/8/8/K7 w - -")},
+             {"9/8/8/8/8/8/8/K6k w - - 0 1", unknown("9/8/8/8/8/8/8/K6k w - - 0 1", "39")},
+             {"8/8/0/8/8/8/8/K6k w - - 0 1", unknown("8/8/0/8/8/8/8/K6k w - - 0 1", "30")},
+             {"8/8/\xE4/8/8/8/8/K6k w - - 0 1", unknown("8/8/\xE4/8/8/8/8/K6k w - - 0 1", "e4")},
+             // The character named is counted from the start of the whole text.
+             {" 7x/8/8/8/8/8/8/K6k w - -", unknown(" 7x/8/8/8/8/8/8/K6k w - -", "37")},
+             // A king that a later man replaces.
+             {"8/8/8/8/8/8/8/8K/r7/8/k6 w - -", syntax("8/8/8/8/8/8/8/8K/r7/8/k6 w - -")},
+             {"K78/n6k/8/8 w - -", kings("K78/n6k/8/8 w - -")},
+         }) {
+        ChessPosition position;
+        EXPECT_EQ(thrown_text([&] { position.fen(row.text); }), row.expected);
+
+        ChessPosition kept;
+        kept.new_game();
+        kept.do_move(kept.convert_to_move("e2e4"));
+        const std::string before = kept.fen();
+        kept.set_fen(row.text);
+        EXPECT_EQ(kept.fen(), before) << row.text;
+        EXPECT_TRUE(kept.moves().empty());  // read back from its own FEN
+        EXPECT_EQ(kept.start_fen(), before);
+    }
+}
+
+TEST(Fen, BoardAloneRefusesASecondKing) {
+    BoardPosition board;
+    EXPECT_EQ(thrown_text([&] { board.fen("KK6/8/8/8/8/8/8/8 w"); }),
+              "BoardPosition::fen   error: too many white kings");
+    EXPECT_EQ(thrown_text([&] { board.fen("kk6/8/8/8/8/8/8/8 w"); }),
+              "BoardPosition::fen   error: too many black kings");
+}
+
+TEST(Fen, AFaultOnTheEmptyBoardLeavesItEmpty) {
+    ChessPosition position;
+    position.set_fen("nonsense");
+    EXPECT_EQ(position.fen(), "8/8/8/8/8/8/8/8 w - - 0 1");
+    EXPECT_TRUE(legal_moves(position).empty());
+    EXPECT_FALSE(position.in_check());
+    EXPECT_EQ(position.key(), ChessPosition().key());
+}
+
+TEST(Fen, XfenNamesTheRooks) {
+    ChessPosition position;
+    position.new_game();
+    position.set_xfen(true);
+    EXPECT_EQ(position.fen(), "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w AHah - 0 1");
+}
+
+TEST(Chess960, Numbers) {
+    struct Row {
+        std::uint32_t number;
+        const char* rank;
+    };
+    ChessPosition position;
+    for (const Row& row : {Row{0, "BBQNNRKR"}, {518, "RBKNBQRN"}, {385, "RNBQKBNR"}}) {
+        position.new_chess960(row.number);
+        EXPECT_EQ(position.fen().substr(35, 8), row.rank);
+    }
+    EXPECT_EQ(position.fen(), start);
+
+    std::set<std::string> all;
+    for (std::uint32_t number = 0; number < chess960_positions; ++number) {
+        position.new_chess960(number);
+        EXPECT_EQ(position.start_fen(), position.fen());
+        EXPECT_EQ(Bitboard(position.rights()).count(), 4);
+        const Bitboard bishops = position.board().white_bishops();
+        EXPECT_TRUE((bishops & light_squares).one_bit() && (bishops & dark_squares).one_bit());
+        const std::string rank = position.fen().substr(35, 8);
+        EXPECT_TRUE(rank.find('R') < rank.find('K') && rank.find('K') < rank.rfind('R')) << rank;
+        all.insert(rank);
+    }
+    EXPECT_EQ(all.size(), 960U);
+    position.new_chess960(static_cast<std::uint32_t>(-1));
+    EXPECT_EQ(all.count(position.fen().substr(35, 8)), 1U);
+}
+
+TEST(Mirror, ColoursAndFiles) {
+    ChessPosition position;
+    position.fen("r3k2r/8/8/8/3pPp2/8/5P2/R3KQ2 b Qk e3 4 9");
+    position.mirror_colours();
+    EXPECT_EQ(position.fen(), "r3kq2/5p2/8/3PpP2/8/8/8/R3K2R w Kq e6 4 9");
+    position.mirror_files();
+    EXPECT_EQ(position.fen(), "2qk3r/2p5/8/2PpP3/8/8/8/R2K3R w Qk d6 4 9");
+    EXPECT_EQ(position.start_fen(), position.fen());
+    ChessPosition empty;
+    empty.mirror_colours();
+    EXPECT_EQ(empty.fen(), "8/8/8/8/8/8/8/8 b - - 0 1");
+}
+
+}  // namespace
+}  // namespace velmora

@@ -1,0 +1,91 @@
+#include "chess/magic_moves.h"
+
+#include <gtest/gtest.h>
+
+#include "chess/bit_tables.h"
+
+namespace velmora {
+namespace {
+
+/// Walks a line square by square, up to and including the first man.
+Bitboard walk(Square from, int files, int ranks, Bitboard occupied) {
+    Bitboard result;
+    int file = from.file() + files;
+    int rank = from.rank() + ranks;
+    for (; file >= 0 && file < 8 && rank >= 0 && rank < 8; file += files, rank += ranks) {
+        const Square square(rank * 8 + file);
+        result.set(square);
+        if (occupied.contains(square)) break;
+    }
+    return result;
+}
+
+Bitboard rook_walk(Square from, Bitboard occupied) {
+    return walk(from, 1, 0, occupied) | walk(from, -1, 0, occupied) | walk(from, 0, 1, occupied) |
+           walk(from, 0, -1, occupied);
+}
+
+Bitboard bishop_walk(Square from, Bitboard occupied) {
+    return walk(from, 1, 1, occupied) | walk(from, -1, 1, occupied) | walk(from, 1, -1, occupied) |
+           walk(from, -1, -1, occupied);
+}
+
+// Every subset of a square's lines is an occupancy; the squares of the edge do not matter and are left out.
+TEST(MagicMoves, LookUpEqualsTheWalk) {
+    const Bitboard edge = rank_1 | rank_8 | file_a | file_h;
+    for (Square square(0); square.on_board(); ++square) {
+        const Bitboard diagonals = bit_tables.bishop_lines(square) & ~edge;
+        const Bitboard straights = (bit_tables.rook_lines(square) & square.file_mask() & ~rank_1 & ~rank_8) |
+                                   (bit_tables.rook_lines(square) & square.rank_mask() & ~file_a & ~file_h);
+        Bitboard occupied;
+        do {
+            ASSERT_EQ(magic_moves().bishop_attacks(square, occupied), bishop_walk(square, occupied));
+            occupied = Bitboard(occupied.value() - diagonals.value()) & diagonals;
+        } while (occupied.any());
+        do {
+            ASSERT_EQ(magic_moves().rook_attacks(square, occupied), rook_walk(square, occupied));
+            occupied = Bitboard(occupied.value() - straights.value()) & straights;
+        } while (occupied.any());
+        ASSERT_EQ(magic_moves().queen_attacks(square.bit(), edge),
+                  rook_walk(square, edge) | bishop_walk(square, edge));
+    }
+}
+
+TEST(MagicMoves, Totals) {
+    EXPECT_EQ(magic_moves().bishop_totals().slots, 5760U);
+    EXPECT_EQ(magic_moves().rook_totals().slots, 105472U);
+    EXPECT_EQ(magic_moves().bishop_totals().sets, 1428U);
+    EXPECT_EQ(magic_moves().rook_totals().sets, 4900U);
+}
+
+TEST(MagicMoves, SelfTestNeedsTheFullTables) {
+    EXPECT_TRUE(MagicMoves(MagicMoves::FullTables::keep).selftest_ok());
+    ::testing::internal::CaptureStdout();
+    EXPECT_FALSE(magic_moves().selftest_ok());
+    EXPECT_EQ(::testing::internal::GetCapturedStdout().substr(0, 40),
+              "square=0\nindex=0\nmagic_bishop_moves: 0\nb");
+}
+
+TEST(BitTables, Lines) {
+    const Square a1("a1"), a4("a4"), b3("b3"), e4("e4"), e6("e6"), h8("h8");
+    EXPECT_EQ(bit_tables.between(a1, h8).count(), 6);
+    EXPECT_TRUE(bit_tables.between(a1, b3).empty());
+    EXPECT_EQ(bit_tables.between_inclusive(a1, b3), a1.bit() | b3.bit());
+    EXPECT_EQ(bit_tables.ray_through(e4, e6), walk(e4, 0, 1, no_squares));
+    EXPECT_EQ(bit_tables.ray_through(e6, e4), walk(e6, 0, -1, no_squares));
+    EXPECT_TRUE(bit_tables.ray_through(a1, b3).empty());
+    EXPECT_TRUE(bit_tables.ray_through(a1, a1).empty());
+    EXPECT_EQ(bit_tables.block(a1).count(), 4);
+    EXPECT_EQ(bit_tables.block(e4).count(), 9);
+    EXPECT_EQ(bit_tables.knight_moves(a4).squares(),
+              (std::vector<Square>{Square("b2"), Square("c3"), Square("c5"), Square("b6")}));
+    EXPECT_EQ(bit_tables.queen_lines(e4), rook_walk(e4, no_squares) | bishop_walk(e4, no_squares));
+    const int steps[BitTables::directions][2] = {{1, 0},  {1, 1},   {0, 1},  {-1, 1},
+                                                 {-1, 0}, {-1, -1}, {0, -1}, {1, -1}};
+    for (int i = 0; i < BitTables::directions; ++i) {
+        EXPECT_EQ(bit_tables.rays(i, e4), walk(e4, steps[i][0], steps[i][1], no_squares)) << i;
+    }
+}
+
+}  // namespace
+}  // namespace velmora
