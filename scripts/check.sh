@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# What a change must pass besides the tests: layout, static analysis, and the tests again under the sanitizers.
-# Usage: scripts/check.sh [format] [tidy] [asan] [tsan] [fuzz]; without a name, all of them.
+# What a change must pass besides the tests: layout, static analysis, the tests again under the sanitizers, and the
+# Debian package.
+# Usage: scripts/check.sh [format] [tidy] [asan] [tsan] [fuzz] [package]; without a name, all of them.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/packages.sh
@@ -29,7 +30,9 @@ check_sanitizer() {
 
 check_fuzz() { scripts/fuzz.sh "${VELMORA_FUZZ_SECONDS:-5}"; }
 
-for check in "${@:-format tidy asan tsan fuzz}"; do
+check_package() { scripts/test-package.sh; }
+
+for check in "${@:-format tidy asan tsan fuzz package}"; do
     for name in $check; do
         echo "== $name"
         case "$name" in
@@ -37,6 +40,7 @@ for check in "${@:-format tidy asan tsan fuzz}"; do
             tidy) check_tidy ;;
             asan | tsan) check_sanitizer "$name" ;;
             fuzz) check_fuzz ;;
+            package) check_package ;;
             *) echo "unknown check: $name" >&2 && exit 2 ;;
         esac
     done

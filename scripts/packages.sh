@@ -6,9 +6,12 @@ run_packages=(librsvg2-common fonts-dejavu-core adwaita-icon-theme stockfish)
 test_packages=(
     libgtest-dev libgmock-dev
     xvfb xauth xdotool wmctrl openbox imagemagick x11-utils dbus dbus-x11 at-spi2-core python3 python3-gi gir1.2-atspi-2.0
-    toga2 fairymax phalanx gnuchess gnuchess-book pgn-extract man-db procps
+    toga2 fairymax phalanx gnuchess gnuchess-book pgn-extract procps
+    desktop-file-utils appstream man-db groff shared-mime-info libglib2.0-bin
 )
 check_packages=(git clang clang-format clang-tidy libclang-rt-14-dev)
+# dpkg-dev and file find the libraries that the program needs, librsvg2-bin draws the icons.
+package_packages=(dpkg-dev file librsvg2-bin)
 bench_packages=(libbenchmark-dev pgn-extract xvfb xauth)
 
 # need_packages <package>...: installs what is missing, as root or by sudo; with neither it prints the one line
