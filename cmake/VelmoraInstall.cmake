@@ -12,8 +12,8 @@ endif()
 find_program(VELMORA_GZIP gzip REQUIRED)
 find_program(VELMORA_RSVG_CONVERT rsvg-convert)
 
-# velmora_install_compressed(<source> <destination> <name>): installs a copy that gzip has compressed, without a
-# date in it, so that equal sources make equal packages.
+# velmora_install_compressed(<source> <destination> <name>): installs a copy that gzip has compressed, without the
+# date of the build in it.
 function(velmora_install_compressed source destination name)
     set(compressed "${PROJECT_BINARY_DIR}/install/${name}.gz")
     add_custom_command(OUTPUT "${compressed}"
