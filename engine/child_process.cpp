@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <iostream>
 #include <stdexcept>
+#include <sys/ioctl.h>
 #include <type_traits>
 #include <utility>
 
@@ -49,6 +50,11 @@ void ChildProcess::spawn(const std::string& path) {
     m_held = true;
     // A child that does not read its input must not stop whoever writes to it.
     fcntl(m_stdin_fd, F_SETFL, fcntl(m_stdin_fd, F_GETFL) | O_NONBLOCK);
+}
+
+bool ChildProcess::has_taken_input() const {
+    int waiting = 0;
+    return ioctl(m_stdin_fd, FIONREAD, &waiting) != 0 || waiting == 0;
 }
 
 void ChildProcess::release() {

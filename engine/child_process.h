@@ -25,6 +25,9 @@ public:
     int stdin_fd() const { return m_stdin_fd; }
     int stdout_fd() const { return m_stdout_fd; }
 
+    /// Whether the child has read all that was written to it.
+    bool has_taken_input() const;
+
     /// Closes both pipes and leaves the child to itself. Nothing without a child. What goes wrong in closing
     /// is reported on standard error.
     void release();

@@ -54,6 +54,9 @@ public:
     /// seconds counts as crashed.
     void send(const std::string& text);
 
+    /// Whether the engine has read all that was sent. REQUIRES: called on the owner's thread.
+    bool has_taken_input() const { return m_child.has_taken_input(); }
+
     /// Tells the engine to quit, waits for the reader to leave operator() and closes the pipes. The process
     /// is not waited for. Nothing without a process.
     void quit();

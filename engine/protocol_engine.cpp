@@ -89,8 +89,11 @@ void ProtocolEngine::read_uci_line(std::string_view line) {
 void ProtocolEngine::try_xboard_v2() {
     variables().uci_flag = false;
     send("xboard");
+    int looks = xboard_looks;
+    // Some engines lose the second of two lines that they read at once before they are in xboard mode.
+    for (; looks > xboard_looks * 4 / 5 && !engio().has_taken_input(); --looks) pause();
     send("protover 2");
-    for (int looks = xboard_looks; looks > 0; --looks) {
+    for (; looks > 0; --looks) {
         const std::string line = next_line();
         text::WordReader reader(line);
         if (reader.word() == "feature" && read_features(reader.rest())) return;

@@ -42,6 +42,7 @@ std::string XboardEngine::move_text(const ChessPosition& before, const Move& mov
 void XboardEngine::engine_was_set_up() {
     m_previous_position = m_position;
     m_previous_is_certain = true;
+    m_untouched = false;
     ++m_game;
 }
 
@@ -99,12 +100,18 @@ void XboardEngine::do_go() {
 void XboardEngine::bring_position_to_engine() {
     const XboardFeatures& features = variables().features;
     if (m_previous_is_certain && m_position == m_previous_position) {
+        m_untouched = false;
         send_clocks();
         send("go");
         return;
     }
     const ChessPosition before = a_move_ago(m_position);
     if (m_previous_is_certain && before == m_previous_position) {
+        if (std::exchange(m_untouched, false)) {
+            // A fresh process that is never sent "new" may be in force mode or play Black: make it certain.
+            send("force");
+            m_first_go = true;
+        }
         send_clocks();
         send(move_text(before, m_position.last_move()));
         m_previous_position = m_position;
@@ -152,10 +159,11 @@ void XboardEngine::do_stop() {
 std::string XboardEngine::translate(std::string line) {
     text::WordReader reader(line);
     const auto word = reader.word();
-    if (word == "move") {
-        const auto move = reader.word();
-        if (const auto game = m_stopped.pay()) return take_stopped_move(move, *game);
-        return take_move(move);
+    if (word == "move") return take_move(reader.word());
+    // An engine that says its move twice is taken at its first word.
+    if (const auto move = xboard::old_style_move(line);
+        variables().status == EngineStatus::thinking && move) {
+        return take_move(*move);
     }
     if (word == "pong") return line;
     // An engine that refuses a move has lost the game like one that gives up.
@@ -180,6 +188,7 @@ std::optional<Move> XboardEngine::read_move(const ChessPosition& position, std::
 }
 
 std::string XboardEngine::take_move(std::string_view word) {
+    if (const auto game = m_stopped.pay()) return take_stopped_move(word, *game);
     variables().status = EngineStatus::idle;
     const auto move = read_move(m_position, word);
     // The line has no arrival stamp, so the engine gets nothing back for the time in transit.

@@ -47,6 +47,7 @@ private:
     bool m_search_stopped = false;      // the last search was told to stop
     Level m_sent_level;                 // the time control that the engine has
     bool m_first_go = false;            // the engine is in force mode and needs a "go"
+    bool m_untouched = true;            // the process has not been told anything of a game
 };
 
 }  // namespace velmora

@@ -56,6 +56,14 @@ std::string normalised_castling(std::string_view word, bool white_to_move, bool 
     return std::string(word);
 }
 
+std::optional<std::string_view> old_style_move(std::string_view line) {
+    text::WordReader reader(line);
+    if (reader.word() != "My" || reader.word() != "move") return std::nullopt;
+    const auto is = reader.word();
+    if (is != "is:" && (is != "is" || reader.word() != ":")) return std::nullopt;
+    return reader.word();
+}
+
 std::string thinking_as_info(std::string_view line) {
     text::WordReader reader(line);
     const auto number = [&reader] { return reader.integer<std::int64_t>().value_or(0); };

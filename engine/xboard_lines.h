@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,9 @@ std::string level_command(const Level& level);
 
 /// "e1g1" and its like, or SAN when `san`, from any of the spellings of castling; nothing else is changed.
 std::string normalised_castling(std::string_view word, bool white_to_move, bool san);
+
+/// The move of a line "My move is: e2e4", in which old engines announce it; nothing for other lines.
+std::optional<std::string_view> old_style_move(std::string_view line);
 
 /// The thinking output "depth score time nodes moves" as an "info" line. The time stays in hundredths of a
 /// second, as xboard engines give it.

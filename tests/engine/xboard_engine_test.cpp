@@ -44,6 +44,11 @@ const Transcript rows[] = {
      "new_game; position startpos e2e4 e7e5 g1f3; position startpos e2e4 e7e5 f2f4; go",
      "force; e2e4; e7e5; f2f4; go; ?", ""},
 
+    {"a_fresh_engine_that_is_never_sent_new_is_put_on_its_side",
+     "answer feature done=1; until go; answer My move is : e7e5; answer My move is: e7e5",
+     "new_game; position startpos e2e4; go; posted 2; position startpos e2e4 e7e5 g1f3; go",
+     "force; e2e4; go; g1f3; ?", "bestmove e7e5; My move is: e7e5"},
+
     {"edit_for_white", "answer feature ping=1 done=1; until go; answer move a1a8",
      "position 1n2k3/P7/8/8/8/8/6p1/RQ2K2R w KQ - 0 1; go; posted 1",
      "force; edit; #; Ke1; Qb1; Ra1; Rh1; Pa7; c; Ke8; Nb8; Pg2; .; go", "bestmove a1a8"},
