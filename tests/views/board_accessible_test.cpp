@@ -26,6 +26,7 @@ TEST_F(AccessibleBoardTest, SquaresTellTheirContent) {
     board.set_fen(start_fen);
     ASSERT_EQ(atk_object_get_n_accessible_children(accessible()), 64);
     EXPECT_STREQ(atk_object_get_name(accessible()), "Chess board");
+    EXPECT_EQ(atk_object_get_role(accessible()), ATK_ROLE_DRAWING_AREA);
     EXPECT_THAT(atk_object_get_description(accessible()),
                 testing::StartsWith("White: king e1, queen d1, rooks a1, h1"));
     EXPECT_EQ(name(12), "e2, white pawn");
