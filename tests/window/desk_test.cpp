@@ -1,0 +1,386 @@
+// The rooms of the window on a desk without a display: lines from the referee, the person's moves, modes,
+// set-up and navigation, against what goes to the referee and what stands on the desk.
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <unistd.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/window/recording_screen.h"
+#include "window/message_dispatcher.h"
+#include "window/mode_controller.h"
+#include "window/navigation.h"
+#include "window/user_moves.h"
+
+namespace velmora {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const std::string after_e4 = "rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq - 0 1";
+
+int square(const char* name) {
+    const Square s{std::string(name)};
+    return s.rank() * 8 + s.file();
+}
+
+class DeskTest : public testing::Test {
+protected:
+    void SetUp() override {
+        m_home = std::filesystem::temp_directory_path() / ("velmora-desk-" + std::to_string(getpid()));
+        std::filesystem::create_directories(m_home);
+        m_before = std::filesystem::current_path();
+        std::filesystem::current_path(m_home);
+        screen.on_switched = [this](Mode mode, bool on) { modes.on_switched(mode, on); };
+        screen.select_mode(Mode::human_human);
+        referee.take();
+        screen.calls.clear();
+    }
+    void TearDown() override {
+        std::filesystem::current_path(m_before);
+        std::filesystem::remove_all(m_home);
+    }
+
+    void lines(std::initializer_list<const char*> texts) {
+        for (const char* text : texts) dispatcher.process(text);
+    }
+    /// A drag on the board, past the delay in which a click after the start doesn't count.
+    void drag(const char* from, const char* to) { moves.on_board(square(from), square(to)); }
+
+    std::filesystem::path m_home;
+    std::filesystem::path m_before;
+
+    GameDesk desk;
+    RecordingScreen screen;
+    RecordingSink referee;
+    bool engine_loaded = false;
+    ManagerLink link{referee};
+    CommentKeeper comments{desk, screen};
+    MessageDispatcher dispatcher{desk, screen, comments};
+    ModeController modes{desk, screen, comments, link, [this] { return engine_loaded; }};
+    UserMoves moves{desk, screen, comments, link, 0.0};
+    Navigation navigation{desk, screen, comments, link};
+};
+
+// ---------------------------------------------------------------------------------------------------------------
+// Lines from the referee
+
+TEST_F(DeskTest, EveryPrescribedWordHasAHandlerAndNoOther) {
+    for (const char* word :
+         {"move",      "emt",       "takeback",     "setboard",    "shout",       "event",
+          "site",      "round",     "reset",        "level",       "wtime",       "btime",
+          "telluser",  "set_arrow", "clear_arrows", "engine1name", "engine2name", "whitename",
+          "blackname", "WhiteElo",  "BlackElo",     "new",         "quit",        "tournament_finished",
+          "0-1",       "1-0",       "1/2-1/2",      "white_info",  "black_info"}) {
+        EXPECT_TRUE(MessageDispatcher::knows(word)) << word;
+    }
+    for (const char* word : {"", "Move", "sessions", "white", "1-1"})
+        EXPECT_FALSE(MessageDispatcher::knows(word));
+}
+
+TEST_F(DeskTest, AnEngineMoveCarriesItsAnnotationAndStartsTheOtherClock) {
+    lines({"white_info  depth 5 score cp 20", "white_info  currmove e2e4 currmovenumber 1", "move e2e4"});
+    EXPECT_EQ(desk.position.fen(), after_e4);
+    EXPECT_EQ(desk.game.comment(), "[%eval 0.2][%depth 5]");
+    EXPECT_EQ(screen.comment, "[%eval 0.2][%depth 5]");
+    EXPECT_THAT(screen.calls, ElementsAre("analysis white  depth 5 score cp 20\n", "start clock black"));
+    EXPECT_EQ(desk.game.tag("ECO"), "B00");
+    EXPECT_EQ(desk.game.tag("Opening"), "King's pawn opening");
+    lines({"emt 1234"});
+    EXPECT_EQ(desk.game.comment(), "[%eval 0.2][%depth 5][%time 1234]");
+}
+
+TEST_F(DeskTest, AMoveThatDoesNotFitChangesNothing) {
+    lines({"move e2e5", "move", "move xyz", "move e7e5"});
+    EXPECT_EQ(desk.position.moves().size(), 0U);
+    EXPECT_TRUE(desk.game.is_empty());
+}
+
+TEST_F(DeskTest, AnEmptyAnnotationLeavesACommentAlone) {
+    lines({"move e2e4"});
+    screen.comment = "mine";
+    navigation.back();
+    lines({"move e2e4"});
+    EXPECT_EQ(desk.game.comment(), "mine");
+}
+
+TEST_F(DeskTest, TheClockOfASetBoardIsThatOfTheSideNotToMove) {
+    lines({"setboard 4k3/8/8/8/8/8/8/4K2R w K - 17 40"});
+    EXPECT_EQ(desk.position.fen(), "4k3/8/8/8/8/8/8/4K2R w K - 0 1");
+    EXPECT_EQ(desk.game.tag("SetUp"), "1");
+    EXPECT_EQ(desk.game.tag("FEN"), "4k3/8/8/8/8/8/8/4K2R w K - 0 1");
+    EXPECT_THAT(screen.calls, Contains("start clock black"));
+}
+
+TEST_F(DeskTest, TakingBackGoesNoFurtherThanTheStart) {
+    lines({"move e2e4", "takeback", "takeback"});
+    EXPECT_EQ(desk.position.fen(), ChessPosition(desk.position).start_fen());
+    EXPECT_EQ(desk.game.current(), 0);
+}
+
+TEST_F(DeskTest, AFinishedGameIsArchivedWithNamesTimeControlAndEnding) {
+    lines({"level sessions 40 5 2", "whitename  A \"quoted\" name ", "blackname", "WhiteElo 2600",
+           "move f2f3", "move e7e5", "move g2g4", "move d8h4", "0-1 {Black mates}"});
+    EXPECT_THAT(screen.calls, Contains("title A \"quoted\" name  ???"));
+    EXPECT_THAT(screen.calls, Contains("stop clocks"));
+    std::ifstream file("Velmora battles.pgn");
+    std::stringstream archive;
+    archive << file.rdbuf();
+    EXPECT_EQ(archive.str(), desk.game.pgn());
+    for (const char* part : {"[White \"A 'quoted' name\"]", "[Black \"???\"]", "[WhiteElo \"2600\"]",
+                             "[TimeControl \"40/300+2\"]", "[Result \"0-1\"]", "{Black mates} 0-1"}) {
+        EXPECT_THAT(archive.str(), HasSubstr(part));
+    }
+    lines({"new", "1-0 {black resigns}"});
+    std::ifstream again("Velmora battles.pgn");
+    std::stringstream unchanged;
+    unchanged << again.rdbuf();
+    EXPECT_EQ(unchanged.str(), archive.str()) << "a game without moves is not archived";
+}
+
+TEST_F(DeskTest, NewGivesTheDefaultTextsWhateverTheTournamentWasCalled) {
+    lines({"event  Big one", "site  Here", "round 3.2", "white_info score cp 5"});
+    EXPECT_EQ(desk.game.tag("Event"), "Big one");
+    EXPECT_EQ(desk.game.tag("Round"), "3.2");
+    lines({"new"});
+    EXPECT_EQ(desk.game.tag("Event"), "Velmora battles");
+    EXPECT_EQ(desk.game.tag("Site"), "the North Sea");
+    EXPECT_EQ(desk.game.tag("Round"), "3.2");
+    EXPECT_EQ(desk.annotation[Side::white], "");
+    EXPECT_FALSE(desk.clocks_held);
+}
+
+TEST_F(DeskTest, WhatIsShownAroundTheBoard) {
+    lines({"wtime 12349", "btime -5", "telluser Polyglotbook: no more moves", "set_arrow 12 28 g",
+           "set_arrow 1 2 r", "set_arrow 3 4 b", "clear_arrows", "engine1name  Alpha 1.0 ",
+           "level fixed_depth 7", "quit"});
+    EXPECT_THAT(screen.calls,
+                ElementsAre("set clock white 1234", "set clock black 0", "tell Polyglotbook:| no more moves",
+                            "arrow 12 28 1", "arrow 1 2 0", "arrow 3 4 2", "clear arrows", "title Alpha 1.0",
+                            "clock level fixed_depth 7", "reset clocks", "close"));
+    EXPECT_TRUE(screen.sensitive["HumanComputer"] && screen.sensitive["Tournament"] &&
+                screen.sensitive["AnalyzePosition"]);
+}
+
+TEST_F(DeskTest, ResetFallsBackToTwoPeopleOnlyForTheMode) {
+    screen.select_mode(Mode::analyze_position);
+    lines({"reset board"});
+    EXPECT_EQ(screen.mode(), Mode::analyze_position);
+    lines({"reset mode"});
+    EXPECT_EQ(screen.mode(), Mode::human_human);
+}
+
+// ---------------------------------------------------------------------------------------------------------------
+// Modes
+
+TEST_F(DeskTest, WhatEachModeSends) {
+    engine_loaded = true;
+    desk.engine1_name = "Alpha";
+    const std::string board = "0 setboard " + desk.position.fen();
+    screen.select_mode(Mode::human_computer);
+    EXPECT_THAT(referee.take(), ElementsAre(board, "0 playother"));
+    EXPECT_TRUE(desk.engine_plays[Side::black]);
+    EXPECT_TRUE(screen.sensitive["StartThinking"] && screen.sensitive["Ponder"]);
+    modes.start_thinking();
+    EXPECT_THAT(referee.take(), ElementsAre("0 go"));
+    EXPECT_TRUE(desk.engine_plays[Side::white] && !desk.engine_plays[Side::black]);
+    screen.select_mode(Mode::analyze_position);
+    EXPECT_THAT(referee.take(), ElementsAre(board, "0 analyzeposition"));
+    EXPECT_FALSE(screen.sensitive["StartThinking"] || screen.sensitive["Ponder"]);
+    screen.hints_answer = 3;
+    screen.select_mode(Mode::learn_openings);
+    EXPECT_THAT(referee.take(), ElementsAre("0 learnopenings 3", board));
+    screen.select_mode(Mode::tournament);
+    EXPECT_THAT(referee.take(), ElementsAre("0 learnopenings 0", "0 start_tournament"));
+    EXPECT_TRUE(desk.engine_plays[Side::white] && desk.engine_plays[Side::black] && !desk.clocks_held);
+    screen.select_mode(Mode::human_human);
+    EXPECT_THAT(referee.take(), ElementsAre("0 human_human"));
+    EXPECT_TRUE(desk.clocks_held);
+    modes.start_thinking();
+    EXPECT_THAT(referee.take(), IsEmpty());
+}
+
+TEST_F(DeskTest, NewGameGoesAgainstTheEngineOnlyWhenThereIsOne) {
+    desk.engine1_name = "???";
+    modes.new_game();
+    EXPECT_EQ(screen.mode(), Mode::human_human);
+    desk.engine1_name = "Alpha";
+    engine_loaded = true;
+    lines({"move e2e4"});
+    referee.take();
+    modes.new_game();
+    EXPECT_EQ(screen.mode(), Mode::human_computer);
+    EXPECT_TRUE(desk.engine_plays[Side::black]);
+    EXPECT_TRUE(desk.game.is_empty());
+    EXPECT_THAT(referee.take(), ElementsAre("0 new", "0 setboard " + desk.position.fen(), "0 playother"));
+}
+
+// ---------------------------------------------------------------------------------------------------------------
+// The person at the board
+
+TEST_F(DeskTest, DragsPlayLegalMovesOnly) {
+    drag("e2", "e5");
+    EXPECT_THAT(referee.take(), IsEmpty());
+    drag("e2", "e4");
+    EXPECT_THAT(referee.take(), ElementsAre("0 usermove e2e4"));
+    EXPECT_EQ(desk.position.fen(), after_e4);
+    EXPECT_THAT(screen.calls, ElementsAre("mark clock black")) << "between people no clock runs";
+}
+
+TEST_F(DeskTest, ClickAndClickIsAMove) {
+    drag("e7", "e7");
+    EXPECT_FALSE(desk.selected);
+    drag("e2", "e2");
+    EXPECT_EQ(desk.selected, square("e2"));
+    drag("d2", "d2");
+    EXPECT_EQ(desk.selected, square("d2"));
+    drag("a5", "a5");
+    EXPECT_FALSE(desk.selected) << "a click elsewhere lets go";
+    drag("e2", "e2");
+    drag("e4", "e4");
+    EXPECT_THAT(referee.take(), ElementsAre("0 usermove e2e4"));
+}
+
+TEST_F(DeskTest, CastlingByTheRookOrByTheKingsSquare) {
+    for (const char* to : {"g1", "h1"}) {
+        desk.start_from("4k3/8/8/8/8/8/8/R3K2R w KQ - 0 1");
+        drag("e1", to);
+        EXPECT_THAT(referee.take(), ElementsAre("0 usermove e1g1")) << to;
+    }
+    desk.start_from("4k3/8/8/8/8/8/8/R3K2R w KQ - 0 1");
+    drag("e1", "e1");
+    drag("a1", "a1");
+    EXPECT_THAT(referee.take(), ElementsAre("0 usermove e1c1"));
+    desk.start_from("4k3/8/8/8/8/8/8/R3K2R w - - 0 1");
+    drag("e1", "e1");
+    drag("a1", "a1");
+    EXPECT_EQ(desk.selected, square("a1")) << "a rook that can't castle is picked up";
+}
+
+TEST_F(DeskTest, PromotionTakesTheChoosersAnswer) {
+    const std::pair<int, const char*> rows[] = {{4, "q"}, {5, "r"}, {6, "b"}, {7, "n"}};
+    for (const auto& [answer, letter] : rows) {
+        desk.start_from("8/P3k3/8/8/8/8/8/4K3 w - - 0 1");
+        screen.promotion_answer = answer;
+        drag("a7", "a8");
+        EXPECT_THAT(referee.take(), ElementsAre(std::string("0 usermove a7a8") + letter));
+    }
+    desk.start_from("8/P3k3/8/8/8/8/8/4K3 w - - 0 1");
+    screen.promotion_answer = 0;
+    drag("a7", "a8");
+    EXPECT_THAT(referee.take(), IsEmpty()) << "a closed chooser makes no move";
+}
+
+TEST_F(DeskTest, TheEnginesMenAreNotThePersons) {
+    desk.engine_plays[Side::white] = true;
+    drag("e2", "e4");
+    EXPECT_THAT(referee.take(), IsEmpty());
+    EXPECT_THAT(screen.calls, ElementsAre("mark clock white"));
+}
+
+TEST_F(DeskTest, TypedCommentsStayWithTheirMoves) {
+    drag("e2", "e4");
+    screen.comment = "best {by test}";
+    drag("e7", "e5");
+    EXPECT_EQ(screen.comment, "");
+    screen.comment = "solid";
+    navigation.back();
+    EXPECT_EQ(screen.comment, "best (by test)");
+    navigation.forward();
+    EXPECT_EQ(screen.comment, "solid");
+}
+
+// ---------------------------------------------------------------------------------------------------------------
+// Set-up
+
+TEST_F(DeskTest, SetUpBuildsAPositionThatThenPlays) {
+    screen.select_mode(Mode::setup);
+    referee.take();
+    EXPECT_EQ(desk.position.rights(), 0);
+    drag("e2", "e2");  // a white man while White is to move: the side changes
+    EXPECT_EQ(desk.position.fen(), "rnbqkbnr/pppppppp/8/8/8/8/PPPP1PPP/RNBQKBNR b - - 0 1");
+    EXPECT_THAT(referee.take(), ElementsAre("0 setboard " + desk.position.fen()));
+    drag("e1", "e1");  // kings stay
+    drag("d1", "e8");
+    EXPECT_THAT(referee.take(), IsEmpty());
+    screen.piece_answer = 13;  // the black king moves instead of doubling
+    drag("e5", "e5");
+    EXPECT_EQ(desk.position.fen(), "rnbq1bnr/pppppppp/8/4k3/8/8/PPPP1PPP/RNBQKBNR w - - 0 1");
+    screen.piece_answer = 1;  // no pawn on the last rank
+    drag("e8", "e8");
+    EXPECT_EQ(desk.position.piece_on(Square("e8")), Piece(0));
+    drag("a7", "a1");  // the target goes, the pawn may not stand there, the source is emptied
+    EXPECT_EQ(desk.position.fen(), "rnbq1bnr/1ppppppp/8/4k3/8/8/PPPP1PPP/1NBQKBNR w - - 0 1");
+    EXPECT_EQ(desk.game.tag("SetUp"), "1");
+    EXPECT_EQ(desk.game.tag("FEN"), desk.position.fen());
+    screen.select_mode(Mode::human_human);
+    referee.take();
+    drag("d2", "d4");
+    EXPECT_THAT(referee.take(), ElementsAre("0 usermove d2d4"));
+    navigation.to_start();
+    EXPECT_EQ(desk.position.fen(), "rnbq1bnr/1ppppppp/8/4k3/8/8/PPPP1PPP/1NBQKBNR w - - 0 1");
+}
+
+// ---------------------------------------------------------------------------------------------------------------
+// Navigation
+
+TEST_F(DeskTest, SteppingKeepsTheRefereeInStep) {
+    drag("e2", "e4");
+    drag("e7", "e5");
+    navigation.back();
+    drag("c7", "c5");
+    navigation.to_start();
+    referee.take();
+    navigation.forward();
+    EXPECT_THAT(referee.take(), ElementsAre("0 setboard " + after_e4));
+    navigation.to_end();
+    EXPECT_EQ(desk.position.piece_on(Square("e5")), Piece(9)) << "the main line is the first move played";
+    navigation.to_end();
+    EXPECT_FALSE(desk.can_go_forward());
+    screen.select_mode(Mode::analyze_position);
+    referee.take();
+    navigation.back();
+    EXPECT_THAT(referee.take(), ElementsAre("0 setboard " + after_e4, "0 analyzeposition"));
+    EXPECT_EQ(screen.mode(), Mode::analyze_position);
+    const auto offset = desk.game.pgn().find("c5");
+    navigation.to_text_offset(offset + 1);
+    EXPECT_EQ(desk.position.piece_on(Square("c5")), Piece(9));
+}
+
+TEST_F(DeskTest, ButtonsRestInAMatch) {
+    drag("e2", "e4");
+    desk.set_engine_plays(true, true);
+    referee.take();
+    navigation.back();
+    EXPECT_THAT(referee.take(), IsEmpty());
+    EXPECT_EQ(desk.position.fen(), after_e4);
+}
+
+TEST_F(DeskTest, AMoveThatCannotBePlayedIsReported) {
+    desk.game.parse_pgn("1. e4 e5 2. Qxe5 *");
+    desk.position.set_fen(desk.game.to_start());
+    navigation.to_end();
+    EXPECT_THAT(screen.calls, Contains(HasSubstr("tell The move can't be played|")));
+    EXPECT_EQ(desk.position.fen(), desk.game.fen());
+    EXPECT_EQ(desk.position.piece_on(Square("e5")), Piece(9));
+}
+
+// ---------------------------------------------------------------------------------------------------------------
+
+TEST(Desk, DatesAndTimeControlsAsTags) {
+    using namespace std::chrono;
+    EXPECT_EQ(pgn_date(sys_days(year(2024) / 3 / 7) + 23h), "2024.3.7");
+    const std::pair<const char*, const char*> rows[] = {
+        {"sessions 40 0:10 0.1", "40/10+0.1"}, {"sessions 40 0:10 0", "40/10"}, {"sudden_death 0 5 0", "300"},
+        {"sudden_death 0 5 2", "300+2"},       {"fixed_depth 12", "-"},         {"fixed_movetime 500", "-"}};
+    for (const auto& [level, tag] : rows) EXPECT_EQ(pgn_time_control(Level(level)), tag) << level;
+}
+
+}  // namespace
+}  // namespace velmora

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "chess/side.h"
+
+namespace velmora {
+
+/// Builds the comment of an engine's next move from one line of its search output.
+///
+/// A line with a score replaces `annotation`, a line without one appends to it. Scores are written from
+/// White's point of view, so Black's are negated.
+/// @param line  the engine's line without its word "info"
+void annotate(std::string& annotation, std::string_view line, Side side);
+
+}  // namespace velmora

@@ -1,0 +1,38 @@
+#include "window/board_marker.h"
+
+#include "chess/legal_moves.h"
+
+namespace velmora {
+
+namespace {
+
+int number(Square square) { return square.rank() * 8 + square.file(); }
+
+/// The squares that a move touches on the screen; castling is shown by the king's own step.
+std::pair<int, int> shown_squares(const Move& move) {
+    const std::string text = move.to_string(false);
+    return {number(Square(text.substr(0, 2))), number(Square(text.substr(2, 2)))};
+}
+
+}  // namespace
+
+BoardMarks board_marks(const ChessPosition& position, const Move& last_move, std::optional<int> selected) {
+    BoardMarks marks;
+    if (last_move.from() != Square()) marks.last_move = shown_squares(last_move);
+    if (position.in_check()) {
+        marks.checked_king = number(position.king(position.side_to_move()));
+    }
+    if (selected) {
+        marks.selected = selected;
+        for (const Move& move : legal_moves(position)) {
+            const auto [from, to] = shown_squares(move);
+            if (from != *selected) continue;
+            auto& targets = move.capture() == Piece(0) ? marks.targets : marks.captures;
+            // The four promotions share a target.
+            if (targets.empty() || targets.back() != to) targets.push_back(to);
+        }
+    }
+    return marks;
+}
+
+}  // namespace velmora

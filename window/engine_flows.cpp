@@ -1,0 +1,109 @@
+#include "window/engine_flows.h"
+
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+#include "dialogs/install_dialog.h"
+#include "dialogs/installed_list.h"
+#include "dialogs/options_dialog.h"
+#include "dialogs/protocol_dialog.h"
+#include "dialogs/time_control_dialog.h"
+
+namespace velmora {
+
+namespace {
+
+/// The record that stands for the engine that isn't there.
+constexpr const char* placeholder_name = "no_engine_loaded";
+
+}  // namespace
+
+EngineFlows::EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager,
+                         FileChooser& chooser, std::function<EngineVariables()> engine_variables)
+    : m_parent(parent),
+      m_desk(desk),
+      m_screen(screen),
+      m_manager(manager),
+      m_chooser(chooser),
+      m_engine_variables([ask = std::move(engine_variables)] {
+          try {
+              return ask();
+          } catch (const std::logic_error&) {
+              EngineVariables nobody;
+              nobody.name = placeholder_name;
+              return nobody;
+          }
+      }) {}
+
+void EngineFlows::send_load(const std::string& command) {
+    m_manager.send(command);
+    // The referee stands at the start of a game after a load, the board doesn't.
+    if (m_screen.mode() == Mode::tournament) return;
+    m_manager.send("setboard " + m_desk.position.fen());
+    if (m_screen.mode() == Mode::analyze_position) m_manager.send("analyzeposition");
+}
+
+void EngineFlows::load() {
+    const std::string path = m_chooser.choose(FileKind::engine);
+    if (path.empty()) return;
+    const auto protocol = choose_protocol(m_parent);
+    if (!protocol) return;
+    m_engine_file = path;
+    send_load("load " + std::to_string(*protocol) + " filename " + path);
+}
+
+void EngineFlows::load_installed() {
+    try {
+        const auto engine = InstalledList(m_parent).choose();
+        if (engine && !engine->name.empty()) send_load("load 0 name " + engine->name);
+    } catch (const std::exception& error) {
+        m_screen.tell_user("The list of engines can't be used", error.what());
+    }
+}
+
+void EngineFlows::install() {
+    const EngineVariables engine = m_engine_variables();
+    if (engine.name == placeholder_name) {
+        m_screen.tell_user("No engine to install",
+                           "you should first load an engine\n before installialling an engine");
+        return;
+    }
+    try {
+        InstallDialog(m_parent, engine).install();
+    } catch (const std::exception& error) {
+        m_screen.tell_user("The engine was not installed", error.what());
+    }
+}
+
+void EngineFlows::choose_time_control() {
+    const auto level = ask_time_control(m_parent, m_desk.level);
+    if (!level) return;
+    m_desk.level = *level;
+    m_screen.set_clock_level(m_desk.level);
+    m_screen.reset_clocks();
+    m_manager.send("level " + m_desk.level.text());
+}
+
+void EngineFlows::edit_options() {
+    const EngineVariables engine = m_engine_variables();
+    if (engine.name == placeholder_name) {
+        m_screen.tell_user("No_engine_found", "use menu 'Engine' to load an engine'");
+        return;
+    }
+    std::vector<Option> before;
+    for (const auto& [name, option] : engine.options) before.push_back(option);
+    std::vector<Option> after = before;
+    try {
+        OptionsDialog("Set Options", m_parent, after).run();
+    } catch (const std::exception& error) {
+        m_screen.tell_user("The options can't be shown", error.what());
+        return;
+    }
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        if (after[i].value == before[i].value && after[i].name == before[i].name) continue;
+        m_manager.send("setoption name " + after[i].name + " value " + after[i].value);
+    }
+}
+
+}  // namespace velmora

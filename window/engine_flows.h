@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include <gtkmm/window.h>
+
+#include "engine/engine_variables.h"
+#include "window/file_chooser.h"
+#include "window/game_desk.h"
+#include "window/manager_link.h"
+#include "window/screen.h"
+
+namespace velmora {
+
+/// The Engine and Options menus: loading, installing, setting up an engine, and the time control.
+class EngineFlows {
+public:
+    /// @param engine_variables  the referee's record of the engine in the first seat; throws std::logic_error
+    /// when
+    ///                          there is none
+    EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager,
+                FileChooser& chooser, std::function<EngineVariables()> engine_variables);
+
+    void load();
+    void load_installed();
+    void install();
+    void choose_time_control();
+    void edit_options();
+
+private:
+    bool has_engine() const;
+    void send_load(const std::string& command);
+
+    Gtk::Window& m_parent;
+    GameDesk& m_desk;
+    Screen& m_screen;
+    ManagerLink& m_manager;
+    FileChooser& m_chooser;
+    const std::function<EngineVariables()> m_engine_variables;
+    std::string m_engine_file;  // chosen last
+};
+
+}  // namespace velmora

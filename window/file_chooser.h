@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include <gtkmm/window.h>
+
+namespace velmora {
+
+/// What a file is chosen for; decides open or save, title and filters.
+enum class FileKind : std::size_t {
+    load_position = 0,
+    save_position = 1,
+    load_game = 2,
+    tournament_openings = 3,
+    save_game = 4,
+    engine = 5,
+    polyglot_book = 6,
+};
+
+/// The one file dialog of the program. It opens in the folder used last; engines are first looked for where
+/// the system keeps its games.
+class FileChooser {
+public:
+    explicit FileChooser(Gtk::Window& parent) : m_parent(parent) {}
+
+    /// The chosen path, empty when the dialog was cancelled.
+    std::string choose(FileKind kind);
+
+private:
+    Gtk::Window& m_parent;
+    std::string m_folder;  // used last, for files of the person's own
+    std::string m_engine_folder = "/usr/games";
+};
+
+}  // namespace velmora

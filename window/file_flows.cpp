@@ -1,0 +1,169 @@
+#include "window/file_flows.h"
+
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+
+#include "channel/atomic_file.h"
+#include "dialogs/fen_list.h"
+#include "dialogs/game_list.h"
+#include "game/game_tags.h"
+#include "game/pgn_error.h"
+#include "game/pgn_file.h"
+#include "window/game_archive.h"
+#include "window/position_line.h"
+
+namespace velmora {
+
+// ---------------------------------------------------------------------------------------------------------------
+// Games
+
+void FileFlows::load_game() {
+    m_screen.select_mode(Mode::human_human);
+    const std::string path = m_chooser.choose(FileKind::load_game);
+    if (!path.empty()) load_game_from(path);
+}
+
+void FileFlows::load_game_from(const std::string& path) {
+    GameList list;
+    if (list.choose_game(m_parent, path) <= 0) return;
+    std::string game_text;
+    try {
+        PgnFile file;
+        file.open(path);
+        game_text = file.read_game_at(list.chosen_offset());
+        // Parsed apart, so that a game that can't be read leaves the one on the board alone.
+        Game game;
+        game.parse_pgn(game_text);
+        m_comments.store();
+        m_desk.game = std::move(game);
+    } catch (const pgn_error& error) {
+        std::cerr << "# invalid game: \n" << error.text() << '\n';
+        return;
+    } catch (const std::logic_error& error) {
+        std::cerr << "# invalid game: \n" << game_text << '\n' << error.what() << '\n';
+        return;
+    }
+    m_desk.selected.reset();
+    m_desk.clear_annotations();
+    m_desk.position.set_fen(m_desk.game.to_start());
+    m_comments.show();
+    m_screen.clear_arrows();
+    m_screen.show_game();
+    m_screen.mark_clock(m_desk.side_to_move());
+    m_screen.show_position();
+    m_manager.send("setboard " + m_desk.position.fen());
+}
+
+void FileFlows::save_game() {
+    const std::string path = m_chooser.choose(FileKind::save_game);
+    if (path.empty()) return;
+    m_comments.store();
+    const auto fault = GameArchive(path).append(m_desk.game.pgn());
+    if (fault) m_screen.tell_user("The game was not saved", *fault);
+}
+
+// ---------------------------------------------------------------------------------------------------------------
+// Positions
+
+void FileFlows::load_position() {
+    if (m_screen.mode() == Mode::tournament) return;
+    const std::string path = m_chooser.choose(FileKind::load_position);
+    if (!path.empty()) load_position_from(path);
+}
+
+void FileFlows::load_position_from(const std::string& path) {
+    std::string line;
+    const int number = FenList().choose_position(m_parent, path, line);
+    if (number <= 0) return;
+    m_position_file = path;
+    m_position_index = static_cast<std::size_t>(number);
+    set_up(line);
+}
+
+void FileFlows::load_next_position() { step_to_position(m_position_index + 1); }
+
+void FileFlows::load_previous_position() {
+    if (m_position_index > 1) step_to_position(m_position_index - 1);
+}
+
+bool FileFlows::step_to_position(std::size_t index) {
+    if (m_position_file.empty() || m_screen.mode() == Mode::tournament) return false;
+    m_screen.select_mode(Mode::human_human);
+    std::ifstream file(m_position_file);
+    const auto line = position_line(file, index);
+    // The last line stays the current one.
+    if (!line) return false;
+    m_position_index = index;
+    set_up(*line);
+    return true;
+}
+
+void FileFlows::set_up(const std::string& line) {
+    if (!is_position_line(line)) return;
+    ChessPosition readable;
+    try {
+        readable.fen(line);
+    } catch (const std::logic_error& error) {
+        m_screen.tell_user("The position can't be set up", error.what());
+        return;
+    }
+    m_comments.store();
+    m_desk.loaded_line = line;
+    m_desk.selected.reset();
+    m_desk.clear_annotations();
+    m_desk.reset_record();
+    for (const auto& [tag, value] : roster_tags(line)) m_desk.game.set_tag(tag, tag_safe(value));
+    m_desk.start_from(readable.fen());
+    m_comments.show();
+    m_screen.clear_arrows();
+    m_screen.show_game();
+    m_screen.mark_clock(m_desk.side_to_move());
+    m_screen.show_position();
+    m_manager.send("setboard " + m_desk.position.fen());
+}
+
+void FileFlows::enter_fen(const std::string& fen) {
+    if (m_screen.mode() == Mode::tournament) return;
+    ChessPosition readable;
+    try {
+        readable.fen(fen);
+    } catch (const std::logic_error& error) {
+        m_screen.tell_user("The position can't be set up", error.what());
+        return;
+    }
+    set_up(readable.fen());
+}
+
+void FileFlows::save_position() {
+    const std::string path = m_chooser.choose(FileKind::save_position);
+    if (path.empty()) return;
+    try {
+        write_file_atomically(path, m_desk.position.fen() + "\n");
+    } catch (const std::runtime_error& error) {
+        m_screen.tell_user("The position was not saved", error.what());
+    }
+}
+
+// ---------------------------------------------------------------------------------------------------------------
+// Books, and files from outside
+
+void FileFlows::choose_polyglot_book() {
+    const std::string path = m_chooser.choose(FileKind::polyglot_book);
+    if (!path.empty()) use_polyglot_book(path);
+}
+
+void FileFlows::use_polyglot_book(const std::string& path) { m_manager.send("polyglotbook " + path); }
+
+void FileFlows::open(const std::string& path) {
+    if (path.ends_with(".pgn")) {
+        m_screen.select_mode(Mode::human_human);
+        load_game_from(path);
+    } else if (path.ends_with(".fen") || path.ends_with(".epd")) {
+        if (m_screen.mode() != Mode::tournament) load_position_from(path);
+    } else if (path.ends_with(".bin")) {
+        use_polyglot_book(path);
+    }
+}
+
+}  // namespace velmora

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include <gtkmm/window.h>
+
+#include "window/comment_keeper.h"
+#include "window/file_chooser.h"
+#include "window/game_desk.h"
+#include "window/manager_link.h"
+#include "window/screen.h"
+
+namespace velmora {
+
+/// The File menu: games and positions from and to files, and the Polyglot book.
+class FileFlows {
+public:
+    FileFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, CommentKeeper& comments,
+              ManagerLink& manager, FileChooser& chooser)
+        : m_parent(parent),
+          m_desk(desk),
+          m_screen(screen),
+          m_comments(comments),
+          m_manager(manager),
+          m_chooser(chooser) {}
+
+    void load_game();
+    void save_game();
+    void load_position();
+    void load_next_position();
+    void load_previous_position();
+    void save_position();
+    void choose_polyglot_book();
+
+    /// Sets up the FEN that the person typed; one that can't be read is reported and changes nothing.
+    void enter_fen(const std::string& fen);
+
+    /// Opens a file by the flow of its kind, told by its extension, as if it had been chosen. A file of
+    /// another kind does nothing.
+    void open(const std::string& path);
+
+private:
+    void load_game_from(const std::string& path);
+    void load_position_from(const std::string& path);
+    void use_polyglot_book(const std::string& path);
+    bool step_to_position(std::size_t index);
+    void set_up(const std::string& line);
+
+    Gtk::Window& m_parent;
+    GameDesk& m_desk;
+    Screen& m_screen;
+    CommentKeeper& m_comments;
+    ManagerLink& m_manager;
+    FileChooser& m_chooser;
+    std::string m_position_file;       // loaded last
+    std::size_t m_position_index = 0;  // of its line, from 1
+};
+
+}  // namespace velmora

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace velmora {
+
+/// A PGN file that only ever grows: the running archive of finished games, or a file that the person saves
+/// to.
+class GameArchive {
+public:
+    explicit GameArchive(std::string path) : m_path(std::move(path)) {}
+
+    /// Appends the text of one game. Gives the reason when it could not be written.
+    std::optional<std::string> append(const std::string& pgn) const;
+
+    const std::string& path() const { return m_path; }
+
+private:
+    std::string m_path;
+};
+
+}  // namespace velmora

@@ -1,0 +1,190 @@
+#include "window/interface.h"
+
+#include <functional>
+#include <iostream>
+#include <utility>
+
+#include <gdk/gdkkeysyms.h>
+#include <glibmm/convert.h>
+#include <glibmm/main.h>
+#include <gtkmm/editable.h>
+#include <gtkmm/textview.h>
+
+namespace velmora {
+
+namespace {
+
+constexpr unsigned tick_ms = 50;
+
+/// Of the lines that wait, an engine's search output may be dropped when thousands pile up under a message
+/// box.
+bool is_search_output(const std::string& line) {
+    return line.starts_with("white_info") || line.starts_with("black_info");
+}
+
+}  // namespace
+
+Interface::Interface(std::string program_path, int board_size)
+    : m_queue(is_search_output),
+      m_box(Gtk::ORIENTATION_VERTICAL),
+      m_clock_frame("", Gtk::ALIGN_START, Gtk::ALIGN_START, 15.0F, false),
+      m_board(board_size),
+      m_manager(*this, std::move(program_path)),
+      m_link(m_manager),
+      m_screen(m_desk, {*this, m_board, m_clocks, m_navigation_bar, m_fen_entry, m_analysis, m_pgn, m_comment,
+                        m_epd}),
+      m_chooser(*this),
+      m_comments(m_desk, m_screen),
+      m_dispatcher(m_desk, m_screen, m_comments),
+      m_modes(m_desk, m_screen, m_comments, m_link, [this] { return m_manager.has_engine(); }),
+      m_user_moves(m_desk, m_screen, m_comments, m_link),
+      m_navigation(m_desk, m_screen, m_comments, m_link),
+      m_files(*this, m_desk, m_screen, m_comments, m_link, m_chooser),
+      m_engines(*this, m_desk, m_screen, m_link, m_chooser,
+                [this] { return m_manager.get_enginevariables(); }),
+      m_tournaments(*this, m_desk, m_screen, m_link),
+      m_windows(*this, m_board,
+                {{{&m_analysis, "ShowOutput"},
+                  {&m_pgn, "ShowPgnView"},
+                  {&m_comment, "ShowCommentEditor"},
+                  {&m_epd, "ShowEpdCommands"},
+                  {&m_fen_entry, "ShowFEN"}}},
+                [this] {
+                    m_screen.show_game();
+                    m_screen.show_position();
+                }),
+      m_rooms{m_link, m_modes, m_files, m_engines, m_tournaments, m_windows},
+      m_actions(m_rooms) {
+    Glib::signal_timeout().connect(sigc::mem_fun(*this, &Interface::on_timeout), tick_ms);
+    m_manager_thread = std::thread(std::ref(m_manager));
+    m_screen.attach(m_actions, m_windows);
+    lay_out();
+    m_screen.show_position();
+    m_screen.set_title(no_engine_title);
+    m_screen.select_mode(Mode::human_human);
+    connect_views();
+    show_all_children();
+    m_windows.hide_all();
+    m_screen.set_clock_level(m_desk.level);
+    m_link.send("level " + m_desk.level.text());
+    for (const char* action : {"StartThinking", "HumanComputer", "Ponder", "AnalyzePosition"}) {
+        m_screen.set_sensitive(action, false);
+    }
+}
+
+Interface::~Interface() {
+    // A second "quit" is harmless, and without one the thread would never end.
+    m_link.send("quit");
+    m_manager_thread.join();
+}
+
+void Interface::lay_out() {
+    set_border_width(5);
+    m_box.set_homogeneous(false);
+    m_box.set_spacing(4);
+    if (Gtk::Widget* menu_bar = m_actions.menu_bar()) {
+        m_box.pack_start(*menu_bar, Gtk::PACK_SHRINK);
+        add_accel_group(m_actions.accelerators());
+    }
+    m_clock_frame.set_shadow_type(Gtk::SHADOW_NONE);
+    m_clock_frame.add(m_clocks);
+    m_box.pack_start(m_clock_frame, Gtk::PACK_SHRINK);
+    m_box.pack_start(m_board, Gtk::PACK_EXPAND_WIDGET);
+    m_box.pack_start(m_navigation_bar, Gtk::PACK_SHRINK);
+    m_box.pack_start(m_fen_entry, Gtk::PACK_SHRINK);
+    add(m_box);
+    for (Gtk::Window* window : {static_cast<Gtk::Window*>(&m_analysis), static_cast<Gtk::Window*>(&m_pgn),
+                                static_cast<Gtk::Window*>(&m_comment), static_cast<Gtk::Window*>(&m_epd)}) {
+        window->set_transient_for(*this);
+        window->set_type_hint(Gdk::WINDOW_TYPE_HINT_UTILITY);
+    }
+    m_navigation_bar.connect(m_navigation);
+    drag_dest_set({Gtk::TargetEntry("text/uri-list")}, Gtk::DEST_DEFAULT_ALL, Gdk::ACTION_COPY);
+}
+
+void Interface::connect_views() {
+    m_board.signal_move_made().connect([this] {
+        const auto [from, to] = m_board.get_move();
+        m_user_moves.on_board(from, to);
+    });
+    m_board.signal_man_picked().connect([this] { m_user_moves.on_man_picked(m_board.picked_square()); });
+    m_pgn.signal_clicked().connect([this](int offset) {
+        if (offset >= 0) m_navigation.to_text_offset(static_cast<std::size_t>(offset));
+    });
+    m_fen_entry.signal_fen_entered().connect([this](const std::string& fen) { m_files.enter_fen(fen); });
+    m_windows.on_closed([this](const char* action) { m_actions.set_active(action, false); });
+    // What was typed is kept when the box loses the keyboard or its window is closed.
+    m_comment.signal_applied().connect([this] {
+        m_comments.store();
+        m_screen.show_game();
+    });
+    signal_map().connect([this] { m_windows.remember_size(); });
+}
+
+bool Interface::on_delete_event(GdkEventAny* /*event*/) {
+    m_link.send("quit");
+    return true;
+}
+
+bool Interface::on_key_press_event(GdkEventKey* event) {
+    const Gtk::Widget* const focus = get_focus();
+    const bool typing =
+        dynamic_cast<const Gtk::Editable*>(focus) || dynamic_cast<const Gtk::TextView*>(focus);
+    if (!typing && (event->state & gtk_accelerator_get_default_mod_mask()) == 0) {
+        switch (event->keyval) {
+            case GDK_KEY_Left:
+                m_navigation.back();
+                return true;
+            case GDK_KEY_Right:
+                m_navigation.forward();
+                return true;
+            case GDK_KEY_Home:
+                m_navigation.to_start();
+                return true;
+            case GDK_KEY_End:
+                m_navigation.to_end();
+                return true;
+            default:
+                break;
+        }
+    }
+    return Gtk::Window::on_key_press_event(event);
+}
+
+void Interface::on_drag_data_received(const Glib::RefPtr<Gdk::DragContext>& context, int /*x*/, int /*y*/,
+                                      const Gtk::SelectionData& data, guint /*info*/, guint time) {
+    const auto uris = data.get_uris();
+    context->drag_finish(!uris.empty(), false, time);
+    if (uris.empty()) return;
+    try {
+        m_files.open(Glib::filename_from_uri(uris.front()));
+    } catch (const Glib::Error& error) {
+        std::cerr << error.what().raw() << '\n';
+    }
+}
+
+bool Interface::on_timeout() {
+    m_clocks.update();
+    process_manager_messages();
+    return true;
+}
+
+void Interface::process_manager_messages() {
+    m_queue.drain([this](const std::string& line) {
+        m_link.log_received(line);
+        // An exception that reached the toolkit would stop the tick for good.
+        try {
+            m_dispatcher.process(line);
+        } catch (const std::exception& error) {
+            std::cerr << "The line \"" << line << "\" failed: " << error.what() << '\n';
+        } catch (...) {
+            std::cerr << "The line \"" << line << "\" failed\n";
+        }
+    });
+}
+
+void Interface::tell_user(const std::string& headline, const std::string& details) {
+    m_screen.tell_user(headline, details);
+}
+
+}  // namespace velmora

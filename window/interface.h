@@ -1,0 +1,115 @@
+#pragma once
+
+#include <string>
+#include <thread>
+
+#include <gtkmm/aspectframe.h>
+#include <gtkmm/box.h>
+#include <gtkmm/window.h>
+
+#include "channel/command_sink.h"
+#include "channel/line_queue.h"
+#include "dialogs/epd_commands_window.h"
+#include "dialogs/fen_entry.h"
+#include "manager/manager.h"
+#include "views/analysis_window.h"
+#include "views/chess_board.h"
+#include "views/clocks.h"
+#include "views/comment_editor.h"
+#include "views/pgn_view.h"
+#include "window/actions.h"
+#include "window/comment_keeper.h"
+#include "window/engine_flows.h"
+#include "window/file_chooser.h"
+#include "window/file_flows.h"
+#include "window/game_desk.h"
+#include "window/main_screen.h"
+#include "window/manager_link.h"
+#include "window/message_dispatcher.h"
+#include "window/mode_controller.h"
+#include "window/navigation.h"
+#include "window/navigation_bar.h"
+#include "window/rooms.h"
+#include "window/secondary_windows.h"
+#include "window/tournament_flows.h"
+#include "window/user_moves.h"
+
+namespace velmora {
+
+/// The main window: owns the views, the rooms that work on them, and the referee with its thread.
+///
+/// Everything here runs on the toolkit's main thread but put_command(), over which the referee's thread
+/// speaks. Closing is a round trip: "quit" to the referee, "quit" back, and only then does the window go.
+class Interface : public Gtk::Window, public CommandSink {
+public:
+    /// @param program_path  argv[0], handed on to the referee
+    /// @param board_size    side length of the board in pixels; the board rounds it
+    Interface(std::string program_path, int board_size);
+    ~Interface() override;
+
+    /// Puts a command on the referee's queue.
+    void send_to_manager(const std::string& command) { m_link.send(command); }
+    /// Takes a line from the referee; the next tick carries it out.
+    void put_command(const std::string& line) override { m_queue.put(line); }
+
+    /// Carries out all lines that wait, with the queue locked: a message box holds up the referee until it is
+    /// answered. A line that fails is reported and the next one is taken.
+    void process_manager_messages();
+    /// Shows the position on the board and in the FEN entry.
+    void refresh_board() { m_screen.show_position(); }
+    void tell_user(const std::string& headline, const std::string& details);
+    std::string choose_file(FileKind kind) { return m_chooser.choose(kind); }
+    /// Opens a game, position or book file by the flow of its kind.
+    void open_file(const std::string& path) { m_files.open(path); }
+
+    Actions& actions() { return m_actions; }
+    const GameDesk& desk() const { return m_desk; }
+
+protected:
+    bool on_delete_event(GdkEventAny* event) override;
+    bool on_key_press_event(GdkEventKey* event) override;
+    void on_drag_data_received(const Glib::RefPtr<Gdk::DragContext>& context, int x, int y,
+                               const Gtk::SelectionData& data, guint info, guint time) override;
+
+private:
+    bool on_timeout();
+    void lay_out();
+    void connect_views();
+
+    // The lines from the referee: there before its thread starts, gone after it has ended.
+    LineQueue m_queue;
+
+    Gtk::Box m_box;
+    Gtk::AspectFrame m_clock_frame;
+    ChessBoard m_board;
+    Clocks m_clocks;
+    NavigationBar m_navigation_bar;
+    FenEntry m_fen_entry;
+    AnalysisWindow m_analysis;
+    PgnView m_pgn;
+    CommentEditor m_comment;
+    EpdCommandsWindow m_epd;
+
+    GameDesk m_desk;
+    Manager m_manager;
+    ManagerLink m_link;
+
+    // The rooms, each knowing only those above it.
+    MainScreen m_screen;
+    FileChooser m_chooser;
+    CommentKeeper m_comments;
+    MessageDispatcher m_dispatcher;
+    ModeController m_modes;
+    UserMoves m_user_moves;
+    Navigation m_navigation;
+    FileFlows m_files;
+    EngineFlows m_engines;
+    TournamentFlows m_tournaments;
+    SecondaryWindows m_windows;
+    Rooms m_rooms;
+    Actions m_actions;
+
+    std::thread m_manager_thread;  // runs m_manager from the constructor's body to the destructor
+};
+
+}  // namespace velmora

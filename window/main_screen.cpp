@@ -1,0 +1,111 @@
+#include "window/main_screen.h"
+
+#include "channel/text.h"
+#include "dialogs/epd_commands_window.h"
+#include "dialogs/fen_entry.h"
+#include "dialogs/learn_hints_dialog.h"
+#include "dialogs/message_box.h"
+#include "views/analysis_window.h"
+#include "views/chess_board.h"
+#include "views/clocks.h"
+#include "views/comment_editor.h"
+#include "views/pgn_view.h"
+#include "views/piece_choice_dialog.h"
+#include "views/promo_choice_dialog.h"
+#include "window/board_marker.h"
+#include "window/navigation_bar.h"
+
+namespace velmora {
+
+void MainScreen::attach(Actions& actions, SecondaryWindows& windows) {
+    m_actions = &actions;
+    m_windows = &windows;
+}
+
+void MainScreen::show_position() {
+    const std::string fen = m_desk.position.fen();
+    m_views.board.set_fen(fen);
+    m_views.board.set_marks(board_marks(m_desk.position, m_desk.last_move(), m_desk.selected));
+    m_views.fen_entry.set_text(fen);
+    m_views.navigation.set_possible(m_desk.can_go_back(), m_desk.can_go_forward());
+    if (m_windows && m_windows->is_shown(SecondaryWindow::epd)) m_views.epd.set_text(m_desk.epd_text());
+    announce_last_move();
+}
+
+void MainScreen::show_targets(int square) {
+    m_views.board.set_marks(board_marks(m_desk.position, m_desk.last_move(), square));
+}
+
+void MainScreen::announce_last_move() {
+    const std::string text = m_desk.last_move_text();
+    if (text.empty() || text == m_announced) return;
+    m_announced = text;
+    m_views.board.announce(text);
+}
+
+void MainScreen::show_game() {
+    // The text of a long game is made anew at each move: only for somebody who looks at it.
+    if (!m_windows || !m_windows->is_shown(SecondaryWindow::pgn)) return;
+    m_views.pgn.set_text(m_desk.game.pgn());
+    const auto [begin, end] = m_desk.game.current_text_range();
+    m_views.pgn.highlight(static_cast<std::int64_t>(begin), static_cast<std::int64_t>(end));
+}
+
+void MainScreen::set_title(const std::string& title) { m_views.main.set_title(text::valid_utf8(title)); }
+
+void MainScreen::tell_user(const std::string& headline, const std::string& details) {
+    message_box(m_views.main, text::underscores_to_blanks(headline), text::underscores_to_blanks(details));
+}
+
+void MainScreen::close() { m_views.main.hide(); }
+
+Mode MainScreen::mode() const { return m_actions ? m_actions->mode() : Mode::setup; }
+
+void MainScreen::select_mode(Mode mode) {
+    if (m_actions) m_actions->select_mode(mode);
+}
+
+void MainScreen::set_sensitive(const char* action, bool sensitive) {
+    if (m_actions) m_actions->set_sensitive(action, sensitive);
+}
+
+void MainScreen::set_arrow(int from, int to, int color) { m_views.board.set_arrow(from, to, color); }
+
+void MainScreen::clear_arrows() { m_views.board.clear_arrows(); }
+
+void MainScreen::set_clock_level(const Level& level) { m_views.clocks.set_level(level); }
+
+void MainScreen::reset_clocks() { m_views.clocks.reset(); }
+
+void MainScreen::stop_clocks() { m_views.clocks.stop(); }
+
+void MainScreen::start_clock(Side side) { m_views.clocks.start(side); }
+
+void MainScreen::set_clock(Side side, int centiseconds) { m_views.clocks.set_time(side, centiseconds); }
+
+void MainScreen::mark_clock(Side side) { m_views.clocks.show_to_move(side); }
+
+void MainScreen::add_analysis(Side side, const std::string& line) { m_views.analysis.add_line(side, line); }
+
+void MainScreen::clear_analysis() { m_views.analysis.clear(); }
+
+std::string MainScreen::comment_text() const { return m_views.comment.text(); }
+
+void MainScreen::show_comment(const std::string& comment) { m_views.comment.set_text(comment); }
+
+int MainScreen::choose_piece() {
+    return PieceChoiceDialog(m_views.main, m_views.board.drawing().pixbufs()).choice();
+}
+
+int MainScreen::choose_promotion(Side side) {
+    const auto& images = m_views.board.drawing().pixbufs();
+    // Image codes: pawn, knight, bishop, rook, queen, king from 1 for White and from 8 for Black.
+    const std::size_t pawn = side == Side::white ? 1 : 8;
+    return PromoChoiceDialog(m_views.main, images[pawn + 4], images[pawn + 3], images[pawn + 2],
+                             images[pawn + 1])
+        .choice();
+}
+
+int MainScreen::choose_hints() { return ask_learn_hints(m_views.main); }
+
+}  // namespace velmora

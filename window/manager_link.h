@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+#include "channel/command_sink.h"
+#include "channel/log_file.h"
+#include "engine/stopwatch.h"
+
+namespace velmora {
+
+/// The window's end of the channel to the referee: gives each command the window's sender id, and writes both
+/// directions to "interface.log" while logging is on.
+class ManagerLink {
+public:
+    explicit ManagerLink(CommandSink& manager);
+
+    /// Puts a command, without sender id and line end, on the referee's queue.
+    void send(const std::string& command);
+
+    /// Notes a line that came from the referee.
+    void log_received(const std::string& line);
+
+    /// On truncates and opens the log, off closes it.
+    void set_logging(bool on);
+
+private:
+    std::string stamp() const;
+
+    CommandSink& m_manager;
+    LogFile m_log;
+    Stopwatch m_session;  // runs from construction; the log's stamps count from the program's start
+};
+
+}  // namespace velmora

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "channel/text.h"
+#include "chess/side.h"
+#include "window/comment_keeper.h"
+#include "window/game_desk.h"
+#include "window/screen.h"
+
+namespace velmora {
+
+/// Carries out the referee's lines on the desk and the screen: the table from first word to handler.
+class MessageDispatcher {
+public:
+    MessageDispatcher(GameDesk& desk, Screen& screen, CommentKeeper& comments)
+        : m_desk(desk), m_screen(screen), m_comments(comments) {}
+
+    /// Handles one line; a line whose first word is in no table is ignored.
+    /// @throws whatever a handler throws; the caller's loop contains it
+    void process(const std::string& line);
+
+    /// Whether a line with this first word is handled at all.
+    static bool knows(std::string_view word);
+
+private:
+    using Rest = text::WordReader;
+    struct Command;
+
+    // A game as it is played
+    void play_move(Rest& rest);
+    void append_move_time(Rest& rest);
+    void take_back(Rest& rest);
+    void set_board(Rest& rest);
+    void start_new_game(Rest& rest);
+    void end_game(std::string_view result, Rest& rest);
+    template <Side side>
+    void search_output(Rest& rest);
+
+    // What is shown around the board
+    void set_event(Rest& rest);
+    void set_site(Rest& rest);
+    void set_round(Rest& rest);
+    void set_level(Rest& rest);
+    template <Side side>
+    void set_clock(Rest& rest);
+    template <Side side>
+    void set_name(Rest& rest);
+    template <Side side>
+    void set_elo(Rest& rest);
+    void set_engine1_name(Rest& rest);
+    void set_engine2_name(Rest& rest);
+    void set_arrow(Rest& rest);
+    void clear_arrows(Rest& rest);
+
+    // The program
+    void tell_user(Rest& rest);
+    void reset_mode(Rest& rest);
+    void finish_tournament(Rest& rest);
+    void close(Rest& rest);
+    void ignore(Rest&) {}
+
+    void attach_annotation(Side side);
+    std::string clean_name(Rest& rest);
+
+    GameDesk& m_desk;
+    Screen& m_screen;
+    CommentKeeper& m_comments;
+
+    static const Command* find(std::string_view word);
+};
+
+}  // namespace velmora

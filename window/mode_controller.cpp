@@ -1,0 +1,125 @@
+#include "window/mode_controller.h"
+
+#include <array>
+#include <utility>
+
+namespace velmora {
+
+ModeController::ModeController(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager,
+                               std::function<bool()> engine_loaded)
+    : m_desk(desk),
+      m_screen(screen),
+      m_comments(comments),
+      m_manager(manager),
+      m_engine_loaded(std::move(engine_loaded)) {}
+
+void ModeController::on_switched(Mode mode, bool on) {
+    static constexpr std::array<Handler, mode_count> handlers = {
+        &ModeController::setup,          &ModeController::human_human,
+        &ModeController::human_computer, &ModeController::analyze_position,
+        &ModeController::learn_openings, &ModeController::tournament};
+    m_desk.selected.reset();
+    (this->*handlers[static_cast<std::size_t>(mode)])(on);
+    m_screen.show_position();
+}
+
+void ModeController::send_position() { m_manager.send("setboard " + m_desk.position.fen()); }
+
+void ModeController::setup(bool on) {
+    m_screen.set_sensitive("StartThinking", false);
+    m_desk.setup = on;
+    if (on) {
+        m_desk.position.set_rights(0);
+    } else {
+        send_position();
+    }
+}
+
+void ModeController::human_human(bool on) {
+    if (!on) return;
+    m_screen.set_sensitive("StartThinking", false);
+    m_desk.set_engine_plays(false, false);
+    m_desk.clear_annotations();
+    m_screen.stop_clocks();
+    m_desk.clocks_held = true;
+    m_manager.send("human_human");
+    m_screen.mark_clock(m_desk.side_to_move());
+}
+
+void ModeController::human_computer(bool on) {
+    m_screen.set_sensitive("StartThinking", on);
+    m_screen.set_sensitive("Ponder", on);
+    if (!on) return;
+    const Side engine = opposite(m_desk.side_to_move());
+    m_desk.set_engine_plays(engine == Side::white, engine == Side::black);
+    m_desk.clocks_held = false;
+    send_position();
+    m_manager.send("playother");
+    m_screen.mark_clock(m_desk.side_to_move());
+}
+
+void ModeController::analyze_position(bool on) {
+    if (!on) return;
+    m_screen.set_sensitive("StartThinking", false);
+    m_desk.clocks_held = true;
+    m_desk.set_engine_plays(false, false);
+    send_position();
+    m_manager.send("analyzeposition");
+}
+
+void ModeController::learn_openings(bool on) {
+    if (!on) {
+        m_manager.send("learnopenings 0");
+        return;
+    }
+    const int mask = m_screen.choose_hints();
+    m_screen.set_sensitive("StartThinking", false);
+    m_desk.clocks_held = true;
+    m_desk.set_engine_plays(false, false);
+    m_screen.clear_arrows();
+    m_manager.send("learnopenings " + std::to_string(mask));
+    // The referee has not followed the moves of a game between people: the drill starts from what is on the
+    // board.
+    if (mask != 0) send_position();
+}
+
+void ModeController::tournament(bool on) {
+    if (!on) return;
+    m_screen.set_sensitive("StartThinking", false);
+    // The board of a match only looks on; its clocks follow the moves.
+    m_desk.set_engine_plays(true, true);
+    m_desk.clocks_held = false;
+    m_manager.send("start_tournament");
+}
+
+void ModeController::start_thinking() {
+    if (m_screen.mode() != Mode::human_computer) return;
+    const Side engine = m_desk.side_to_move();
+    m_desk.set_engine_plays(engine == Side::white, engine == Side::black);
+    m_desk.clocks_held = false;
+    m_manager.send("go");
+    m_screen.start_clock(engine);
+}
+
+void ModeController::new_game() {
+    m_desk.position.new_game();
+    m_desk.selected.reset();
+    m_screen.mark_clock(Side::white);
+    m_screen.clear_arrows();
+    m_manager.send("new");
+    m_desk.reset_record();
+    m_desk.clear_annotations();
+    m_comments.show();
+    m_screen.show_game();
+    m_screen.show_position();
+    // After a failed load the name is "???", so the name alone doesn't tell.
+    if (m_desk.engine1_name != no_engine_title && m_engine_loaded()) {
+        m_desk.set_engine_plays(false, true);
+        m_screen.select_mode(Mode::human_computer);
+        m_screen.set_sensitive("StartThinking", true);
+    } else {
+        m_screen.select_mode(Mode::human_human);
+    }
+}
+
+}  // namespace velmora

@@ -1,0 +1,57 @@
+#include "window/navigation.h"
+
+#include <stdexcept>
+
+namespace velmora {
+
+void Navigation::to_start() {
+    press([](Game& game) { return game.to_start(); });
+}
+
+void Navigation::back() {
+    press([](Game& game) { return game.back(); });
+}
+
+void Navigation::forward() {
+    press([](Game& game) { return game.forward(); });
+}
+
+void Navigation::to_end() {
+    press([](Game& game) { return game.to_end(); });
+}
+
+void Navigation::to_text_offset(std::size_t offset) {
+    go([offset](Game& game) { return game.goto_text_offset(offset); });
+}
+
+void Navigation::press(const Step& step) {
+    if (m_desk.engine_plays[Side::white] && m_desk.engine_plays[Side::black]) return;
+    m_desk.clocks_held = true;
+    go(step);
+}
+
+void Navigation::go(const Step& step) {
+    const Mode mode = m_screen.mode();
+    if (mode != Mode::analyze_position && mode != Mode::learn_openings)
+        m_screen.select_mode(Mode::human_human);
+    m_screen.clear_arrows();
+    m_comments.store();
+    m_desk.selected.reset();
+    std::string fen;
+    try {
+        fen = step(m_desk.game);
+    } catch (const std::exception& error) {
+        // The record stays at the last node that could be reached; the board follows it.
+        m_screen.tell_user("The move can't be played", error.what());
+        fen = m_desk.game.fen();
+    }
+    m_comments.show();
+    m_screen.show_game();
+    if (!fen.empty()) m_desk.position.set_fen(fen);
+    m_screen.mark_clock(m_desk.side_to_move());
+    m_screen.show_position();
+    m_manager.send("setboard " + m_desk.position.fen());
+    if (m_screen.mode() == Mode::analyze_position) m_manager.send("analyzeposition");
+}
+
+}  // namespace velmora

@@ -1,0 +1,73 @@
+#include "window/navigation_bar.h"
+
+#include <iostream>
+
+#include <gdkmm/pixbuf.h>
+#include <glibmm/error.h>
+#include <gtkmm/image.h>
+
+#include "views/data_directory.h"
+#include "window/navigation.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr int image_size = 24;
+
+struct ButtonRow {
+    const char* image;
+    const char* text;  // where the image is missing
+    const char* name;  // for the tooltip and the screen reader
+    void (Navigation::*step)();
+};
+
+constexpr std::array<ButtonRow, 4> rows = {{
+    {"goto_first.svg", "|<", "To the start of the game", &Navigation::to_start},
+    {"go_backward.svg", "<", "One move back", &Navigation::back},
+    {"go_forward.svg", ">", "One move forward", &Navigation::forward},
+    {"goto_last.svg", ">|", "To the end of the game", &Navigation::to_end},
+}};
+
+}  // namespace
+
+NavigationBar::NavigationBar() : Gtk::ButtonBox(Gtk::ORIENTATION_HORIZONTAL) {
+    set_layout(Gtk::BUTTONBOX_EXPAND);
+    for (auto& button : m_buttons) pack_start(button);
+}
+
+void NavigationBar::connect(Navigation& navigation) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        Gtk::Button& button = m_buttons[i];
+        const std::string path = data_directory() + "velmora.files/svg/" + rows[i].image;
+        try {
+            const int scale = button.get_scale_factor();
+            const auto pixbuf =
+                Gdk::Pixbuf::create_from_file(path, image_size * scale, image_size * scale, true);
+            auto* const image = Gtk::make_managed<Gtk::Image>();
+            // The surface knows its scale, so that the image is sharp where a pixel of the window is several.
+            image->set(Cairo::RefPtr<Cairo::Surface>(new Cairo::Surface(
+                gdk_cairo_surface_create_from_pixbuf(pixbuf->gobj(), scale, nullptr), true)));
+            button.set_image(*image);
+            button.set_always_show_image(true);
+        } catch (const Glib::Error& error) {
+            std::cerr << path << ": " << error.what().raw() << '\n';
+            button.set_label(rows[i].text);
+        }
+        button.set_tooltip_text(rows[i].name);
+        button.get_accessible()->set_name(rows[i].name);
+        button.signal_clicked().connect([&navigation, step = rows[i].step] { (navigation.*step)(); });
+    }
+}
+
+void NavigationBar::set_possible(bool back, bool forward) {
+    constexpr double faded = 0.35;
+    for (std::size_t i = 0; i < m_buttons.size(); ++i) {
+        const bool possible = i < 2 ? back : forward;
+        m_buttons[i].set_sensitive(possible);
+        // The toolkit leaves an image of our own as it is.
+        if (Gtk::Widget* image = m_buttons[i].get_image()) image->set_opacity(possible ? 1 : faded);
+    }
+}
+
+}  // namespace velmora

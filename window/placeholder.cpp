@@ -1,1 +1,0 @@
-// Gives the library a translation unit until its first class lands.

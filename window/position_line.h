@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <istream>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace velmora {
+
+/// The first four fields of a FEN or EPD line: placement, side, castling, en passant.
+std::vector<std::string_view> first_fields(std::string_view line);
+
+/// Whether the first four fields of a FEN or EPD line can be a position: side, castling, en passant and ranks
+/// of eight squares. Rules of the game, such as the number of kings, aren't asked.
+bool is_position_line(std::string_view line);
+
+/// The operations of an EPD line that name a tag of the roster, as tag and value. An opcode counts in upper
+/// and lower case; "id" names the event. Quotes are cut.
+std::vector<std::pair<std::string, std::string>> roster_tags(std::string_view line);
+
+/// The operations of an EPD line as they stand, empty when there are none. The two counters of a FEN are
+/// none.
+std::string_view epd_operations(std::string_view line);
+
+/// The n-th line that isn't empty, counted from 1, without the carriage return of a DOS file; nothing when
+/// the stream has fewer.
+std::optional<std::string> position_line(std::istream& stream, std::size_t n);
+
+}  // namespace velmora

@@ -1,0 +1,18 @@
+#pragma once
+
+namespace velmora {
+
+/// A rectangle on the screen, pixels from its upper left corner.
+struct ScreenBox {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    bool operator==(const ScreenBox&) const = default;
+};
+
+/// Where a second window goes so that it covers the first one as little as the screen allows: to its right,
+/// to its left, or else at the edge on the wider side. Its height above the bottom of the screen is kept.
+ScreenBox place_beside(const ScreenBox& first, const ScreenBox& second, const ScreenBox& screen);
+
+}  // namespace velmora
