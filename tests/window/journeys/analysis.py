@@ -1,0 +1,49 @@
+"""An engine analyses: its output is shown, and it follows the navigation."""
+import os
+import unittest
+
+from driver import Journey, key, main, press, wait_until
+
+STOCKFISH = "/usr/games/stockfish"
+
+
+class Analysis(Journey):
+    @unittest.skipUnless(os.path.exists(STOCKFISH), "stockfish is not installed")
+    def test_stockfish_follows_the_navigation(self):
+        program = self.start(engines_cfg=f"name Stockfish\nfilename {STOCKFISH}\nprotocol uci\n")
+        program.debug_on()
+        program.play("e2e4", "e7e5")
+        program.choose("Engine", "Load installed engine...")
+        dialog = program.dialog("Choose Engine")
+        program.press_button("LOAD", dialog)
+        program.wait_for_log("-----> engine1name Stockfish")
+        program.choose("View", "Show Engine Output")
+        program.choose("Mode", "Analysis")
+        program.wait_for_log("-----> white_info", 3, 60)
+        output = program.wait_for("frame", "Engines: output")
+        wait_until(lambda: any("depth" in (node.get_text_iface().get_text(0, -1) or "")
+                               for node in self.texts(program, output)), "output in the pane")
+        key("Left")
+        program.wait_for_log("-----> black_info", 3, 60)
+        program.screenshot("analysis")
+        program.play("c7c5")
+        infos = sum("-----> white_info" in line for line in program.log())
+        program.wait_for_log("-----> white_info", infos + 3, 60)
+        program.close()
+
+    def texts(self, program, root):
+        from driver import walk
+        return [node for node in walk(root) if node.get_role_name() == "text"]
+
+    def test_the_engine_dies_while_it_analyses(self):
+        program = self.start()
+        program.debug_on()
+        path = program.scripted_engine("mortal", "until uci\nanswer uciok\nuntil go\nanswer info depth 1\ndie\n")
+        program.load_engine(path, "uci")
+        program.choose("Mode", "Analysis")
+        program.wait_for_log("-----> white_info")
+        program.play("e2e4", "e7e5")
+        self.assertEqual(program.close(), 0)
+
+
+main()

@@ -1,0 +1,360 @@
+"""Uses the program as a person does: menus, mouse, keys and dialogs, by AT-SPI and xdotool.
+
+Every wait is for an effect with a deadline. A failed journey leaves a screenshot where VELMORA_SHOTS says.
+"""
+import collections
+import os
+import re
+import shutil
+import subprocess
+import tempfile
+import time
+import unittest
+import warnings
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+warnings.simplefilter("ignore", DeprecationWarning)
+Atspi.set_timeout(2000, 5000)
+
+SOURCE = os.environ["VELMORA_SOURCE_DIR"]
+BINARY = os.environ["VELMORA_BINARY_DIR"]
+PROGRAM = os.path.join(BINARY, "window", "velmora")
+# The sanitizers make everything several times slower.
+PATIENCE = float(os.environ.get("VELMORA_PATIENCE", "20"))
+
+
+def wait_until(condition, what, seconds=None):
+    """The first true value of condition(); AssertionError naming `what` when the time is over."""
+    end = time.monotonic() + (seconds or PATIENCE)
+    while True:
+        try:
+            value = condition()
+        except GLib.Error:  # the tree changed while it was walked
+            value = None
+        if value:
+            return value
+        if time.monotonic() > end:
+            raise AssertionError("waited in vain for " + what)
+        time.sleep(0.02)
+
+
+def walk(node):
+    yield node
+    for i in range(node.get_child_count()):
+        child = node.get_child_at_index(i)
+        if child:
+            yield from walk(child)
+
+
+def is_showing(node):
+    return node.get_state_set().contains(Atspi.StateType.SHOWING)
+
+
+def has_state(node, state):
+    return node.get_state_set().contains(state)
+
+
+def place(node):
+    return node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+
+
+def press(node):
+    node.get_action_iface().do_action(0)
+
+
+def xdotool(*arguments):
+    subprocess.run(["xdotool", *map(str, arguments)], check=True)
+
+
+def key(*names):
+    xdotool("key", "--clearmodifiers", *names)
+
+
+def click_at(x, y):
+    xdotool("mousemove", x, y, "click", 1)
+
+
+def click_on(node):
+    box = place(node)
+    click_at(box.x + box.width // 2, box.y + box.height // 2)
+
+
+Box = collections.namedtuple("Box", "x y width height")
+
+
+class Velmora:
+    """One run of the program in a fresh directory."""
+
+    def __init__(self, *arguments, engines_cfg=None, environment=None):
+        self.home = tempfile.mkdtemp(prefix="velmora-run-")
+        os.symlink(os.path.join(SOURCE, "velmora.files"), os.path.join(self.home, "velmora.files"))
+        if engines_cfg:
+            self.write("engines.cfg", engines_cfg)
+        self.errors = open(os.path.join(self.home, "stderr.txt"), "w+")
+        self.process = subprocess.Popen([PROGRAM, *arguments], cwd=self.home, stderr=self.errors,
+                                        stdout=subprocess.DEVNULL, env={**os.environ, **(environment or {})})
+        self.window = wait_until(self._find_window, "the main window")
+        self.started = time.monotonic()
+        # Into the corner, so that there is room beside it for the other windows.
+        identifier = wait_until(lambda: subprocess.run(
+            ["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid), "--name", "Velmora"],
+            capture_output=True, text=True, check=False).stdout.split(), "the window's number")[0]
+        xdotool("windowmove", "--sync", identifier, 0, 0)
+
+    # -- files of the run --------------------------------------------------------------------------------------
+
+    def path(self, name):
+        return os.path.join(self.home, name)
+
+    def write(self, name, text):
+        with open(self.path(name), "w", encoding="utf-8") as file:
+            file.write(text)
+        return self.path(name)
+
+    def read(self, name):
+        try:
+            with open(self.path(name), encoding="utf-8", errors="replace") as file:
+                return file.read()
+        except FileNotFoundError:
+            return ""
+
+    def log(self):
+        """The lines of the channel so far, sender's mark and text, without the stamps."""
+        return [line[10:] for line in self.read("interface.log").splitlines()]
+
+    def wait_for_log(self, text, count=1, seconds=None):
+        return wait_until(lambda: sum(text in line for line in self.log()) >= count,
+                          f"{text!r} in the log", seconds)
+
+    def error_text(self):
+        return self.read("stderr.txt")
+
+    # -- the window --------------------------------------------------------------------------------------------
+
+    def _application(self):
+        desktop = Atspi.get_desktop(0)
+        for i in range(desktop.get_child_count()):
+            child = desktop.get_child_at_index(i)
+            if child and child.get_process_id() == self.process.pid:
+                return child
+        return None
+
+    def _find_window(self):
+        if self.process.poll() is not None:
+            raise AssertionError("the program ended: " + self.error_text())
+        application = self._application()
+        if application is None:
+            return None
+        for i in range(application.get_child_count()):
+            child = application.get_child_at_index(i)
+            if child and child.get_role_name() == "frame" and is_showing(child) and \
+                    any(node.get_role_name() == "menu bar" for node in walk(child)):
+                return child
+        return None
+
+    def title(self):
+        return self.window.get_name()
+
+    def wait_for_title(self, title):
+        wait_until(lambda: self.title() == title, f"the title {title!r}, not {self.title()!r}")
+
+    def find(self, role, name=None, root=None):
+        """The showing widget of a role, anywhere in the program, or nothing."""
+        for node in walk(root or self._application()):
+            if node.get_role_name() == role and name in (None, node.get_name()) and is_showing(node):
+                return node
+        return None
+
+    def wait_for(self, role, name=None, root=None):
+        return wait_until(lambda: self.find(role, name, root), f"{role} {name!r}")
+
+    def menu_item(self, menu, item):
+        """The item of a menu, whether the menu is open or not."""
+        bar = next(node for node in walk(self.window) if node.get_role_name() == "menu bar")
+        for i in range(bar.get_child_count()):
+            entry = bar.get_child_at_index(i)
+            if entry.get_name() != menu:
+                continue
+            for node in walk(entry):
+                if node.get_name() == item and node.get_role_name().endswith("menu item"):
+                    return node
+        raise AssertionError(f"no menu item {menu} / {item}")
+
+    def choose(self, menu, item):
+        """Picks a menu item with the mouse, as items that open a dialog want."""
+        entry = wait_until(lambda: self.find("menu", menu, self.window), f"the menu {menu}")
+        click_on(entry)
+        node = wait_until(lambda: next((n for n in walk(entry) if n.get_name() == item and n is not entry and
+                                        is_showing(n) and place(n).width > 1), None), f"the item {item}")
+        click_on(node)
+
+    def is_sensitive(self, menu, item):
+        return has_state(self.menu_item(menu, item), Atspi.StateType.SENSITIVE)
+
+    def is_checked(self, menu, item):
+        return has_state(self.menu_item(menu, item), Atspi.StateType.CHECKED)
+
+    def debug_on(self):
+        self.choose("Options", "Debug")
+        self.wait_for_log("debug true")
+
+    # -- the board ---------------------------------------------------------------------------------------------
+
+    def square(self, name):
+        """The accessible square of a name; it says what stands on it: "e4, white pawn"."""
+        return next((n for n in walk(self.window) if n.get_name().startswith(name + ", ")), None)
+
+    def board(self):
+        """x, y, width and height of the 64 squares on the screen."""
+        corners = [place(wait_until(lambda c=c: self.square(c), "the board")) for c in ("a1", "h8")]
+        # The board takes no click in its first half second.
+        time.sleep(max(0.0, 0.7 - (time.monotonic() - self.started)))
+        x, y = min(c.x for c in corners), min(c.y for c in corners)
+        return Box(x, y, max(c.x + c.width for c in corners) - x, max(c.y + c.height for c in corners) - y)
+
+    def center(self, square, flipped=False):
+        box = self.board()
+        file, rank = ord(square[0]) - ord("a"), int(square[1]) - 1
+        if flipped:
+            file, rank = 7 - file, 7 - rank
+        return (int(box.x + (file + 0.5) * box.width / 8), int(box.y + (7 - rank + 0.5) * box.height / 8))
+
+    def drag(self, move, flipped=False):
+        (x1, y1), (x2, y2) = self.center(move[:2], flipped), self.center(move[2:4], flipped)
+        xdotool("mousemove", x1, y1, "mousedown", 1, "mousemove", (x1 + x2) // 2, (y1 + y2) // 2,
+                "mousemove", x2, y2, "mouseup", 1)
+
+    def click_square(self, square):
+        click_at(*self.center(square))
+
+    def play(self, *moves):
+        """Drags moves and waits until each has gone to the referee. Needs the log."""
+        for move in moves:
+            sent = sum("usermove" in line for line in self.log())
+            self.drag(move)
+            self.wait_for_log("usermove", sent + 1)
+
+    # -- dialogs -----------------------------------------------------------------------------------------------
+
+    def answer_message(self, expected=None):
+        """Closes the message box; gives its texts."""
+        box = self.wait_for("alert")
+        texts = [n.get_name() for n in walk(box) if n.get_role_name() == "label" and n.get_name()]
+        if expected is not None:
+            assert any(expected in text for text in texts), texts
+        press(wait_until(lambda: self.find("push button", "OK", box), "OK"))
+        wait_until(lambda: self.find("alert") is None, "the end of the message")
+        return texts
+
+    def dialog(self, title):
+        return self.wait_for("dialog", title)
+
+    def press_button(self, label, root=None):
+        press(self.wait_for("push button", label, root))
+
+    def choose_file(self, path, button="Open"):
+        chooser = self.wait_for("file chooser")
+        entry = self.find("text", root=chooser)
+        if entry is None:
+            key("slash")
+            entry = wait_until(lambda: self.find("text", root=chooser), "the entry of the file chooser")
+        entry.get_editable_text_iface().set_text_contents(path)
+
+        def gone():
+            again = self.find("file chooser")
+            if again is None:
+                return True
+            node = self.find("push button", button, again)
+            if node:
+                press(node)
+                time.sleep(0.3)
+            return False
+
+        wait_until(gone, "the end of the file chooser")
+
+    # -- the end -----------------------------------------------------------------------------------------------
+
+    def screenshot(self, name):
+        directory = os.environ.get("VELMORA_SHOTS")
+        if directory:
+            os.makedirs(directory, exist_ok=True)
+            subprocess.run(["import", "-window", "root", os.path.join(directory, name + ".png")], check=False)
+
+    # -- engines -----------------------------------------------------------------------------------------------
+
+    def scripted_engine(self, name, script):
+        """A scripted engine in the run's directory; gives its path."""
+        self.write(name + ".script", script)
+        path = self.path(name + ".engine")
+        os.symlink(os.path.join(BINARY, "tests", "support", "scripted_engine"), path)
+        return path
+
+    def load_engine(self, path, protocol="autodetect", name=None):
+        """Loads an engine through the menu, the file chooser and the protocol dialog."""
+        self.choose("Engine", "Load engine...")
+        self.choose_file(path)
+        dialog = self.dialog("Protocol")
+        press(wait_until(lambda: self.find("radio button", protocol, dialog), protocol))
+        self.press_button("OK", dialog)
+        self.wait_for_log("-----> engine1name " + (name or ""))
+
+    def archive(self):
+        return self.read("Velmora battles.pgn")
+
+    def close(self):
+        """Closes by the window's frame, and gives the exit code."""
+        windows = subprocess.run(["wmctrl", "-lp"], capture_output=True, text=True, check=True).stdout
+        for line in windows.splitlines():
+            fields = line.split(None, 4)
+            if int(fields[2]) == self.process.pid and fields[4].strip().endswith(self.title().strip()):
+                subprocess.run(["wmctrl", "-i", "-c", fields[0]], check=True)
+        return self.process.wait(PATIENCE)
+
+    def finish(self):
+        if self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+        self.errors.close()
+        shutil.rmtree(self.home, ignore_errors=True)
+
+
+def accepted_by_pgn_extract(path):
+    """How many games an independent reader takes without a complaint; nothing where it isn't installed."""
+    program = shutil.which("pgn-extract", path="/usr/games:/usr/bin:/usr/local/bin")
+    if program is None:
+        return None
+    run = subprocess.run([program, "-s", "-r", path], capture_output=True, text=True, check=False)
+    assert not run.stderr.strip(), run.stderr
+    with open(path, encoding="utf-8", errors="replace") as file:
+        return file.read().count("[Event ")
+
+
+class Journey(unittest.TestCase):
+    """A test that runs the program; every run is closed and its complaints are looked at."""
+
+    # What accessibility itself causes in the toolkit.
+    harmless = re.compile("invalid cast from 'GtkToplevelAccessible'|WIDGET_REALIZED_FOR_EVENT|dbind|AT-SPI")
+
+    def start(self, *arguments, **options):
+        program = Velmora(*arguments, **options)
+        self.addCleanup(self._end, program)
+        return program
+
+    def _end(self, program):
+        if self._outcome.result and any(test is self for test, _ in
+                                        self._outcome.result.failures + self._outcome.result.errors):
+            program.screenshot("failed-" + self.id().rsplit(".", 1)[-1])
+        errors = program.error_text()
+        program.finish()
+        complaints = [line for line in errors.splitlines()
+                      if re.search("CRITICAL|WARNING|ERROR: AddressSanitizer|runtime error:|data race", line)
+                      and not self.harmless.search(line)]
+        self.assertEqual(complaints, [])
+
+
+def main():
+    unittest.main(verbosity=2)

@@ -1,0 +1,54 @@
+"""The window opens, shows what it should, and goes only when the referee has answered."""
+import os
+import time
+
+from driver import Journey, has_state, main, place, wait_until, Atspi
+
+
+class StartAndQuit(Journey):
+    def test_first_sight(self):
+        program = self.start()
+        self.assertEqual(program.title(), "Velmora (no engine loaded)")
+        for menu, item in [("Mode", "Start thinking"), ("Mode", "Human - computer"), ("Mode", "Analysis"),
+                           ("Options", "Ponder")]:
+            self.assertFalse(program.is_sensitive(menu, item), item)
+        self.assertTrue(program.is_sensitive("Mode", "Tournament"))
+        self.assertTrue(program.is_checked("Mode", "Human - human"))
+        program.screenshot("first-sight")
+        begin = time.monotonic()
+        self.assertEqual(program.close(), 0)
+        self.assertLess(time.monotonic() - begin, 5)
+        self.assertFalse(os.path.exists(program.path("interface.log")))
+
+    def test_board_size(self):
+        for argument, size in [("400", 400), ("567", 560), ("x", 560), ("1201", 560)]:
+            program = self.start("-s", argument)
+            box = program.board()
+            self.assertEqual((box.width // 8 * 8, box.height // 8 * 8), (size, size), argument)
+            self.assertIn("boardsize=" + (argument if argument != "x" else "0"), program.error_text())
+            program.close()
+
+    def test_a_switch_without_a_value_is_ignored(self):
+        program = self.start("-s")
+        self.assertEqual(program.board().width // 8 * 8, 560)
+        self.assertEqual(program.error_text(), "")
+        program.close()
+
+    def test_quit_from_the_menu_and_a_second_close(self):
+        program = self.start()
+        program.debug_on()
+        program.choose("File", "Quit")
+        self.assertEqual(program.process.wait(20), 0)
+        self.assertIn("0 quit", program.read("interface.log"))
+
+    def test_logs_of_both_sides(self):
+        program = self.start()
+        program.debug_on()
+        program.drag("e2e4")
+        program.wait_for_log("interface --> 0 usermove e2e4")
+        wait_until(lambda: "interface -> 0 usermove e2e4" in program.read("manager.log"), "the referee's log")
+        self.assertRegex(program.read("interface.log"), r"(?m)^\d{5}\.\d{3} interface --> 0 usermove e2e4$")
+        program.close()
+
+
+main()
