@@ -92,7 +92,7 @@ void EngineTest::kill_children() {
 }
 
 bool EngineTest::wait_until(const std::function<bool()>& condition) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     while (!condition()) {
         if (std::chrono::steady_clock::now() > deadline) return false;
         while (g_main_context_iteration(nullptr, FALSE) != FALSE) continue;

@@ -44,7 +44,7 @@ protected:
     /// Ends all child processes, for tests of engines that do not go by themselves.
     static void kill_children();
 
-    /// Waits until the condition holds, while the main context runs; false after ten seconds.
+    /// Waits until the condition holds, while the main context runs; false after a minute.
     static bool wait_until(const std::function<bool()>& condition);
 
 private:

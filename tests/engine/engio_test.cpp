@@ -154,7 +154,7 @@ TEST_F(EngioTest, RefusesASecondProcess) {
 }
 
 TEST_F(EngioTest, EndOfTheEngineCountsAsCrashAndLosesNoWholeLine) {
-    const char* endings[] = {"die 3", "kill 11", "close stdout"};
+    const char* endings[] = {"die 3", "kill 9", "close stdout"};
     for (const char* ending : endings) {
         const std::string name = std::string("a") + ending;
         const auto before = m_receiver.lines().size();

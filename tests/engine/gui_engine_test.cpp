@@ -23,6 +23,18 @@ std::string joined(const std::vector<std::string>& lines) {
     return text;
 }
 
+/// A queue that drops thinking output when nobody reads, as the referee has it.
+class QueueSink : public CommandSink {
+public:
+    void put_command(const std::string& line) override {
+        queue.put(line);
+        if (line.find("bestmove") != std::string::npos) ++moves;
+    }
+
+    std::atomic<int> moves = 0;
+    LineQueue queue{[](const std::string& line) { return line.find(" info ") != std::string::npos; }};
+};
+
 class GuiEngineTest : public EngineTest {
 protected:
     void load(const std::string& script, Protocol protocol = Protocol::uci) {
@@ -39,6 +51,7 @@ protected:
     }
 
     RecordingSink m_sink;
+    QueueSink m_queue_sink;
     std::optional<GuiEngine> m_engine{quick};
     int m_loads = 0;
 };
@@ -68,7 +81,7 @@ TEST_F(GuiEngineTest, FindsTheProtocol) {
          "uci!///150", "uci; quit"},
         {"until uci\nflood 300 option name O%d type check default true\nanswer uciok\n", Protocol::uci,
          "uci///150", "uci; quit"},
-        {"until uci\nflood 100000 info string %d\nanswer uciok\n", Protocol::uci, "uci!///0", "uci; quit"},
+        {"until uci\nflood 2000 info string %d\nanswer uciok\n", Protocol::uci, "uci!///0", "uci; quit"},
         {"until protover\nanswer feature done=0 ping=1 myname=\"Beta 2\" done=1 san=1\n",
          Protocol::autodetect, "v2/Beta 2//0",
          "uci; xboard; protover 2; accepted done; accepted ping; accepted myname; accepted done; quit"},
@@ -253,31 +266,18 @@ TEST_F(GuiEngineTest, ACrashWhileThinkingIsSeenAndReloaded) {
     EXPECT_EQ(m_engine->status(), EngineStatus::idle);
 }
 
-/// A queue that drops thinking output when nobody reads, as the referee has it.
-class QueueSink : public CommandSink {
-public:
-    void put_command(const std::string& line) override {
-        m_queue.put(line);
-        if (line.find("bestmove") != std::string::npos) ++moves;
-    }
-
-    std::atomic<int> moves = 0;
-    LineQueue m_queue{[](const std::string& line) { return line.find(" info ") != std::string::npos; }};
-};
-
 TEST_F(GuiEngineTest, AMillionInfoLinesThatNobodyReadsLeaveTheMoves) {
-    QueueSink sink;
-    m_engine->load_engine(&sink, 2,
+    m_engine->load_engine(&m_queue_sink, 2,
                           make_engine("flooding",
                                       "until uci\nanswer uciok\nuntil go\nanswer bestmove a2a3\n"
                                       "flood 1000000 info depth %d\nanswer bestmove e2e4\n"),
                           Protocol::uci);
     m_engine->go();
-    ASSERT_TRUE(wait_until([&] { return sink.moves == 2; }));
+    ASSERT_TRUE(wait_until([&] { return m_queue_sink.moves == 2; }));
     m_engine->unload_engine();
-    EXPECT_EQ(sink.m_queue.size(), LineQueue::crowded_at);
+    EXPECT_EQ(m_queue_sink.queue.size(), LineQueue::crowded_at);
     std::vector<std::string> lines;
-    sink.m_queue.drain([&lines](const std::string& line) { lines.push_back(line); });
+    m_queue_sink.queue.drain([&lines](const std::string& line) { lines.push_back(line); });
     EXPECT_TRUE(matches("2 0 bestmove a2a3 TS=~", lines.front())) << lines.front();
     EXPECT_EQ(lines[lines.size() - 2], "2 0 info depth 1000000");
     EXPECT_TRUE(matches("2 0 bestmove e2e4 TS=~", lines.back())) << lines.back();
