@@ -53,7 +53,7 @@ void OptionsDialog::add_widgets(std::vector<Option>& options) {
         place(m_combos.emplace_back(option));
     });
     each("string", [&](Option& option) {
-        start_row();
+        if (m_cell % columns != 0) start_row();
         place_name(option);
         place(m_entries.emplace_back(option), columns - 1);
     });

@@ -4,8 +4,10 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <map>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gdk/gdkkeysyms.h>
@@ -13,6 +15,7 @@
 #include <gtkmm/button.h>
 #include <gtkmm/dialog.h>
 #include <gtkmm/entry.h>
+#include <gtkmm/grid.h>
 #include <gtkmm/treeview.h>
 #include <gtkmm/window.h>
 
@@ -21,6 +24,21 @@
 #include "tests/support/gui_driver.h"
 
 namespace velmora {
+
+/// All widgets of a class that stand in a grid, row by row, from left to right.
+template <class W>
+std::vector<W*> in_grid(Gtk::Widget& root) {
+    std::map<std::pair<int, int>, W*> found;
+    for (Gtk::Widget* widget : gui::descendants(root)) {
+        auto* wanted = dynamic_cast<W*>(widget);
+        auto* grid = dynamic_cast<Gtk::Grid*>(widget->get_parent());
+        if (!wanted || !grid) continue;
+        found[{grid->child_property_top_attach(*widget), grid->child_property_left_attach(*widget)}] = wanted;
+    }
+    std::vector<W*> widgets;
+    for (const auto& [place, widget] : found) widgets.push_back(widget);
+    return widgets;
+}
 
 /// A parent window on the screen, an empty directory, and what a user does in a dialog.
 class DialogTest : public testing::Test {
@@ -89,11 +107,6 @@ protected:
         auto* view = gui::find_widget<Gtk::TreeView>(root, {}, n);
         if (!view) throw std::logic_error("no list");
         return *view;
-    }
-    static Gtk::Entry& entry_in(Gtk::Widget& root, int n) {
-        auto* entry = gui::find_widget<Gtk::Entry>(root, {}, n);
-        if (!entry) throw std::logic_error("no entry");
-        return *entry;
     }
 
     std::string write(const std::string& name, const std::string& text) const {

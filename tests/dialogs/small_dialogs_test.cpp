@@ -1,0 +1,151 @@
+#include <gtkmm/aboutdialog.h>
+#include <gtkmm/checkbutton.h>
+#include <gtkmm/messagedialog.h>
+#include <gtkmm/radiobutton.h>
+#include <gtkmm/textview.h>
+
+#include "dialogs/about_dialog.h"
+#include "dialogs/epd_commands_window.h"
+#include "dialogs/fen_entry.h"
+#include "dialogs/learn_hints_dialog.h"
+#include "dialogs/message_box.h"
+#include "dialogs/protocol_dialog.h"
+#include "dialogs/shown_text.h"
+#include "tests/dialogs/dialog_test.h"
+
+namespace velmora {
+namespace {
+
+TEST(ShownText, AnyBytesBecomeWhatAWidgetTakes) {
+    const struct {
+        std::string text;
+        std::size_t longest;
+        const char* expected;
+    } rows[] = {
+        {"Gr\u00FC\u00DFe", 100, "Gr\u00FC\u00DFe"},
+        {"caf\xE9", 100, "caf?"},
+        {std::string("a\0b", 3), 100, "a?b"},
+        {"abcdef", 3, "abc\u2026"},
+        {"ab\u20AC", 4, "ab\u2026"},  // a character is not torn apart
+        {"abc", 3, "abc"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(shown_bytes(row.text, row.longest), row.expected) << row.text;
+}
+
+class SmallDialogsTest : public DialogTest {};
+
+TEST_F(SmallDialogsTest, MessageBoxShowsBothTextsAndTakesEnterAndEscape) {
+    for (const unsigned key : {GDK_KEY_Return, GDK_KEY_Escape}) {
+        answering<Gtk::MessageDialog>(
+            [&](Gtk::MessageDialog& box) {
+                EXPECT_EQ(box.get_title(), "Message:");
+                EXPECT_EQ(box.property_text().get_value(), "No_such <b>engine</b>");
+                EXPECT_EQ(box.property_secondary_text().get_value(), "line 1\nline 2 caf?");
+                gui::press_key(box, key);
+            },
+            [&] {
+                message_box(m_parent, "No_such <b>engine</b>", "line 1\nline 2 caf\xE9");
+                return true;
+            });
+    }
+}
+
+TEST_F(SmallDialogsTest, AMessageOfAnyLengthFitsOnTheScreen) {
+    for (const std::string& text : {std::string(20'000, 'x'), std::string(20'000, '\n'), std::string()}) {
+        answering<Gtk::MessageDialog>(
+            [&](Gtk::MessageDialog& box) {
+                gui::pump_pending();
+                EXPECT_LT(box.get_allocated_width(), 700);
+                EXPECT_LT(box.get_allocated_height(), 1000);
+                enter(box);
+            },
+            [&] {
+                message_box(m_parent, text, text);
+                return true;
+            });
+    }
+}
+
+TEST_F(SmallDialogsTest, ProtocolNumbers) {
+    const char* labels[] = {"autodetect", "uci", "xboard v1", "xboard v2"};
+    for (int number = 0; number < 4; ++number) {
+        const auto reply = [&](Gtk::Dialog& dialog) {
+            EXPECT_EQ(dialog.get_title(), "Protocol");
+            EXPECT_TRUE(gui::find_labelled<Gtk::RadioButton>(dialog, "autodetect")->get_active());
+            press(dialog, labels[number]);
+            press(dialog, "OK");
+        };
+        EXPECT_EQ(answering(reply, [&] { return choose_protocol(m_parent); }), number);
+    }
+    EXPECT_EQ(answering(enter, [&] { return choose_protocol(m_parent); }), 0);
+    EXPECT_EQ(answering(escape, [&] { return choose_protocol(m_parent); }), std::nullopt);
+}
+
+TEST_F(SmallDialogsTest, LearnHintsMasks) {
+    for (int mask = 0; mask < 4; ++mask) {
+        for (const bool ok : {true, false}) {
+            const auto reply = [&](Gtk::Dialog& dialog) {
+                EXPECT_EQ(dialog.get_title(), "Learn Openings Hints");
+                if (mask & 1) press(dialog, "hint white moves");
+                if (mask & 2) press(dialog, "hint black moves");
+                press(dialog, ok ? "OK" : "CANCEL");
+            };
+            EXPECT_EQ(answering(reply, [&] { return ask_learn_hints(m_parent); }), ok ? mask : 0);
+        }
+    }
+    EXPECT_EQ(answering(escape, [&] { return ask_learn_hints(m_parent); }), 0);
+}
+
+TEST_F(SmallDialogsTest, AboutShowsNameVersionAndImage) {
+    const std::string image =
+        std::string(std::getenv("VELMORA_SOURCE_DIR")) + "/velmora.files/svg/velmora_100x50.svg";
+    const auto show = [&](const std::string& path) {
+        return [this, path] {
+            show_about(m_parent, path);
+            return true;
+        };
+    };
+    answering<Gtk::AboutDialog>(
+        [](Gtk::AboutDialog& dialog) {
+            EXPECT_EQ(dialog.get_program_name(), "Velmora GUI");
+            EXPECT_EQ(dialog.get_version(), "1.14");
+            EXPECT_EQ(dialog.get_logo()->get_width(), 100);
+            escape(dialog);
+        },
+        show(image));
+    testing::internal::CaptureStderr();
+    answering<Gtk::AboutDialog>(escape, show(m_directory + "none.svg"));
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("none.svg"), std::string::npos);
+}
+
+TEST_F(SmallDialogsTest, EpdWindowShowsItsTextForReadingOnly) {
+    EpdCommandsWindow window;
+    window.set_text("8/8/8/4k3/8/8/4P3/4K3 w - - id \"Caf\xE9\";");
+    gui::show_and_wait(window);
+    EXPECT_EQ(window.get_title(), "EPD");
+    auto* view = gui::find_widget<Gtk::TextView>(window);
+    EXPECT_EQ(view->get_buffer()->get_text(), "8/8/8/4k3/8/8/4P3/4K3 w - - id \"Caf?\";");
+    EXPECT_FALSE(view->get_editable());
+    EXPECT_FALSE(view->get_cursor_visible());
+}
+
+TEST_F(SmallDialogsTest, FenEntryHandsOverItsTextByButtonAndEnter) {
+    Gtk::Window window;
+    FenEntry strip;
+    window.add(strip);
+    gui::show_and_wait(window);
+    std::vector<std::string> entered;
+    strip.signal_fen_entered().connect([&](const std::string& text) {
+        entered.push_back(text);
+        strip.set_text("");  // as a listener may
+    });
+    press(strip, "OK");
+    strip.set_text("8/8 w");
+    press(strip, "OK");
+    gui::find_widget<Gtk::Entry>(strip)->grab_focus();
+    gui::type_text(strip, "abc\n");
+    EXPECT_EQ(entered, (std::vector<std::string>{"", "8/8 w", "abc"}));
+}
+
+}  // namespace
+}  // namespace velmora
