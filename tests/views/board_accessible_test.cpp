@@ -83,6 +83,24 @@ TEST_F(AccessibleBoardTest, SquaresOutliveTheirBoard) {
     g_object_unref(kept);
 }
 
+TEST_F(AccessibleBoardTest, OnlyMenAndTheMarginHaveTooltips) {
+    board.set_fen(start_fen);
+    const auto answers = [](Gtk::Widget& widget, gui::Point at) {
+        auto* tooltip = GTK_TOOLTIP(g_object_new(GTK_TYPE_TOOLTIP, nullptr));
+        gboolean answered = FALSE;
+        g_signal_emit_by_name(widget.gobj(), "query-tooltip", int(at.x), int(at.y), FALSE, tooltip,
+                              &answered);
+        g_object_unref(tooltip);
+        return answered != FALSE;
+    };
+    int x = 0, y = 0;
+    board.drawing().translate_coordinates(board, 0, 0, x, y);
+    EXPECT_TRUE(answers(taker(), middle(12)));
+    EXPECT_FALSE(answers(taker(), middle(28)));
+    EXPECT_FALSE(answers(board, {x + 10.0, y + 300.0}));
+    EXPECT_TRUE(answers(board, {x - 10.0, y + 300.0}));
+}
+
 TEST_F(AccessibleBoardTest, LastMoveIsSaid) {
     std::string said;
     const auto note = +[](AtkObject*, const char* text, std::string* target) { *target = text; };
