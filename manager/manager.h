@@ -47,10 +47,13 @@ public:
 
     const std::string& program_path() const { return m_program_path; }
 
+    /// Carries out a line of the window on the calling thread, which must be the Manager's. Throws
+    /// std::logic_error when it comes from somebody else.
+    void process_command_from_interface(const std::string& line) { m_commands.process(line); }
+
 private:
     void take_turn(const std::string& line);
     GameEnd dispatch(const std::string& line);
-    void process_command_from_interface(const std::string& line) { m_commands.process(line); }
     GameEnd process_engine1_line(const std::string& line) {
         return m_engine_lines.process(Seat::first, line);
     }

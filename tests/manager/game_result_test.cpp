@@ -98,9 +98,9 @@ TEST(GameResult, AdjudicatesEqualPiecesAfterSixQuietPlies) {
         int quiet_plies;
         bool expected;
     } rows[] = {
-        {"q3k3/8/8/8/8/8/8/Q3K3", 6, true},    {"q3k3/8/8/8/8/8/8/Q3K3", 5, false},
-        {"r3k3/8/8/8/8/8/8/R3K3", 6, true},    {"b3k3/8/8/8/8/8/8/1B2K3", 6, true},
-        {"n3k3/8/8/8/8/8/8/N3K3", 99, true},   {"q3k3/8/8/8/8/8/8/R3K3", 99, false},
+        {"q3k3/8/8/8/8/8/8/Q3K3", 6, true},     {"q3k3/8/8/8/8/8/8/Q3K3", 5, false},
+        {"r3k3/8/8/8/8/8/8/R3K3", 6, true},     {"b3k3/8/8/8/8/8/8/1B2K3", 6, true},
+        {"n3k3/8/8/8/8/8/8/N3K3", 99, true},    {"q3k3/8/8/8/8/8/8/R3K3", 99, false},
         {"q3k3/8/8/8/8/8/1P6/Q3K3", 99, false}, {"4k3/8/8/8/8/8/8/4K3", 99, false},
     };
     for (const auto& row : rows) {

@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,12 +18,26 @@ public:
     using Accepts = std::function<bool(const std::string&)>;
 
     /// How long a test waits before it fails.
-    static constexpr std::chrono::seconds patience{60};
+    static constexpr std::chrono::seconds patience{30};
 
     void put_command(const std::string& line) override {
-        const std::lock_guard lock(m_mutex);
+        std::unique_lock lock(m_mutex);
         m_lines.push_back(line);
-        m_grown.notify_all();
+        m_changed.notify_all();
+        // As the window does under a message box.
+        m_changed.wait(lock, [&] { return m_holding_line != line; });
+    }
+
+    /// From here on the referee is held up when it says `line`, until release().
+    void hold_at(const std::string& line) {
+        const std::lock_guard lock(m_mutex);
+        m_holding_line = line;
+    }
+
+    void release() {
+        const std::lock_guard lock(m_mutex);
+        m_holding_line.reset();
+        m_changed.notify_all();
     }
 
     /// Waits until a line that has not been taken yet is accepted, and takes all lines up to it. Gives what
@@ -35,7 +50,7 @@ public:
             while (seen < m_lines.size()) {
                 if (accepts(m_lines[seen++])) return take(seen);
             }
-            if (m_grown.wait_until(lock, deadline) == std::cv_status::timeout) return take(m_lines.size());
+            if (m_changed.wait_until(lock, deadline) == std::cv_status::timeout) return take(m_lines.size());
         }
     }
 
@@ -57,8 +72,9 @@ private:
     }
 
     std::mutex m_mutex;
-    std::condition_variable m_grown;
-    std::vector<std::string> m_lines;  // guarded by m_mutex; not taken yet
+    std::condition_variable m_changed;
+    std::vector<std::string> m_lines;           // guarded by m_mutex; not taken yet
+    std::optional<std::string> m_holding_line;  // guarded by m_mutex
 };
 
 }  // namespace velmora::test

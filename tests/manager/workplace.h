@@ -1,13 +1,16 @@
 #pragma once
 
+#include <chrono>
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <functional>
 #include <string>
+#include <thread>
 
 #include <glib.h>
+
+#include "tests/support/scratch_directory.h"
 
 namespace velmora::test {
 
@@ -17,9 +20,7 @@ class Workplace {
 public:
     Workplace() : m_before(std::filesystem::current_path()) {
         std::signal(SIGPIPE, SIG_IGN);  // as every program does that drives engines
-        std::string pattern = (std::filesystem::temp_directory_path() / "velmora-manager-XXXXXX").string();
-        m_directory = ::mkdtemp(pattern.data());
-        std::filesystem::current_path(m_directory);
+        std::filesystem::current_path(m_files.path(""));
         std::filesystem::create_directory("tournaments");
     }
 
@@ -27,7 +28,10 @@ public:
         while (g_main_context_iteration(nullptr, FALSE) != FALSE)
             continue;  // reaps the engines that are gone
         std::filesystem::current_path(m_before);
-        std::filesystem::remove_all(m_directory);
+        std::error_code still_written_to;  // by an engine that is on its way out
+        do {
+            std::filesystem::remove_all(m_files.path(""), still_written_to);
+        } while (still_written_to);
     }
 
     Workplace(const Workplace&) = delete;
@@ -37,9 +41,7 @@ public:
     std::string add_engine(const std::string& name, const std::string& script) const {
         write(name + ".script", script);
         const std::string program = path(name + ".engine");
-        const auto original =
-            std::filesystem::path(std::getenv("VELMORA_BINARY_DIR")) / "tests/support/scripted_engine";
-        if (!std::filesystem::exists(program)) std::filesystem::create_symlink(original, program);
+        if (!std::filesystem::exists(program)) std::filesystem::create_symlink(SCRIPTED_ENGINE, program);
         return program;
     }
 
@@ -52,21 +54,32 @@ public:
             << rows;
     }
 
-    void write(const std::string& name, const std::string& text) const { std::ofstream(name) << text; }
-
-    static std::string read(const std::string& name) {
-        std::ifstream file(name);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    void write(const std::string& name, const std::string& text) const { m_files.write(name, text); }
+    std::string read(const std::string& name) const { return m_files.content(name); }
 
     /// What an engine has been sent.
     std::string sent_to(const std::string& name) const { return read(name + ".sent"); }
 
-    std::string path(const std::string& name) const { return (m_directory / name).string(); }
+    /// Ends an engine's process from outside.
+    void kill_engine(const std::string& name) const {
+        const std::string program = path(name + ".engine");
+        for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+            std::string command;
+            std::getline(std::ifstream(entry.path() / "cmdline"), command, '\0');
+            if (command == program) ::kill(std::stoi(entry.path().filename()), SIGKILL);
+        }
+    }
+
+    /// Waits until `holds`; a test that waits for ever is ended by CTest.
+    static void wait_for(const std::function<bool()>& holds) {
+        while (!holds()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+
+    std::string path(const std::string& name) const { return m_files.path(name); }
 
 private:
-    std::filesystem::path m_before;
-    std::filesystem::path m_directory;
+    const std::filesystem::path m_before;
+    const ScratchDirectory m_files;
 };
 
 }  // namespace velmora::test
