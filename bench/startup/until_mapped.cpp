@@ -2,15 +2,14 @@
 //
 //   until_mapped PROGRAM [ARGUMENT...]
 //
-// Needs a display without a window manager (which would wrap the window in a frame of its own). The program is ended
-// by SIGTERM afterwards.
+// Needs a display without a window manager (which would wrap the window in a frame of its own). The program
+// is ended by SIGTERM afterwards.
 #include <X11/Xlib.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 

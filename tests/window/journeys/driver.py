@@ -103,7 +103,7 @@ class Velmora:
         identifier = wait_until(lambda: subprocess.run(
             ["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid), "--name", "Velmora"],
             capture_output=True, text=True, check=False).stdout.split(), "the window's number")[0]
-        xdotool("windowmove", "--sync", identifier, 0, 0)
+        xdotool("windowmove", identifier, 0, 0)
 
     # -- files of the run --------------------------------------------------------------------------------------
 

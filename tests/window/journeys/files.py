@@ -1,7 +1,7 @@
 """Games and positions from and to files, through the choosers; wrong files everywhere."""
 import os
 
-from driver import Journey, key, main, press, wait_until, walk
+from driver import Journey, click_at, click_on, key, main, wait_until, walk
 
 GAMES = """[Event "One"]
 [White "Ann"]
@@ -64,7 +64,6 @@ class Files(Journey):
         content = wait_until(lambda: text.get_text_iface().get_text(0, -1), "the text")
         offset = content.index("Nf6")
         box = text.get_text_iface().get_character_extents(offset, 0)
-        from driver import click_at
         click_at(box.x + 2, box.y + box.height // 2)
         program.wait_for_log("0 setboard r1bqkb1r/pppp1ppp/2n2n2/4p2Q/2B1P3/8/PPPP1PPP/RNB1K1NR w KQkq - 4 4")
         program.close()
@@ -129,7 +128,7 @@ class Files(Journey):
         program.choose("View", "Show FEN")
         entry = program.wait_for("text", root=program.window)
         entry.get_editable_text_iface().set_text_contents("rnbqkbnr/8/8/8/8/8/8/RNBQ1BNR w - - 0 1")
-        press(program.wait_for("push button", "OK", program.window))
+        click_on(program.wait_for("push button", "OK", program.window))
         program.answer_message("error number of kings")
         program.play("e2e4")
         program.close()
