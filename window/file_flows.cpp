@@ -47,6 +47,7 @@ void FileFlows::load_game_from(const std::string& path) {
     m_desk.selected.reset();
     m_desk.clear_annotations();
     m_desk.position.set_fen(m_desk.game.to_start());
+    m_desk.tag_opening_of_main_line();
     m_comments.show();
     m_screen.clear_arrows();
     m_screen.show_game();

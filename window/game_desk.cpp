@@ -1,6 +1,6 @@
 #include "window/game_desk.h"
 
-#include <ctime>
+#include <stdexcept>
 
 #include "channel/text.h"
 #include "game/game_tags.h"
@@ -63,8 +63,19 @@ void GameDesk::play(const Move& move) {
     tag_opening();
 }
 
-void GameDesk::tag_opening() {
-    const auto key = position.key();
+void GameDesk::tag_opening() { tag_opening(position.key()); }
+
+void GameDesk::tag_opening_of_main_line() {
+    Game reader = game;
+    reader.to_start();
+    try {
+        while (!reader.forward().empty()) tag_opening(reader.key());
+    } catch (const std::logic_error&) {
+        // A move that can't be played ends what can be named.
+    }
+}
+
+void GameDesk::tag_opening(std::uint64_t key) {
     const std::string code(eco.code(key));
     if (code.empty()) return;
     game.set_tag("ECO", code);

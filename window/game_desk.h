@@ -78,6 +78,8 @@ struct GameDesk {
     void play(const Move& move);
     /// Sets the tags "ECO" and "Opening" when the position has a name.
     void tag_opening();
+    /// Sets the same two tags from the last position of the main line that has a name.
+    void tag_opening_of_main_line();
     /// Takes `fen` as the start of the record and as the position. REQUIRES: a readable FEN.
     void start_from(const std::string& fen);
 
@@ -90,6 +92,9 @@ struct GameDesk {
 
     /// The EPD code of the position, with the operations of the line it was loaded from.
     std::string epd_text() const;
+
+private:
+    void tag_opening(std::uint64_t key);
 };
 
 }  // namespace velmora

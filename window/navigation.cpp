@@ -46,8 +46,9 @@ void Navigation::go(const Step& step) {
         fen = m_desk.game.fen();
     }
     m_comments.show();
-    m_screen.show_game();
     if (!fen.empty()) m_desk.position.set_fen(fen);
+    m_desk.tag_opening();
+    m_screen.show_game();
     m_screen.mark_clock(m_desk.side_to_move());
     m_screen.show_position();
     m_manager.send("setboard " + m_desk.position.fen());

@@ -59,7 +59,9 @@ bool SecondaryWindows::is_shown(SecondaryWindow window) const {
     return m_parts[static_cast<std::size_t>(window)].widget->get_visible();
 }
 
-void SecondaryWindows::remember_size() { m_main.get_size(m_width, m_height); }
+void SecondaryWindows::remember_size() {
+    if (m_width == 0) m_main.get_size(m_width, m_height);
+}
 
 void SecondaryWindows::flip_board() {
     m_board.flip();

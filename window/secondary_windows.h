@@ -30,7 +30,7 @@ public:
     void hide_all();
     bool is_shown(SecondaryWindow window) const;
 
-    /// Notes the main window's size, to which hiding the FEN strip returns.
+    /// Notes the main window's size as first shown, to which hiding the FEN strip returns.
     void remember_size();
 
     void flip_board();

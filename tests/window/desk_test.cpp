@@ -348,6 +348,7 @@ TEST_F(DeskTest, SteppingKeepsTheRefereeInStep) {
     navigation.back();
     EXPECT_THAT(referee.take(), ElementsAre("0 setboard " + after_e4, "0 analyzeposition"));
     EXPECT_EQ(screen.mode(), Mode::analyze_position);
+    EXPECT_EQ(desk.game.tag("Opening"), "King's pawn opening");
     const auto offset = desk.game.pgn().find("c5");
     navigation.to_text_offset(offset + 1);
     EXPECT_EQ(desk.position.piece_on(Square("c5")), Piece(9));

@@ -2,7 +2,7 @@
 import os
 import unittest
 
-from driver import Journey, key, main, press, wait_until
+from driver import Journey, key, main, wait_until, walk
 
 STOCKFISH = "/usr/games/stockfish"
 
@@ -22,7 +22,7 @@ class Analysis(Journey):
         program.wait_for_log("-----> white_info", 3, 60)
         output = program.wait_for("frame", "Engines: output")
         wait_until(lambda: any("depth" in (node.get_text_iface().get_text(0, -1) or "")
-                               for node in self.texts(program, output)), "output in the pane")
+                               for node in self.texts(output)), "output in the pane")
         key("Left")
         program.wait_for_log("-----> black_info", 3, 60)
         program.screenshot("analysis")
@@ -31,8 +31,7 @@ class Analysis(Journey):
         program.wait_for_log("-----> white_info", infos + 3, 60)
         program.close()
 
-    def texts(self, program, root):
-        from driver import walk
+    def texts(self, root):
         return [node for node in walk(root) if node.get_role_name() == "text"]
 
     def test_the_engine_dies_while_it_analyses(self):
@@ -42,7 +41,9 @@ class Analysis(Journey):
         program.load_engine(path, "uci")
         program.choose("Mode", "Analysis")
         program.wait_for_log("-----> white_info")
-        program.play("e2e4", "e7e5")
+        program.play("e2e4")
+        program.answer_message("crashed")
+        program.play("e7e5")
         self.assertEqual(program.close(), 0)
 
 

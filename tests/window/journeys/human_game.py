@@ -1,5 +1,5 @@
 """Two people at the board: moves by mouse, set-up, navigation, flipping, every mode without an engine."""
-from driver import Journey, click_on, key, main, press, wait_until
+from driver import Journey, click_at, key, main, place, press, wait_until
 
 
 class HumanGame(Journey):
@@ -49,7 +49,6 @@ class HumanGame(Journey):
             self.program.drag("a7a8")
             dialog = wait_until(lambda: self.program.find("dialog"), "the promotion chooser")
             area = wait_until(lambda: self.program.find("drawing area", root=dialog), "its images")
-            from driver import click_at, place
             box = place(area)
             click_at(box.x + box.width * (1 + 2 * (column % 2)) // 4, box.y + box.height * (1 + 2 * (column // 2)) // 4)
             self.program.wait_for_log("usermove a7a8" + letter)

@@ -1,8 +1,7 @@
 """The window opens, shows what it should, and goes only when the referee has answered."""
 import os
-import time
 
-from driver import Journey, has_state, main, place, wait_until, Atspi
+from driver import Journey, main, wait_until
 
 
 class StartAndQuit(Journey):
@@ -15,9 +14,7 @@ class StartAndQuit(Journey):
         self.assertTrue(program.is_sensitive("Mode", "Tournament"))
         self.assertTrue(program.is_checked("Mode", "Human - human"))
         program.screenshot("first-sight")
-        begin = time.monotonic()
         self.assertEqual(program.close(), 0)
-        self.assertLess(time.monotonic() - begin, 5)
         self.assertFalse(os.path.exists(program.path("interface.log")))
 
     def test_board_size(self):
@@ -40,6 +37,16 @@ class StartAndQuit(Journey):
         program.choose("File", "Quit")
         self.assertEqual(program.process.wait(20), 0)
         self.assertIn("0 quit", program.read("interface.log"))
+
+    def test_closing_while_the_referee_is_busy(self):
+        program = self.start()
+        program.debug_on()
+        path = program.scripted_engine("slow", "until uci\nwait 2000\nanswer uciok\n")
+        program.choose("Engine", "Load engine...")
+        program.choose_file(path)
+        program.press_button("OK", program.dialog("Protocol"))
+        program.wait_for_log("0 load 0 filename")
+        self.assertEqual(program.close(), 0)
 
     def test_logs_of_both_sides(self):
         program = self.start()

@@ -1,7 +1,8 @@
 """A tournament from the dialog to its last game, loaded again, started again, deleted."""
 import os
+import time
 
-from driver import Journey, click_on, main, press, wait_until, walk
+from driver import Journey, click_on, is_showing, main, wait_until, walk
 
 ENGINES = """name Alpha
 filename {0}
@@ -17,10 +18,8 @@ class TournamentJourney(Journey):
     def move_engine(self, dialog, name):
         """Clicks an engine's row on the left until it stands among the participants."""
         def tables():
-            return [n for n in walk(dialog) if n.get_role_name() in ("table", "tree table")
-                    and n.get_state_set().contains(self.showing)]
-        from driver import Atspi
-        self.showing = Atspi.StateType.SHOWING
+            return [n for n in walk(dialog) if n.get_role_name() in ("table", "tree table") and is_showing(n)]
+
         left, right = wait_until(lambda: tables() if len(tables()) == 2 else None, "the two lists")
 
         def moved():
@@ -30,7 +29,6 @@ class TournamentJourney(Journey):
                 if n.get_name() == name:
                     click_on(n)
                     break
-            import time
             time.sleep(0.15)  # a second click within a tenth of a second would not count
             return False
         wait_until(moved, name + " among the participants")
@@ -46,8 +44,7 @@ class TournamentJourney(Journey):
         rounds = [n for n in walk(dialog) if n.get_role_name() == "text" and
                   n.get_text_iface().get_text(0, -1) == "0"][0]
         rounds.get_editable_text_iface().set_text_contents("2")
-        press(wait_until(lambda: program.find("page tab", "Participants", dialog), "the page")) if False else \
-            click_on(wait_until(lambda: program.find("page tab", "Participants", dialog), "the page"))
+        click_on(program.wait_for("page tab", "Participants", dialog))
         self.move_engine(dialog, "Alpha")
         self.move_engine(dialog, "Beta")
         program.screenshot("tournament-dialog")
