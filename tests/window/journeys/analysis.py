@@ -37,7 +37,7 @@ class Analysis(Journey):
     def test_the_engine_dies_while_it_analyses(self):
         program = self.start()
         program.debug_on()
-        path = program.scripted_engine("mortal", "until uci\nanswer uciok\nuntil go\nanswer info depth 1\ndie\n")
+        path = program.scripted_engine("mortal", "until uci\nanswer uciok\nuntil go\nanswer info depth 1\nuntil stop\ndie\n")
         program.load_engine(path, "uci")
         program.choose("Mode", "Analysis")
         program.wait_for_log("-----> white_info")
