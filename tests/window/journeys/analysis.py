@@ -41,9 +41,9 @@ class Analysis(Journey):
         program.load_engine(path, "uci")
         program.choose("Mode", "Analysis")
         program.wait_for_log("-----> white_info")
-        program.play("e2e4")
+        program.play("e2e4", "e7e5")
         program.answer_message("crashed")
-        program.play("e7e5")
+        program.play("g1f3")
         self.assertEqual(program.close(), 0)
 
 
