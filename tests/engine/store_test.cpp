@@ -129,6 +129,28 @@ TEST_F(StoreTest, AnywhereButInAHomeTheWorkingDirectoryIsTheUsers) {
     EXPECT_TRUE(fs::exists(directory() + "engines.cfg"));
 }
 
+TEST_F(StoreTest, ADirectoryThatCannotBeMadeIsTriedAgain) {
+    // Nothing can be made in a working directory that is gone, whatever the user's rights are.
+    fs::create_directory("gone");
+    fs::current_path("gone");
+    fs::remove(directory() + "gone");
+    try {
+        HomeDir();
+        ADD_FAILURE();
+    } catch (const std::runtime_error& error) {
+        EXPECT_STREQ(error.what(), "HomeDir/tournaments constructor failed");
+    }
+    InstalledEngines engines;
+    engines.read_engines_cfg();
+    EngineVariables engine;
+    engine.name = "Alpha";
+    engines.add_engine(engine);
+    EXPECT_THROW(engines.write_engines_cfg(), std::runtime_error);
+    fs::current_path(directory());
+    engines.write_engines_cfg();
+    EXPECT_EQ(read_file("engines.cfg"), head + "\nname Alpha\nprotocol autodetect\n");
+}
+
 TEST(HomeDir, FollowsTheWorkingDirectory) {
     struct Row {
         const char* working_directory;
