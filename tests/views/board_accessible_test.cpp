@@ -95,7 +95,9 @@ TEST_F(AccessibleBoardTest, OnlyMenAndTheMarginHaveTooltips) {
     };
     int x = 0, y = 0;
     board.drawing().translate_coordinates(board, 0, 0, x, y);
-    EXPECT_TRUE(answers(taker(), middle(12)));
+    EXPECT_FALSE(answers(taker(), middle(12))) << "not at once";
+    EXPECT_TRUE(gui::pump_until([&] { return answers(taker(), middle(12)); }));
+    EXPECT_FALSE(answers(taker(), middle(13))) << "the pointer has not rested there";
     EXPECT_FALSE(answers(taker(), middle(28)));
     EXPECT_FALSE(answers(board, {x + 10.0, y + 300.0}));
     EXPECT_TRUE(answers(board, {x - 10.0, y + 300.0}));
