@@ -31,12 +31,14 @@ public:
     }
 
     bool attack(Square king) const {
-        const MagicMoves& magics = magic_moves();
-        const Bitboard attackers = (bit_tables.knight_moves(king) & m_knights) |
-                                   (bit_tables.pawn_attacks(king, opposite(m_side)) & m_pawns) |
-                                   (magics.rook_attacks(king, m_occupied) & m_straight) |
-                                   (magics.bishop_attacks(king, m_occupied) & m_diagonal);
-        return attackers.any();
+        const Bitboard close = (bit_tables.knight_moves(king) & m_knights) |
+                               (bit_tables.pawn_attacks(king, opposite(m_side)) & m_pawns);
+        // Most often no slider is in line with the king.
+        const Bitboard straight = bit_tables.rook_lines(king) & m_straight;
+        const Bitboard diagonal = bit_tables.bishop_lines(king) & m_diagonal;
+        return close.any() ||
+               (straight.any() && (magic_moves().rook_attacks(king, m_occupied) & straight).any()) ||
+               (diagonal.any() && (magic_moves().bishop_attacks(king, m_occupied) & diagonal).any());
     }
 
 private:

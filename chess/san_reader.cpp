@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "chess/attack_maps.h"
 #include "chess/bit_tables.h"
 
 namespace velmora {
@@ -56,8 +57,7 @@ private:
         const Piece man = moving_man();
         const Bitboard origins = take_origins();
         const bool push = man.is_pawn() && !marked_capture;
-        const Bitboard candidates =
-            push ? pushing_pawn(to) : m_position.attackers(to, m_us) & men(man) & origins;
+        const Bitboard candidates = push ? pushing_pawn(to) : attackers(man, to) & origins;
         return {choose(candidates, to), to, code, man, capture};
     }
 
@@ -135,6 +135,13 @@ private:
         const Square one = behind(to, m_us);
         const Bitboard near = one.bit() & pawns;
         return near.any() ? near : behind(one, m_us).bit() & pawns;
+    }
+
+    /// The men like `man` that attack the square: what such a man would attack from there, the other way
+    /// round.
+    Bitboard attackers(Piece man, Square to) const {
+        const Piece back = man.is_pawn() ? Piece(PieceKind::pawn, opposite(m_us)) : man;
+        return attacks_of(back, to, m_position.board().occupied()) & men(man);
     }
 
     Square choose(Bitboard candidates, Square to) const {
