@@ -11,24 +11,23 @@ namespace velmora {
 void Game::reset() {
     m_tags.reset();
     m_tree.reset();
-    to_start();
+    stand_at_start();
 }
 
 void Game::parse_pgn(std::string_view text) {
     m_tags.reset();
     m_tree.reset();
     m_section.reset();
-    const auto& tokens = m_tokenizer.tokenize(text);
+    const auto tokens = m_tokenizer.tokenize(text);
     read_tags(tokens);
-    to_start();
+    stand_at_start();
     m_section.set_start(m_tags.start_color(), m_tags.start_move_number());
     m_section.load(tokens);
     m_tree.rebuild(m_section);
-    m_tokenizer.clear();
 }
 
 /// The tags ahead of the first token that can't belong to a header.
-void Game::read_tags(const std::vector<MoveToken>& tokens) {
+void Game::read_tags(std::span<const MoveToken> tokens) {
     std::string_view name;
     for (const auto& token : tokens) {
         switch (token.kind) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -100,14 +101,16 @@ public:
     std::string goto_text_offset(std::uint64_t offset);
 
 private:
-    void read_tags(const std::vector<MoveToken>& tokens);
+    void read_tags(std::span<const MoveToken> tokens);
     std::int32_t end_marker() const;
     void remove_end_marker();
     void leave_end_game();
     MoveSectionElement& commented_node();
     std::int32_t child_of(std::int32_t id, std::string_view san) const;
     Move legal_move(const std::string& san) const;
+    void stand_at_start();
     void step_to(std::int32_t id, const Move& move);
+    bool step_forward();
     std::vector<std::int32_t> line_to(std::int32_t id) const;
     void replay(const std::vector<std::int32_t>& line);
     /// Bytes of pgn() ahead of the movetext.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -35,13 +36,14 @@ public:
 private:
     enum class State { between, movetext, finished };
     enum class Enclosed { tag, comment };
-    using ByteSet = std::array<bool, 256>;
 
     State copy_between();
     State copy_movetext();
     State copy_enclosed(Enclosed kind, State behind);
-    void copy_run(const ByteSet& specials);
-    bool copy_result(char first);
+    void copy_plain(const std::array<bool, 256>& specials);
+    bool stands_in_result() const;
+    State copy_result(char first);
+    State copy_result_end();
     bool copy_one_of(std::string_view wanted);
     int next_char();
     [[noreturn]] void fail(std::string_view marker);
@@ -49,6 +51,7 @@ private:
     BlockReader& m_reader;
     GameFinder m_finder;
     std::string* m_text = nullptr;  // while cutting
+    std::size_t m_looked_at = 0;    // up to here the text was searched for a result
     std::uint64_t m_game_offset = 0;
 };
 

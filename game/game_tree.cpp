@@ -25,11 +25,9 @@ void GameTree::rebuild(MoveSection& section) {
     reset();
     m_start_color = section.start_color();
     m_start_move_number = section.start_move_number();
+    m_next_id += static_cast<std::int64_t>(section.node_count());
     m_nodes.swap(section.elements());
     section.reset();
-    for (std::size_t i = 0; i < m_nodes.size(); ++i) {
-        if (!m_nodes[i].is_marker()) ++m_next_id;
-    }
     skip_used_ids();
 }
 

@@ -102,12 +102,13 @@ void GuiBook::play_game(ChessPosition& position, std::size_t entry) const {
         game.parse_pgn(file.read_game_at(m_offsets[entry]));
         // A game of its own start needs it ahead of its moves.
         if (game.tags().contains("FEN")) position.set_fen(game.to_start());
-        while (!game.forward().empty()) position.do_move(game.last_move());
+        game.to_end();
     } catch (const std::exception&) {
         report_faulty_game();
     } catch (const pgn_error&) {
         report_faulty_game();
     }
+    for (const auto& move : game.moves()) position.do_move(move);
 }
 
 void GuiBook::play_line(ChessPosition& position, std::size_t entry) const {

@@ -18,6 +18,7 @@ bool is_opened_by_number(const MoveSectionElement& element) {
 void MoveSection::reset() {
     m_elements.clear();
     m_elements.append().type = ElementType::start_game;
+    m_markers = 0;
     set_start(1, 1);
 }
 
@@ -26,14 +27,13 @@ void MoveSection::set_start(std::int32_t color, std::int32_t move_number) {
     m_start_move_number = move_number;
 }
 
-void MoveSection::load(const std::vector<MoveToken>& tokens) {
+void MoveSection::load(std::span<const MoveToken> tokens) {
     m_lines.assign(1, Line{});
     for (const auto& token : tokens) {
         if (!read_token(token)) break;
     }
     // Once for the whole game, also when the tokens ended inside a variation.
-    link_children();
-    number_moves();
+    link_and_number();
 }
 
 /// False when the game ends with this token.
@@ -69,19 +69,13 @@ bool MoveSection::read_token(const MoveToken& token) {
 void MoveSection::add_number(std::string_view digits) {
     // The writer prints some numbers twice; the second one must not open a move of its own.
     if (is_opened_by_number(m_elements.back())) return;
-    append_move().move_number = text::strict_integer<std::int32_t>(digits).value_or(0);
+    auto& element = append_move();
+    if (element.id == 1) element.move_number = text::strict_integer<std::int32_t>(digits).value_or(0);
 }
 
 void MoveSection::add_san(std::string_view san) {
-    if (is_opened_by_number(m_elements.back())) {
-        m_elements.back().san = san;
-        return;
-    }
-    const auto before = m_lines.back().current;
-    auto& element = append_move();
+    auto& element = is_opened_by_number(m_elements.back()) ? m_elements.back() : append_move();
     element.san = san;
-    element.move_number =
-        before < 0 ? m_start_move_number : m_elements[static_cast<std::size_t>(before)].move_number;
 }
 
 MoveSectionElement& MoveSection::append(std::int32_t pid) {
@@ -105,6 +99,8 @@ MoveSectionElement& MoveSection::append_move() {
     const auto color = last == ElementType::start_game ? m_start_color : answering_color(pid);
     auto& element = append(pid);
     element.color = color;
+    // All but the first are numbered at the end.
+    element.move_number = m_start_move_number;
     line.current = element.id;
     return element;
 }
@@ -115,22 +111,25 @@ std::int32_t MoveSection::answering_color(std::int32_t pid) const {
     return m_elements[static_cast<std::size_t>(pid)].color == 1 ? 0 : 1;
 }
 
+void MoveSection::append_marker(ElementType type, std::int32_t pid) {
+    auto& marker = append(pid);
+    marker.type = type;
+    marker.color = no_color;
+    ++m_markers;
+}
+
 void MoveSection::open_variation() {
     if (m_elements.size() < 2 || m_lines.size() > deepest_variation) {
         throw std::logic_error("MoveSection::load invalid subvariation");
     }
     const auto current = m_lines.back().current;
-    auto& marker = append(current);
-    marker.type = ElementType::begin_variation;
-    marker.color = no_color;
+    append_marker(ElementType::begin_variation, current);
     m_lines.push_back({current, current});
 }
 
 void MoveSection::close_variation() {
     if (m_lines.size() == 1) return;
-    auto& marker = append(m_lines.back().parent);
-    marker.type = ElementType::end_variation;
-    marker.color = no_color;
+    append_marker(ElementType::end_variation, m_lines.back().parent);
     m_lines.pop_back();
 }
 
@@ -143,24 +142,19 @@ void MoveSection::add_result(std::string_view result) {
     element.result = result;
 }
 
-void MoveSection::link_children() {
-    for (std::size_t i = 1; i < m_elements.size(); ++i) {
-        const auto& element = m_elements[i];
-        if (element.is_marker()) continue;
-        m_elements[static_cast<std::size_t>(element.pid)].children.push_back(element.id);
-    }
-}
-
-/// Moves are counted from the root; of the numbers in the text, only that of a first move by White is kept.
-void MoveSection::number_moves() {
+/// Enters children at their parents and counts the moves from the root; of the numbers in the text, only that
+/// of a first move by White is kept. Parents stand ahead of their children, so that one pass does.
+void MoveSection::link_and_number() {
     m_elements[0].move_number = m_start_move_number;
     for (std::size_t i = 1; i < m_elements.size(); ++i) {
         auto& element = m_elements[i];
-        const auto before = m_elements[static_cast<std::size_t>(element.pid)].move_number;
+        if (element.is_marker()) continue;
+        auto& parent = m_elements[static_cast<std::size_t>(element.pid)];
+        parent.children.push_back(element.id);
         if (element.color == 0) {
-            element.move_number = before;
+            element.move_number = parent.move_number;
         } else if (element.color == 1 && i != 1) {
-            element.move_number = next_move_number(before);
+            element.move_number = next_move_number(parent.move_number);
         }
     }
 }

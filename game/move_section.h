@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "game/element_list.h"
@@ -28,7 +29,10 @@ public:
     /// Appends the elements of a game and links children to parents. Tags among the tokens are ignored, so
     /// are stray closing parentheses. A variation ahead of the first move, or one that is nested too deep,
     /// throws std::logic_error "MoveSection::load invalid subvariation". REQUIRES: called once after reset().
-    void load(const std::vector<MoveToken>& tokens);
+    void load(std::span<const MoveToken> tokens);
+
+    /// Elements that are no variation markers.
+    std::size_t node_count() const { return m_elements.size() - m_markers; }
 
     const ElementList& elements() const { return m_elements; }
     /// For the tree, which takes the elements over and leaves its own.
@@ -50,10 +54,11 @@ private:
     MoveSectionElement& append(std::int32_t pid);
     MoveSectionElement& append_move();
     std::int32_t answering_color(std::int32_t pid) const;
-    void link_children();
-    void number_moves();
+    void append_marker(ElementType type, std::int32_t pid);
+    void link_and_number();
 
     ElementList m_elements;
+    std::size_t m_markers = 0;
     std::int32_t m_start_color = 1;
     std::int32_t m_start_move_number = 1;
     std::vector<Line> m_lines;  // while loading: the main line and the open variations, innermost last

@@ -9,157 +9,173 @@ namespace velmora {
 
 namespace {
 
+/// What a character begins.
+enum class Begins : std::uint8_t { nothing, san, digits, single, tag, comment, nag, result_or_digits, star };
+
+constexpr auto beginnings = [] {
+    std::array<Begins, 256> table{};
+    const auto set = [&table](std::string_view characters, Begins what) {
+        for (const char c : characters) table[static_cast<unsigned char>(c)] = what;
+    };
+    for (unsigned char c = 'a'; c <= 'z'; ++c) table[c] = Begins::san;
+    for (unsigned char c = 'A'; c <= 'Z'; ++c) table[c] = Begins::san;
+    set("#+-:=_", Begins::san);
+    set("23456789", Begins::digits);
+    set("01", Begins::result_or_digits);
+    set("*", Begins::star);
+    set("().]}>", Begins::single);
+    set("[", Begins::tag);
+    set("{<", Begins::comment);
+    set("$", Begins::nag);
+    return table;
+}();
+
+Begins beginning(char c) { return beginnings[static_cast<unsigned char>(c)]; }
+
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
+
 /// The characters of a move. Digits belong to it, but never begin it.
 constexpr auto in_san = [] {
     std::array<bool, 256> table{};
-    for (unsigned char c = 'a'; c <= 'z'; ++c) table[c] = true;
-    for (unsigned char c = 'A'; c <= 'Z'; ++c) table[c] = true;
+    for (std::size_t c = 0; c < table.size(); ++c) table[c] = beginnings[c] == Begins::san;
     for (unsigned char c = '0'; c <= '9'; ++c) table[c] = true;
-    for (const unsigned char c : {'#', '+', '-', ':', '=', '_'}) table[c] = true;
     return table;
 }();
 
 bool is_san(char c) { return in_san[static_cast<unsigned char>(c)]; }
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
+bool is_ascii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 
-bool is_ascii(std::string_view text) {
-    unsigned char all = 0;
-    for (const char c : text) all = static_cast<unsigned char>(all | static_cast<unsigned char>(c));
-    return all < 0x80;
-}
+/// Whether cleaning changes a text for this character.
+bool needs_cleaning(char c) { return !is_ascii(c) || c == '\n' || c == '\r' || c == '\t'; }
 
 }  // namespace
 
-const std::vector<MoveToken>& PgnTokenizer::tokenize(std::string_view text) {
-    clear();
+std::span<const MoveToken> PgnTokenizer::tokenize(std::string_view text) {
+    m_count = 0;
+    m_cleaned.clear();
     m_cleaned.reserve(text.size());  // a cleaned text is never longer than its source
     m_text = text;
-    m_at = 0;
-    while (m_at < m_text.size()) read_token();
-    return m_tokens;
-}
-
-void PgnTokenizer::clear() {
-    m_tokens.clear();
-    m_cleaned.clear();
-    m_text = {};
-}
-
-void PgnTokenizer::read_token() {
-    const char c = m_text[m_at];
-    switch (c) {
-        case '(':
-            return emit(TokenKind::variation_open, 1);
-        case ')':
-            return emit(TokenKind::variation_close, 1);
-        case '.':
-            return emit(TokenKind::dot, 1);
-        case ']':
-            return emit(TokenKind::tag_close, 1);
-        case '[':
-            return read_tag();
-        case '{':
-        case '<':
-            return read_comment(c == '<');
-        case '}':
-        case '>':
-            emit_text(TokenKind::comment_close, "}");
-            ++m_at;
-            return;
-        case '$': {
-            const auto digits = m_text.substr(m_at + 1);
-            const auto end = std::find_if_not(digits.begin(), digits.end(), is_digit);
-            return emit(TokenKind::nag, 1 + static_cast<std::size_t>(end - digits.begin()));
+    for (std::size_t at = 0; at < text.size();) {
+        // Told apart here because nearly all tokens are moves: the branches are foreseen, a jump table is
+        // not.
+        const auto what = beginning(text[at]);
+        if (what == Begins::nothing) {
+            ++at;
+        } else if (what == Begins::san) {
+            at = emit_run(TokenKind::san, at, is_san);
+        } else {
+            at = read_token(at);
         }
-        default:
+    }
+    return std::span(m_tokens).first(m_count);
+}
+
+std::size_t PgnTokenizer::read_token(std::size_t at) {
+    switch (beginning(m_text[at])) {
+        case Begins::nothing:
+            return at + 1;
+        case Begins::san:
+            return emit_run(TokenKind::san, at, is_san);
+        case Begins::digits:
+            return emit_run(TokenKind::integer, at, is_digit);
+        case Begins::single:
+            emit_single(m_text[at]);
+            return at + 1;
+        case Begins::tag:
+            return read_tag(at);
+        case Begins::comment:
+            return read_comment(at);
+        case Begins::nag:
+            return emit_run(TokenKind::nag, at, is_digit);
+        case Begins::star:
+            return emit_result("*");
+        case Begins::result_or_digits:
             break;
     }
-    if ((c == '*' || c == '0' || c == '1') && read_result()) return;
-    if (is_digit(c)) return read_digits();
-    if (!is_san(c)) {
-        ++m_at;
-        return;
+    for (const std::string_view result : {"1-0", "0-1", "1/2-1/2"}) {
+        if (m_text.substr(at, result.size()) == result) return emit_result(result);
     }
-    auto end = m_at + 1;
-    while (end < m_text.size() && is_san(m_text[end])) ++end;
-    emit(TokenKind::san, end - m_at);
+    return emit_run(TokenKind::integer, at, is_digit);
 }
 
-void PgnTokenizer::emit(TokenKind kind, std::size_t length) {
-    emit_text(kind, m_text.substr(m_at, length));
-    m_at += length;
+/// The first place from `at` on whose character is wanted, or the end of the text.
+template <class Wanted>
+std::size_t PgnTokenizer::find(std::size_t at, Wanted wanted) const {
+    while (at < m_text.size() && !wanted(m_text[at])) ++at;
+    return at;
 }
 
-bool PgnTokenizer::read_result() {
-    for (const std::string_view result : {"*", "1-0", "0-1", "1/2-1/2"}) {
-        if (m_text.substr(m_at, result.size()) != result) continue;
-        emit_text(TokenKind::result, result);
-        m_at = m_text.size();
-        return true;
+/// A token of the character at `at` and those behind it that belong to it.
+template <class Belongs>
+std::size_t PgnTokenizer::emit_run(TokenKind kind, std::size_t at, Belongs belongs) {
+    const auto end = find(at + 1, [belongs](char c) { return !belongs(c); });
+    emit(kind, m_text.substr(at, end - at));
+    return end;
+}
+
+void PgnTokenizer::emit_single(char c) {
+    switch (c) {
+        case '(':
+            return emit(TokenKind::variation_open, "(");
+        case ')':
+            return emit(TokenKind::variation_close, ")");
+        case '.':
+            return emit(TokenKind::dot, ".");
+        case ']':
+            return emit(TokenKind::tag_close, "]");
+        default:  // a closing brace or angle bracket
+            return emit(TokenKind::comment_close, "}");
     }
-    return false;
 }
 
-void PgnTokenizer::read_digits() {
-    auto end = m_at + 1;
-    while (end < m_text.size() && is_digit(m_text[end])) ++end;
-    emit(TokenKind::integer, end - m_at);
+/// A result ends the scan.
+std::size_t PgnTokenizer::emit_result(std::string_view result) {
+    emit(TokenKind::result, result);
+    return m_text.size();
 }
 
-void PgnTokenizer::read_tag() {
-    const auto open = m_at;
-    emit(TokenKind::tag_open, 1);
-    while (m_at < m_text.size() && m_text[m_at] == ' ') ++m_at;
-    const auto name_end = std::min(m_text.find_first_of(" \"", m_at), m_text.size());
-    const auto name = m_text.substr(m_at, name_end - m_at);
-    emit_text(TokenKind::tag_name, name);
+std::size_t PgnTokenizer::read_tag(std::size_t at) {
+    const auto is_no_blank = [](char c) { return c != ' '; };
+    emit(TokenKind::tag_open, "[");
+    const auto name_begin = find(at + 1, is_no_blank);
+    const auto name_end = find(name_begin, [](char c) { return c == ' ' || c == '"'; });
+    const auto name_size = name_end - name_begin;
+    emit(TokenKind::tag_name, m_text.substr(name_begin, name_size));
 
     // The place counts from the bracket and leaves out blanks ahead of the name: "[ White "x"]" has the value
     // "e ". Games with such tags read as they always did.
-    m_at = std::min(open + 1 + name.size(), m_text.size());
+    auto begin = find(at + 1 + name_size, is_no_blank);
     // One quote at most: of an empty value, the second one is its end.
-    bool quoted = false;
-    for (; m_at < m_text.size(); ++m_at) {
-        if (m_text[m_at] == '"' && !quoted) {
-            quoted = true;
-        } else if (m_text[m_at] != ' ') {
-            break;
-        }
-    }
-    auto end = std::min(m_text.find('"', m_at), m_text.size());
+    if (begin < m_text.size() && m_text[begin] == '"') begin = find(begin + 1, is_no_blank);
+    auto end = std::min(m_text.find('"', begin), m_text.size());
     while (end < m_text.size() && m_text[end - 1] == '\\')
         end = std::min(m_text.find('"', end + 1), m_text.size());
-    emit_text(TokenKind::tag_value, cleaned(m_text.substr(m_at, end - m_at), tag_value_limit));
-    m_at = std::min(end + 1, m_text.size());
+    emit(TokenKind::tag_value, cleaned(m_text.substr(begin, end - begin), tag_value_limit));
+    return end + 1;
 }
 
-void PgnTokenizer::read_comment(bool opened_by_angle) {
-    emit_text(TokenKind::comment_open, "{");
-    ++m_at;
-    const auto end =
-        std::min(opened_by_angle ? m_text.find_first_of("}>", m_at) : m_text.find('}', m_at), m_text.size());
-    emit_text(TokenKind::comment, cleaned(m_text.substr(m_at, end - m_at), comment_limit));
-    m_at = end;
+std::size_t PgnTokenizer::read_comment(std::size_t at) {
+    const char other_end = m_text[at] == '<' ? '>' : '}';
+    emit(TokenKind::comment_open, "{");
+    const auto end = find(at + 1, [other_end](char c) { return c == '}' || c == other_end; });
+    emit(TokenKind::comment, cleaned(m_text.substr(at + 1, end - at - 1), comment_limit));
+    return end;
 }
 
 std::string_view PgnTokenizer::cleaned(std::string_view raw, std::size_t limit) {
     raw = raw.substr(0, limit);
-    const auto begin = m_cleaned.size();
-    if (is_ascii(raw)) {
+    if (std::none_of(raw.begin(), raw.end(), needs_cleaning)) return raw;
+    const auto begin = static_cast<std::ptrdiff_t>(m_cleaned.size());
+    if (std::all_of(raw.begin(), raw.end(), is_ascii)) {
         m_cleaned += raw;
     } else {
         m_cleaned += text::valid_utf8(raw);
     }
-    if (m_cleaned.find('\r', begin) != std::string::npos) {
-        m_cleaned.erase(
-            std::remove(m_cleaned.begin() + static_cast<std::ptrdiff_t>(begin), m_cleaned.end(), '\r'),
-            m_cleaned.end());
-    }
-    for (auto i = begin; i < m_cleaned.size(); ++i) {
-        if (m_cleaned[i] == '\n' || m_cleaned[i] == '\t') m_cleaned[i] = ' ';
-    }
-    return std::string_view(m_cleaned).substr(begin);
+    m_cleaned.erase(std::remove(m_cleaned.begin() + begin, m_cleaned.end(), '\r'), m_cleaned.end());
+    std::replace_if(
+        m_cleaned.begin() + begin, m_cleaned.end(), [](char c) { return c == '\n' || c == '\t'; }, ' ');
+    return std::string_view(m_cleaned).substr(static_cast<std::size_t>(begin));
 }
 
 }  // namespace velmora

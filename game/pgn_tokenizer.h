@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,24 +45,31 @@ public:
     static constexpr std::size_t comment_limit = 2048;
 
     /// The tokens of `text`. The views hold until the next call, or until `text` goes.
-    const std::vector<MoveToken>& tokenize(std::string_view text);
-
-    /// Drops the tokens, keeps the memory.
-    void clear();
+    std::span<const MoveToken> tokenize(std::string_view text);
 
 private:
-    void read_token();
-    void read_tag();
-    void read_comment(bool opened_by_angle);
-    void read_digits();
-    bool read_result();
-    void emit(TokenKind kind, std::size_t length);
-    void emit_text(TokenKind kind, std::string_view text) { m_tokens.push_back({kind, text}); }
+    static constexpr std::size_t first_capacity = 256;
+
+    // Each emits what begins at a place of the text and gives the place behind it.
+    std::size_t read_token(std::size_t at);
+    std::size_t read_tag(std::size_t at);
+    std::size_t read_comment(std::size_t at);
+    template <class Wanted>
+    std::size_t find(std::size_t at, Wanted wanted) const;
+    template <class Belongs>
+    std::size_t emit_run(TokenKind kind, std::size_t at, Belongs belongs);
+    std::size_t emit_result(std::string_view result);
+
+    void emit_single(char c);
+    void emit(TokenKind kind, std::string_view text) {
+        if (m_count == m_tokens.size()) m_tokens.resize(2 * m_count + first_capacity);
+        m_tokens[m_count++] = {kind, text};
+    }
     std::string_view cleaned(std::string_view raw, std::size_t limit);
 
     std::string_view m_text;
-    std::size_t m_at = 0;  // the next character; behind the text when a result ended the scan
-    std::vector<MoveToken> m_tokens;
+    std::vector<MoveToken> m_tokens;  // the first m_count are those of the text; the others only hold memory
+    std::size_t m_count = 0;
     std::string m_cleaned;  // cleaned texts, one behind the other; reserved ahead, so that views stay true
 };
 
