@@ -42,8 +42,17 @@ std::string XboardEngine::move_text(const ChessPosition& before, const Move& mov
 void XboardEngine::engine_was_set_up() {
     m_previous_position = m_position;
     m_previous_is_certain = true;
-    m_untouched = false;
     ++m_game;
+}
+
+void XboardEngine::send_force() {
+    send("force");
+    m_play = Play::force_mode;
+}
+
+void XboardEngine::send_go() {
+    send("go");
+    m_play = Play::by_itself;
 }
 
 void XboardEngine::do_new_game() {
@@ -55,7 +64,8 @@ void XboardEngine::do_new_game() {
     engine_was_set_up();
     send("new");
     m_first_go = true;
-    for (const char* command : {"force", "easy", "post"}) send(command);
+    send_force();
+    for (const char* command : {"easy", "post"}) send(command);
     send(xboard::level_command(m_sent_level));
 }
 
@@ -65,7 +75,8 @@ void XboardEngine::do_set_position(const ChessPosition& position) {
     // Without "setboard" the engine keeps the game that it has until go() finds another way.
     if (!variables().features.setboard) return;
     send("setboard " + m_position.start_fen());
-    for (const char* command : {"force", "easy", "post"}) send(command);
+    send_force();
+    for (const char* command : {"easy", "post"}) send(command);
     ChessPosition start;
     start.set_fen(m_position.start_fen());
     send_moves_from(start);
@@ -98,32 +109,36 @@ void XboardEngine::do_go() {
 
 /// Brings the engine's game to the driver's position and lets the engine move there.
 void XboardEngine::bring_position_to_engine() {
-    const XboardFeatures& features = variables().features;
     if (m_previous_is_certain && m_position == m_previous_position) {
-        m_untouched = false;
         send_clocks();
-        send("go");
-        return;
-    }
-    const ChessPosition before = a_move_ago(m_position);
-    if (m_previous_is_certain && before == m_previous_position) {
-        if (std::exchange(m_untouched, false)) {
-            // A fresh process that is never sent "new" may be in force mode or play Black: make it certain.
-            send("force");
-            m_first_go = true;
-        }
+        send_go();
+    } else if (m_previous_is_certain && a_move_ago(m_position) == m_previous_position) {
+        send_last_move();
+    } else {
+        send_whole_position();
         send_clocks();
-        send(move_text(before, m_position.last_move()));
-        m_previous_position = m_position;
-        // An engine on move answers by itself, unless it is still in force mode.
-        if (std::exchange(m_first_go, false)) send("go");
-        return;
+        send_go();
     }
+}
+
+/// The engine lacks one move. On move it answers by itself unless it is in force mode.
+void XboardEngine::send_last_move() {
+    if (m_play == Play::unknown) send_force();
+    send_clocks();
+    send(move_text(m_previous_position, m_position.last_move()));
+    m_previous_position = m_position;
+    // The first move sent in a game is always followed by "go", also when the game began with one.
+    if (m_play == Play::force_mode || m_first_go) send_go();
+    m_first_go = false;
+}
+
+void XboardEngine::send_whole_position() {
+    const XboardFeatures& features = variables().features;
     if (features.setboard) {
         send("setboard " + m_position.fen());
     } else if (m_position.start_fen() == normal_start) {
         if (features.reuse) send("new");
-        send("force");
+        send_force();
         ChessPosition start;
         start.new_game();
         send_moves_from(start);
@@ -131,16 +146,16 @@ void XboardEngine::bring_position_to_engine() {
         send_edit_commands();
     }
     engine_was_set_up();
-    send_clocks();
-    send("go");
 }
 
 void XboardEngine::send_edit_commands() {
     if (m_position.side_to_move() == Side::white) {
-        send("force");
+        send_force();
     } else {
         // The edit mode cannot say who is to move: a dummy move of White's hands it to Black.
-        for (const char* command : {"new", "force", "a2a3"}) send(command);
+        send("new");
+        send_force();
+        send("a2a3");
     }
     for (const std::string& command : xboard::edit_commands(m_position)) send(command);
 }

@@ -30,10 +30,17 @@ private:
     void do_stop() override;
     std::string translate(std::string line) override;
 
+    /// Whether the engine answers a move by itself. A fresh process that was never sent "new" may or may not.
+    enum class Play { unknown, force_mode, by_itself };
+
+    void send_force();
+    void send_go();
     void send_clocks();
     void send_moves_from(ChessPosition scratch);
     void send_edit_commands();
     void bring_position_to_engine();
+    void send_last_move();
+    void send_whole_position();
     void engine_was_set_up();
     std::string move_text(const ChessPosition& before, const Move& move) const;
 
@@ -46,8 +53,8 @@ private:
     std::uint32_t m_game = 0;           // counts how often the engine was given another game
     bool m_search_stopped = false;      // the last search was told to stop
     Level m_sent_level;                 // the time control that the engine has
-    bool m_first_go = false;            // the engine is in force mode and needs a "go"
-    bool m_untouched = true;            // the process has not been told anything of a game
+    bool m_first_go = false;            // set by new_game(), cleared by the first go() that sends one move
+    Play m_play = Play::unknown;
 };
 
 }  // namespace velmora

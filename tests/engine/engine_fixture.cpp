@@ -2,10 +2,10 @@
 
 #include <cctype>
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <signal.h>
 #include <sstream>
 #include <thread>
 #include <unistd.h>
@@ -71,7 +71,7 @@ void EngineTest::TearDown() {
 std::string EngineTest::make_engine(const std::string& name, const std::string& script,
                                     const std::string& suffix) const {
     write_file(name + ".script", script);
-    const std::string path = m_directory + name + suffix;
+    std::string path = m_directory + name + suffix;
     fs::create_symlink(SCRIPTED_ENGINE, path);
     return path;
 }

@@ -1,7 +1,6 @@
 #include "engine/engio.h"
 
 #include <filesystem>
-#include <signal.h>
 #include <stdexcept>
 #include <thread>
 

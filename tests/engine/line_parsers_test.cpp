@@ -74,7 +74,7 @@ TEST(XboardFeature, TakesPairAfterPair) {
         {"option=\"Clear -button\"  sigint=0 ", "<option:Clear -button><sigint:0>"},
         {"draw san=1 =2 x= y", "<san:1><:2><x:>"},
         {"myname=\"cut", "<myname:cut>"},
-        {"a=\"\"b=\"c\"", "<a:><b:c>"},
+        {R"(a=""b="c")", "<a:><b:c>"},
         {"  ", ""},
     };
     for (const Row& row : rows) {

@@ -135,8 +135,8 @@ TEST_F(StoreTest, ADirectoryThatCannotBeMadeIsTriedAgain) {
     fs::current_path("gone");
     fs::remove(directory() + "gone");
     try {
-        HomeDir();
-        ADD_FAILURE();
+        const HomeDir home;
+        ADD_FAILURE() << home.path();
     } catch (const std::runtime_error& error) {
         EXPECT_STREQ(error.what(), "HomeDir/tournaments constructor failed");
     }

@@ -49,6 +49,11 @@ const Transcript rows[] = {
      "new_game; position startpos e2e4; go; posted 2; position startpos e2e4 e7e5 g1f3; go",
      "force; e2e4; go; g1f3; ?", "bestmove e7e5; My move is: e7e5"},
 
+    {"an_engine_left_in_force_mode_is_told_to_go_behind_the_move",
+     "answer feature setboard=1 done=1; until go; answer pong",
+     "position startpos d2d4 d7d5; position startpos d2d4 d7d5 e2e4; go; posted 1",
+     "setboard START; force; easy; post; d2d4; d7d5; e2e4; go; ?", "pong"},
+
     {"edit_for_white", "answer feature ping=1 done=1; until go; answer move a1a8",
      "position 1n2k3/P7/8/8/8/8/6p1/RQ2K2R w KQ - 0 1; go; posted 1",
      "force; edit; #; Ke1; Qb1; Ra1; Rh1; Pa7; c; Ke8; Nb8; Pg2; .; go", "bestmove a1a8"},

@@ -1,11 +1,11 @@
 #include "tests/support/scripted_engine.h"
 
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
 #include <iostream>
 #include <poll.h>
-#include <signal.h>
 #include <unistd.h>
 #include <utility>
 
