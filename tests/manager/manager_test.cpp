@@ -3,12 +3,17 @@
 #include <algorithm>
 #include <array>
 #include <random>
+#include <set>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "channel/text.h"
+#include "manager/match_opening.h"
+#include "manager/match_score.h"
 #include "referee.h"
 
 namespace velmora {
@@ -16,61 +21,44 @@ namespace {
 
 using test::Lines;
 
-/// A referee whose first engine is loaded, so that "info" lines put on its queue come out again, and that is
-/// held up until a test lets it go.
-struct HeldReferee {
-    HeldReferee() {
-        referee.load("alpha", "play\n");
-        referee.window().hold_at("white_info stop here");
-        put("info stop here");
-        referee.take_until("white_info stop here");
+/// A referee whose first engine is loaded, so that an "info" line put on its queue comes out again.
+struct EchoingReferee {
+    EchoingReferee() {
+        referee.say("load 1 filename " + referee.workplace.add_engine("alpha", "name Alpha\nplay\n"));
+        EXPECT_EQ(referee.next_line(), "engine1name Alpha");
     }
 
     /// Puts a line of the engine on the queue.
     void put(const std::string& line) { referee.manager().put_command("1 " + id + " " + line); }
 
+    /// Has the referee held up by the window.
+    void hold() {
+        referee.window().hold_at("white_info stop here");
+        put("info stop here");
+        EXPECT_EQ(referee.next_line(), "white_info stop here");
+    }
+
+    void release() { referee.window().hold_at({}); }
+
     test::Referee referee;
     const std::string id = std::to_string(std::mt19937_64(12345)());
 };
 
-TEST(ManagerLoop, AnswersQuitAndLeaves) {
-    test::Referee referee;
-    EXPECT_EQ(referee.quit(), Lines({"quit"}));
-}
-
-TEST(ManagerLoop, WhatItCannotReadIsDroppedSilently) {
-    test::Referee referee;
-    for (const auto* line :
-         {"", " ", "3 move", "-1 quit", "noise", "0", "0 unknown", "0 Quit", "99999999999 quit"}) {
-        referee.manager().put_command(line);
-    }
-    EXPECT_EQ(referee.quit(), Lines({"quit"}));
-}
-
-TEST(ManagerLoop, TheWordQuitElsewhereInALineEndsNothing) {
-    test::Referee referee;
-    referee.manager().put_command("1 7 info string quit");
-    referee.say("mosquito quit");
-    EXPECT_EQ(referee.quit(), Lines({"quit"}));
-}
-
-TEST(ManagerLoop, ManyWritersLoseNothingAndKeepTheirOrder) {
+TEST(Manager, ManyWritersLoseNothingAndKeepTheirOrder) {
     constexpr int writers = 3;
     constexpr int lines_each = 3000;
-    test::Referee referee;
-    referee.load("alpha", "play\n");
-    const std::string id = std::to_string(std::mt19937_64(12345)());
+    EchoingReferee echo;
     {
         std::vector<std::jthread> threads;
         for (int writer = 0; writer < writers; ++writer) {
-            threads.emplace_back([&referee, &id, writer] {
-                const std::string head = "1 " + id + " info " + std::to_string(writer) + ' ';
-                for (int i = 0; i < lines_each; ++i) referee.manager().put_command(head + std::to_string(i));
+            threads.emplace_back([&echo, writer] {
+                const std::string head = "info " + std::to_string(writer) + ' ';
+                for (int i = 0; i < lines_each; ++i) echo.put(head + std::to_string(i));
             });
         }
     }
     std::array<int, writers> next{};
-    const Lines lines = referee.quit();
+    const Lines lines = echo.referee.quit();
     ASSERT_EQ(lines.size(), writers * lines_each + 1U);
     for (const auto& line : lines) {
         if (line == "quit") break;
@@ -81,48 +69,106 @@ TEST(ManagerLoop, ManyWritersLoseNothingAndKeepTheirOrder) {
     }
 }
 
-TEST(ManagerLoop, ACrowdedQueueDropsTheOldestSearchLinesOnly) {
-    HeldReferee held;
-    held.referee.say("level none");
-    for (std::size_t i = 1; i <= 2 * LineQueue::crowded_at; ++i) held.put("info " + std::to_string(i));
-    held.referee.say("level nothing");
-    ::testing::internal::CaptureStderr();
-    held.referee.window().release();
-    const Lines lines = held.referee.quit();
-    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "Level::set(none)\nLevel::set(nothing)\n");
-    EXPECT_EQ(lines.front(), "telluser Error: Level::set(none)");
-    // Ten thousand lines wait at most, the two that may not go among them.
-    EXPECT_EQ(lines[1], "white_info 10003");
-    EXPECT_EQ(lines[lines.size() - 3], "white_info 20000");
-    EXPECT_EQ(lines[lines.size() - 2], "telluser Error: Level::set(nothing)");
-    EXPECT_EQ(lines.size(), LineQueue::crowded_at + 1);  // and the answer to "quit"
+TEST(Manager, ACrowdedQueueDropsTheOldestSearchLinesOnly) {
+    EchoingReferee echo;
+    echo.hold();
+    echo.referee.say("start_tournament");
+    for (std::size_t i = 1; i <= 2 * LineQueue::crowded_at; ++i) echo.put("info " + std::to_string(i));
+    echo.referee.say("start_tournament");
+    echo.referee.say("quit");
+    echo.release();
+    const Lines lines = echo.referee.take_until("quit");
+    // Ten thousand lines wait at most, the three that may not go among them.
+    const Lines answer = {"telluser No_tournament_loaded", "tournament_finished"};
+    EXPECT_EQ(Lines(lines.begin(), lines.begin() + 2), answer);
+    EXPECT_EQ(lines[2], "white_info 10004");
+    EXPECT_EQ(lines[lines.size() - 4], "white_info 20000");
+    EXPECT_EQ(Lines(lines.end() - 3, lines.end() - 1), answer);
+    EXPECT_EQ(lines.size(), LineQueue::crowded_at - 3 + 2 * answer.size() + 1);
 }
 
-TEST(ManagerLoop, TheEndOfAGameLosesAllWaitingLinesButQuit) {
-    HeldReferee held;
-    held.put("resign");
-    held.put("info lost");
-    held.referee.say("level none");
-    held.referee.say("quit");
-    held.referee.window().release();
-    EXPECT_EQ(held.referee.take_until("quit"), Lines({"0-1 {white resigns}", "quit"}));
+TEST(Manager, TheEndOfAGameLosesAllWaitingLinesButQuit) {
+    EchoingReferee echo;
+    echo.hold();
+    echo.put("resign");
+    echo.put("info lost");
+    echo.referee.say("start_tournament");
+    echo.referee.say("quit");
+    echo.release();
+    EXPECT_EQ(echo.referee.take_until("quit"), Lines({"0-1 {white resigns}", "quit"}));
 }
 
-TEST(ManagerLoop, TheGameTakesAStepAfterAnEmptyLine) {
-    // A crash is seen by the step alone.
-    test::Referee referee;
-    referee.load("alpha", "until uci\nanswer uciok\nuntil position\ndie\n");
-    referee.say("playother");
-    referee.say("usermove e2e4");
-    Lines lines;
-    referee.workplace.wait_for([&] {
-        referee.manager().put_command("");
-        lines = referee.take_answers();
-        return std::find(lines.begin(), lines.end(), "telluser engine1 crashed") != lines.end();
+TEST(Manager, TheGameTakesAStepAfterAnEmptyLine) {
+    EchoingReferee echo;
+    echo.referee.say("playother");
+    echo.put("info in play");
+    EXPECT_EQ(echo.referee.next_line(), "white_info in play");
+    echo.referee.workplace.kill_engine("alpha");
+    // Only a step sees a death.
+    echo.referee.workplace.wait_for([&echo] {
+        echo.referee.manager().put_command("");
+        return echo.referee.window().has_line();
     });
+    EXPECT_EQ(echo.referee.next_line(), "telluser engine1 crashed");
 }
 
-TEST(ManagerLoop, EnginesAreQuitByTheDestructor) {
+TEST(Manager, PublishesWhatIsKnownOfTheFirstEngine) {
+    test::Referee referee;
+    EXPECT_FALSE(referee.manager().has_engine());
+    EXPECT_THROW(referee.manager().get_enginevariables(), std::logic_error);
+    referee.workplace.install_engine("My Engine",
+                                     "name Alpha\noption name Hash type spin default 16\n"
+                                     "option name Book File type string default b\nplay\n"
+                                     "cfg handicap 50\ncfg elo 2100\ncfg setoption name Hash value 128\n");
+    referee.say("level sudden_death 0 10 2");
+    referee.say("load 0 name  My Engine ");
+    EXPECT_EQ(referee.next_line(), "engine1name Alpha");
+    referee.workplace.wait_for(
+        [&] { return referee.manager().get_enginevariables().options["Hash"].value == "128"; });
+    const auto variables = referee.manager().get_enginevariables();
+    EXPECT_EQ(variables.player_name, "My Engine");
+    EXPECT_EQ(variables.elo, "2100");
+    EXPECT_EQ(variables.clock.time_left(), 300000);
+
+    const struct {
+        const char* command;
+        const char* hash;
+        const char* book;
+    } rows[] = {
+        {"setoption name Hash value 32", "32", "b"},
+        {"setoption name  Book  File  value  a  b ", "32", "a b"},
+        {"setoption Hash value 64", "32", "a b"},
+        {"setoption name value 64", "32", "a b"},
+        {"setoption name Unknown value 64", "32", "a b"},
+        {"setoption name Book File value", "32", ""},
+        {"setoption name Hash", "", ""},
+        {"load 1 filename /no/such/program", nullptr, nullptr},
+    };
+    for (const auto& row : rows) {
+        referee.say(row.command);
+        referee.say("start_tournament");
+        referee.take_until("tournament_finished");
+        ASSERT_EQ(referee.manager().has_engine(), row.hash != nullptr);
+        if (row.hash == nullptr) break;
+        const auto options = referee.manager().get_enginevariables().options;
+        EXPECT_EQ(options.at("Hash").value, row.hash) << row.command;
+        EXPECT_EQ(options.at("Book File").value, row.book) << row.command;
+    }
+}
+
+TEST(Manager, ALineOfAnotherSenderIsAFaultOfTheProgram) {
+    test::Workplace workplace;
+    test::RecordingWindow window;
+    Manager manager(window, "velmora");
+    try {
+        manager.process_command_from_interface("1 quit");
+        FAIL();
+    } catch (const std::logic_error& error) {
+        EXPECT_STREQ(error.what(), "Manager::process_command_from_interface: command not from interface");
+    }
+}
+
+TEST(Manager, TheDestructorQuitsTheEngines) {
     test::Workplace workplace;
     test::RecordingWindow window;
     const auto program = workplace.add_engine("alpha", "play\n");
@@ -132,6 +178,47 @@ TEST(ManagerLoop, EnginesAreQuitByTheDestructor) {
         EXPECT_TRUE(manager.has_engine());
     }
     workplace.wait_for([&] { return workplace.sent_to("alpha").ends_with("quit\n"); });
+    EXPECT_TRUE(workplace.sent_to("alpha").ends_with("quit\n"));
+}
+
+/// What games 1 to 200 of a tournament with a book of three begin with.
+Lines random_openings(bool both_colors) {
+    test::Workplace workplace;
+    workplace.write("book.pgn",
+                    "[Event \"1\"]\n\n1. a3 *\n\n[Event \"2\"]\n\n1. b3 *\n\n[Event \"3\"]\n\n1. c3 *\n");
+    GuiBook book;
+    book.set_path("book.pgn");
+    Tournament tournament("./");
+    tournament.set_random_order(true);
+    tournament.set_both_colors(both_colors);
+    Lines played;
+    ChessPosition position;
+    for (int number = 1; number <= 200; ++number) {
+        play_opening(book, position, tournament, number);
+        played.push_back(position.moves_text());
+    }
+    return played;
+}
+
+TEST(MatchOpening, IsDrawnAtRandomOnceForBothColours) {
+    for (const bool both_colors : {true, false}) {
+        const Lines openings = random_openings(both_colors);
+        EXPECT_EQ(std::set(openings.begin(), openings.end()),
+                  (std::set<std::string>{"a2a3", "b2b3", "c2c3"}));
+        std::size_t pairs = 0;
+        for (std::size_t i = 0; i < openings.size(); i += 2) pairs += openings[i] == openings[i + 1] ? 1 : 0;
+        EXPECT_EQ(pairs == openings.size() / 2, both_colors);
+    }
+}
+
+TEST(MatchScore, CountsBySeat) {
+    MatchScore score;
+    for (const auto& [word, first_is_white] :
+         {std::pair("1-0", true), std::pair("0-1", false), std::pair("0-1", true), std::pair("1/2-1/2", true),
+          std::pair("*", true)}) {
+        score.add(word, first_is_white);
+    }
+    EXPECT_EQ(score, (MatchScore{.wins_first = 2, .wins_second = 1, .draws = 1}));
 }
 
 }  // namespace

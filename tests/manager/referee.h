@@ -19,6 +19,7 @@ public:
     Referee() : m_manager(m_window, "velmora"), m_thread(std::ref(m_manager)) {}
 
     ~Referee() {
+        m_window.hold_at({});
         say("quit");
         m_thread.join();
     }
@@ -29,24 +30,21 @@ public:
     /// Sends a command as the window does.
     void say(const std::string& command) { m_manager.put_command("0 " + command); }
 
-    /// Makes a scripted engine, loads it, and drops what the referee says of it.
-    void load(const std::string& name, const std::string& script) {
-        say("load 1 filename " + workplace.add_engine(name, script));
-        m_window.take_until([](const std::string& line) { return line.starts_with("engine1name "); });
+    /// The referee's next line. Milliseconds, which no test knows, read "#".
+    std::string next_line() {
+        std::string line = m_window.take().value_or("(nothing)");
+        for (const char* word : {"wtime ", "btime ", "emt "}) {
+            if (line.starts_with(word)) line = word + std::string("#");
+        }
+        return line;
     }
 
-    /// What the referee says up to `line`. Milliseconds, which no test knows, read "#".
+    /// What it says up to `line`, or up to the last line before it falls silent.
     Lines take_until(const std::string& line) {
-        return masked(m_window.take_until([&](const std::string& said) { return mask(said) == line; }));
-    }
-
-    /// What the referee says to the commands so far. The end shows by the answer to a last one that changes
-    /// nothing as long as there is no book to drill.
-    Lines take_answers() {
-        say("learnopenings 3");
-        Lines lines = take_until("reset mode");
-        lines.pop_back();
-        m_window.take_until([](const std::string& said) { return said.starts_with("telluser No_Polyglot"); });
+        Lines lines;
+        do {
+            lines.push_back(next_line());
+        } while (lines.back() != line && lines.back() != "(nothing)");
         return lines;
     }
 
@@ -62,18 +60,6 @@ public:
     const Workplace workplace;
 
 private:
-    static std::string mask(const std::string& line) {
-        for (const char* word : {"wtime ", "btime ", "emt "}) {
-            if (line.starts_with(word)) return word + std::string("#");
-        }
-        return line;
-    }
-
-    static Lines masked(Lines lines) {
-        for (auto& line : lines) line = mask(line);
-        return lines;
-    }
-
     RecordingWindow m_window;
     Manager m_manager;
     std::thread m_thread;

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <sstream>
 #include <string>
 #include <thread>
 
@@ -45,13 +46,17 @@ public:
         return program;
     }
 
-    /// The same, and puts it into the list of installed engines; `rows` are further rows of its entry.
-    void install_engine(const std::string& name, const std::string& script,
-                        const std::string& rows = "") const {
-        const auto program = add_engine(name, script);
-        std::ofstream("engines.cfg", std::ios::app)
-            << "\nname " << name << "\nfilename " << program << "\nprotocol uci\n"
-            << rows;
+    /// The same, and puts it into the list of installed engines; script lines that begin with "cfg " are rows
+    /// of its entry.
+    void install_engine(const std::string& name, const std::string& script) const {
+        std::string play;
+        std::string entry = "\nname " + name + "\nfilename " + path(name + ".engine") + "\nprotocol uci\n";
+        std::istringstream lines(script);
+        for (std::string line; std::getline(lines, line);) {
+            (line.starts_with("cfg ") ? entry.append(line.substr(4)) : play.append(line)) += '\n';
+        }
+        add_engine(name, play);
+        std::ofstream("engines.cfg", std::ios::app) << entry;
     }
 
     void write(const std::string& name, const std::string& text) const { m_files.write(name, text); }
@@ -70,9 +75,12 @@ public:
         }
     }
 
-    /// Waits until `holds`; a test that waits for ever is ended by CTest.
+    /// Waits until `holds`, for half a minute at most; what then doesn't hold is seen by the test.
     static void wait_for(const std::function<bool()>& holds) {
-        while (!holds()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+        while (!holds() && std::chrono::steady_clock::now() < deadline) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
     }
 
     std::string path(const std::string& name) const { return m_files.path(name); }

@@ -1,0 +1,207 @@
+// Plays the conversations of transcripts/*.txt. A case begins with "== name" and runs in a referee and a
+// working directory of its own; $DIR is that directory, $ID1 the instance id of the first engine loaded, and
+// so on. Lines that begin with two blanks belong to the directive above them.
+//
+//   > command      the window says it               >> line      anybody puts it on the queue
+//   < line         the referee's next line          <~ regex     the next line matches
+//   <* line        some line from here on           poke line    the next line, "wake_up" being said
+//   meanwhile engine name    a scripted engine                install name the same, and in the list of
+//   installed engines load name      loads it into the first seat     kill name    ends its process (needs
+//   the log: debug true) file, remove   writes a file, or takes it away  book file    a Polyglot book: moves
+//   played > moves known sent name      the engine has been sent this    log file     what the file says,
+//   without stamps and drivers is file        the file's whole text            stderr       what went to
+//   standard error, at the end
+//
+// Milliseconds after "wtime", "btime" and "emt" read "#". At its end a case has no line left over.
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <random>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "channel/text.h"
+#include "chess/position.h"
+#include "manager/game_result.h"
+#include "referee.h"
+
+namespace velmora {
+namespace {
+
+struct Directive {
+    std::string text;
+    std::vector<std::string> block;
+};
+
+struct Case {
+    std::string name;
+    std::vector<Directive> directives;
+};
+
+void PrintTo(const Case& transcript, std::ostream* out) { *out << transcript.name; }
+
+std::vector<Case> all_cases() {
+    std::vector<Case> cases;
+    for (const auto& entry : std::filesystem::directory_iterator(TRANSCRIPTS)) {
+        std::ifstream file(entry.path());
+        for (std::string line; std::getline(file, line);) {
+            if (line.starts_with("== ")) {
+                cases.push_back({entry.path().stem().string() + "_" + line.substr(3), {}});
+            } else if (line.starts_with("  ")) {
+                cases.back().directives.back().block.push_back(line.substr(2));
+            } else if (!line.empty() && !line.starts_with('#')) {
+                cases.back().directives.push_back({line, {}});
+            }
+        }
+    }
+    return cases;
+}
+
+std::string joined(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const auto& line : lines) text += line + '\n';
+    return text;
+}
+
+std::string big_endian(std::uint64_t value, int bytes) {
+    std::string text;
+    for (int shift = 8 * (bytes - 1); shift >= 0; shift -= 8)
+        text += static_cast<char>(value >> shift & 0xFF);
+    return text;
+}
+
+/// Lines "moves played > moves known" as a Polyglot book.
+std::string polyglot_book(const std::vector<std::string>& lines) {
+    std::multimap<std::uint64_t, std::string> records;
+    for (const auto& line : lines) {
+        ChessPosition position;
+        position.new_game();
+        bool known = false;
+        for (const auto word : text::words(line)) {
+            const Move move = parse_move(position, word);
+            if (!known && word != ">") play_if_legal(position, move);
+            if (known) {
+                const auto squares = static_cast<std::uint64_t>(move.from().value() << 6 | move.to().value());
+                const auto key = position.key();
+                records.emplace(key, big_endian(key, 8) + big_endian(squares, 2) + std::string(6, '\0'));
+            }
+            known = known || word == ">";
+        }
+    }
+    std::string book;
+    for (const auto& [key, record] : records) book += record;
+    return book;
+}
+
+class Transcript : public ::testing::TestWithParam<Case> {
+protected:
+    void run(const Directive& directive) {
+        const std::string line = filled_in(directive.text);
+        const auto word = line.substr(0, line.find(' '));
+        const std::string rest = line.size() > word.size() ? line.substr(word.size() + 1) : "";
+        const std::string block = filled_in(joined(directive.block));
+        const auto& place = m_referee.workplace;
+        if (word == ">") {
+            m_referee.say(rest);
+        } else if (word == ">>") {
+            m_referee.manager().put_command(rest);
+        } else if (word == "<") {
+            ASSERT_EQ(m_referee.next_line(), rest);
+        } else if (word == "<~") {
+            const std::string said = m_referee.next_line();
+            ASSERT_TRUE(std::regex_match(said, std::regex(rest))) << said;
+        } else if (word == "<*") {
+            const auto said = m_referee.take_until(rest);
+            ASSERT_TRUE(!said.empty() && said.back() == rest) << ::testing::PrintToString(said);
+        } else if (word == "poke") {
+            place.wait_for([&] {
+                m_referee.say("wake_up");
+                return m_referee.window().has_line();
+            });
+            ASSERT_EQ(m_referee.next_line(), rest);
+        } else if (word == "engine") {
+            place.add_engine(rest, block);
+        } else if (word == "install") {
+            place.install_engine(rest, block);
+        } else if (word == "load") {
+            m_referee.say("load 1 filename " + place.path(rest + ".engine"));
+            ASSERT_TRUE(m_referee.next_line().starts_with("engine1name "));
+        } else if (word == "kill") {
+            // What was said before is done when the log has this line, which is no command.
+            m_referee.say("settled");
+            place.wait_for([&] { return place.read("manager.log").find("0 settled") != std::string::npos; });
+            place.kill_engine(rest);
+            place.wait_for([&] { return place.read("engine1.log").find("crashed") != std::string::npos; });
+        } else if (word == "file") {
+            std::filesystem::create_directories(std::filesystem::path(rest).parent_path() / ".");
+            place.write(rest, block);
+        } else if (word == "remove") {
+            std::filesystem::remove(rest);
+        } else if (word == "book") {
+            place.write(rest, polyglot_book(directive.block));
+        } else if (word == "sent") {
+            std::string sent;
+            place.wait_for([&] {
+                sent = std::regex_replace(place.sent_to(rest), std::regex("quit\n"), "");
+                return sent.find(block) != std::string::npos;
+            });
+            ASSERT_NE(sent.find(block), std::string::npos) << sent;
+        } else if (word == "is") {
+            ASSERT_EQ(place.read(rest), block);
+        } else if (word == "log") {
+            std::string log;
+            place.wait_for([&] {
+                log = std::regex_replace(place.read(rest), std::regex("[^\n]*(\\(\\)| readyok)[^\n]*\n"), "");
+                log = std::regex_replace(log, std::regex("(^|\n)[0-9]{5}\\.[0-9]{3}(?= )| TS=[0-9]+"), "$1");
+                return log == block;
+            });
+            ASSERT_EQ(log, block);
+        } else if (word == "stderr") {
+            m_expected_errors = block;
+        } else {
+            FAIL() << "unknown directive: " << line;
+        }
+    }
+
+    std::string filled_in(std::string text) const {
+        const auto replace = [&text](const std::string& name, const std::string& value) {
+            for (auto at = text.find(name); at != std::string::npos; at = text.find(name)) {
+                text.replace(at, name.size(), value);
+            }
+        };
+        std::mt19937_64 ids(12345);
+        for (const auto* name : {"$ID1", "$ID2"}) replace(name, std::to_string(ids()));
+        std::string directory = m_referee.workplace.path("");
+        directory.pop_back();
+        replace("$DIR", directory);
+        return text;
+    }
+
+    test::Referee m_referee;
+    std::string m_expected_errors;
+};
+
+TEST_P(Transcript, IsSpoken) {
+    ::testing::internal::CaptureStderr();
+    for (const auto& directive : GetParam().directives) {
+        run(directive);
+        if (HasFatalFailure()) break;
+    }
+    if (!HasFatalFailure()) {
+        EXPECT_EQ(m_referee.quit(), test::Lines({"quit"}));
+    }
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), m_expected_errors);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, Transcript, ::testing::ValuesIn(all_cases()), [](const auto& of) {
+    return std::regex_replace(of.param.name, std::regex("[^A-Za-z0-9]+"), "_");
+});
+
+}  // namespace
+}  // namespace velmora
