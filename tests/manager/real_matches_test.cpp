@@ -1,0 +1,128 @@
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "channel/text.h"
+#include "console_process.h"
+#include "manager/game_result.h"
+#include "referee.h"
+#include "tournament/tournament.h"
+
+namespace velmora {
+namespace {
+
+using test::ConsoleProcess;
+using test::Lines;
+
+struct Peer {
+    const char* name;
+    const char* program;
+    const char* protocol;
+};
+constexpr Peer stockfish{"Stockfish", "/usr/games/stockfish", "uci"};
+constexpr Peer toga{"Toga", "/usr/games/toga2", "uci"};
+constexpr Peer fairymax{"Fairy-Max", "/usr/games/fairymax", "xboard_v2"};
+constexpr Peer gnuchess{"GNU Chess", "/usr/games/gnuchess", "xboard_v2"};
+
+struct Format {
+    const char* name;
+    TournamentType type;
+    std::vector<Peer> peers;
+    const char* book;
+    bool is_killed;
+};
+
+const std::string pgn_book =
+    "[Event \"Spanish\"]\n\n1. e4 e5 2. Nf3 Nc6 3. Bb5 a6 *\n\n[Event \"Queen's\"]\n\n1. d4 d5 2. c4 *\n";
+const std::string epd_book =
+    "rnbqkb1r/ppp1pppp/5n2/3p4/3P1B2/5N2/PPP1PPPP/RN1QKB1R b KQkq - id \"London\";\n"
+    "r1bqkbnr/pp1ppppp/2n5/2p5/4P3/5N2/PPPP1PPP/RNBQKB1R w KQkq - id \"Sicilian\";\n";
+
+bool is_result(const std::string& line) {
+    return line.starts_with("1-0 ") || line.starts_with("0-1 ") || line.starts_with("1/2-1/2 ");
+}
+
+/// The games in the lines of a console, each move of which must be legal, as "1-0 0-1 ".
+std::string replayed(const Lines& lines) {
+    std::string results;
+    ChessPosition position;
+    for (const auto& line : lines) {
+        text::WordReader reader(line);
+        const std::string word(reader.word());
+        if (word == "new") position.new_game();
+        if (word == "setboard") position.fen(reader.rest());
+        if (word == "move") {
+            EXPECT_TRUE(play_if_legal(position, parse_move(position, reader.word()))) << line;
+        }
+        if (is_result(line)) {
+            if (line.find("mate") != std::string::npos) {
+                EXPECT_EQ(result(position), line);
+            }
+            results += word + ' ';
+        }
+    }
+    return results;
+}
+
+class RealMatches : public ::testing::TestWithParam<Format> {};
+
+TEST_P(RealMatches, ArePlayedToTheirEnd) {
+    const Format& format = GetParam();
+    const test::Workplace place;
+    Tournament tournament("tournaments/");
+    std::ofstream installed("engines.cfg");
+    for (const auto& peer : format.peers) {
+        if (!std::filesystem::exists(peer.program)) GTEST_SKIP() << peer.program << " isn't installed";
+        installed << "name " << peer.name << "\nfilename " << peer.program << "\nprotocol " << peer.protocol
+                  << '\n';
+        tournament.add_participant({.name = peer.name});
+    }
+    installed.close();
+    place.write("book.pgn", pgn_book);
+    place.write("book.epd", epd_book);
+    tournament.set_event("real");
+    tournament.set_level(Level("sudden_death 0 0:1 0.01"));
+    tournament.set_opening_book(format.book);
+    tournament.set_type(format.type);
+    tournament.set_rounds(format.type == TournamentType::match ? 2 : 1);
+    tournament.make_schedule();
+    tournament.save();
+
+    const std::string play = "load_tournament real\nstart_tournament\n";
+    std::string results;
+    if (format.is_killed) {
+        ConsoleProcess console(play);
+        Lines lines;
+        int games = 0;
+        for (int moves = 0; games < 1 || moves < 10;) {  // into the middle of the second game
+            lines.push_back(console.next_line().value());
+            if (is_result(lines.back())) ++games;
+            if (games == 1 && lines.back().starts_with("move ")) ++moves;
+        }
+        results = replayed(lines);
+    }
+    ConsoleProcess console(play);
+    results += replayed(console.remaining_lines());
+    EXPECT_EQ(console.finish(), 0);
+
+    tournament.load("real");
+    std::string stored;
+    for (const auto& game : tournament.games()) stored += game.result + ' ';
+    EXPECT_EQ(stored, results);
+    EXPECT_EQ(stored.find('*'), std::string::npos);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Formats, RealMatches,
+    ::testing::Values(
+        Format{"match", TournamentType::match, {stockfish, toga}, "book.pgn", false},
+        Format{"xboard", TournamentType::match, {fairymax, gnuchess}, "book.epd", false},
+        Format{"gauntlet", TournamentType::gauntlet, {toga, stockfish, fairymax}, "book.epd", true},
+        Format{"roundrobin", TournamentType::round_robin, {stockfish, gnuchess, toga}, "book.pgn", false}),
+    [](const auto& of) { return of.param.name; });
+
+}  // namespace
+}  // namespace velmora
