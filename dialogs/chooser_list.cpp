@@ -36,7 +36,6 @@ ChooserList::ChooserList(const NumberedColumns& columns, const std::vector<Numbe
     m_status.pack_start(m_progress_bar, Gtk::PACK_SHRINK);
     pack_start(m_list, Gtk::PACK_EXPAND_WIDGET);
     pack_start(m_status, Gtk::PACK_SHRINK);
-    show_all_children();
 }
 
 ChooserList::~ChooserList() { stop(); }
@@ -53,7 +52,7 @@ std::optional<ChooserList::Choice> ChooserList::choose(Gtk::Window& parent, cons
         m_list.signal_answered().connect([&dialog] { dialog.response(Gtk::RESPONSE_OK); });
 
     start(std::move(open_source));
-    const int response = dialog.ask();
+    const int response = dialog.run();
     stop();
     answered.disconnect();
     dialog.body().remove(*this);
@@ -71,8 +70,10 @@ void ChooserList::start(EntryReader::OpenSource open_source) {
     m_entries.clear();
     m_reader = std::make_unique<EntryReader>(std::move(open_source));
     m_reading = true;
+    m_progress_shown = {};
     m_reader->wait_for(screenful, patience);
     if (!fill()) return;
+    m_list.start_bulk();
     // Behind the redraws and the user's events in rank: filling never delays those.
     constexpr unsigned interval_ms = 2;
     m_timer = Glib::signal_timeout().connect(sigc::mem_fun(*this, &ChooserList::fill), interval_ms,
@@ -86,7 +87,8 @@ void ChooserList::stop() {
 
 /// Puts what has been read into the list, for a moment; false when nothing is left to do.
 bool ChooserList::fill() {
-    constexpr auto time_slice = 10ms;
+    constexpr auto time_slice = 20ms;
+    constexpr std::size_t largest_bulk = 200'000;  // rows; those behind are seen to come
     const auto end = std::chrono::steady_clock::now() + time_slice;
     const bool was_empty = m_list.size() == 0;
     if (m_reading) m_reading = m_reader->take(m_entries);
@@ -95,13 +97,18 @@ bool ChooserList::fill() {
         m_list.append(cells);
         NumberedList::Cells().swap(cells);  // the list has its own copy now
     }
+    const bool complete = !m_reading && m_list.size() == m_entries.size();
+    if (complete || was_empty || m_list.size() >= largest_bulk) m_list.finish_bulk();
     if (was_empty) m_list.select_first();
-    show_progress();
-    return m_reading || m_list.size() < m_entries.size();
+    show_progress(complete);
+    return !complete;
 }
 
-void ChooserList::show_progress() {
-    const bool complete = !m_reading && m_list.size() == m_entries.size();
+void ChooserList::show_progress(bool complete) {
+    constexpr auto pause = 80ms;  // a new text makes the whole dialog compute its layout
+    const auto now = std::chrono::steady_clock::now();
+    if (!complete && now - m_progress_shown < pause) return;
+    m_progress_shown = now;
     m_count.set_text((complete && m_entries.empty() ? "no" : grouped(m_list.size())) + " " + m_noun);
     const double shown =
         m_entries.empty() ? 1.0 : static_cast<double>(m_list.size()) / static_cast<double>(m_entries.size());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstdint>
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -43,7 +43,7 @@ private:
     void start(EntryReader::OpenSource open_source);
     void stop();
     bool fill();
-    void show_progress();
+    void show_progress(bool complete);
 
     const std::string m_noun;
     NumberedList m_list;
@@ -55,6 +55,7 @@ private:
     bool m_reading = false;                 // entries may still come
     std::vector<FileEntry> m_entries;       // the list shows the first ones of these
     sigc::connection m_timer;
+    std::chrono::steady_clock::time_point m_progress_shown;
 };
 
 }  // namespace velmora

@@ -82,7 +82,7 @@ void InstallDialog::add_options() {
 }
 
 void InstallDialog::install() {
-    if (ask() != Gtk::RESPONSE_OK) return;
+    if (run() != Gtk::RESPONSE_OK) return;
     try {
         store();
     } catch (const std::exception& error) {

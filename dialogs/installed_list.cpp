@@ -32,7 +32,7 @@ InstalledList::InstalledList(Gtk::Window& parent, const InstalledEngines& instal
 
 std::optional<EngineVariables> InstalledList::choose() {
     m_list.select_first();
-    const int answer = ask();
+    const int answer = run();
     const auto name = selected_name();
     if (!name) return std::nullopt;
     if (answer == uninstall_answer) uninstall(*name);

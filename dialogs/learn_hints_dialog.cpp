@@ -17,7 +17,7 @@ int ask_learn_hints(Gtk::Window& parent) {
     dialog.add_answer("CANCEL", cancel);
     dialog.add_answer("OK", ok);
     dialog.set_default_response(ok);
-    if (dialog.ask() != ok) return 0;
+    if (dialog.run() != ok) return 0;
     return (white.get_active() ? 1 : 0) + (black.get_active() ? 2 : 0);
 }
 

@@ -20,9 +20,9 @@ Gtk::Button& ModalDialog::add_answer(const Glib::ustring& label, int response) {
     return button;
 }
 
-int ModalDialog::ask() {
+int ModalDialog::run() {
     show_all();
-    return run();
+    return Gtk::Dialog::run();
 }
 
 }  // namespace velmora

@@ -26,7 +26,7 @@ public:
 
     /// Shows everything and waits for the answer: a button's response, or a negative number when the dialog
     /// was left in another way.
-    int ask();
+    int run();
 
 private:
     Gtk::Box m_body{Gtk::ORIENTATION_VERTICAL, margin};

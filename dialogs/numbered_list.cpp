@@ -20,7 +20,11 @@ bool contains(std::string_view text, std::string_view key) {
 }  // namespace
 
 NumberedList::NumberedList(const NumberedColumns& columns, const std::vector<TextColumn>& texts)
-    : m_number(columns.id), m_texts(texts), m_store(Gtk::ListStore::create(columns)), m_view(m_store) {
+    : m_number(columns.id),
+      m_texts(texts),
+      m_store(Gtk::ListStore::create(columns)),
+      m_first_rows(Gtk::ListStore::create(columns)),
+      m_view(m_store) {
     constexpr int number_width = 7;
     constexpr float left = 0.0F, right = 1.0F;
     add_column(m_number, "ID", number_width, false, right);
@@ -76,7 +80,32 @@ void NumberedList::append(const Cells& cells) {
     ++m_size;
 }
 
+void NumberedList::start_bulk() {
+    m_first_rows->clear();
+    for (const auto& row : m_store->children()) {
+        const auto copy = *m_first_rows->append();
+        copy[m_number] = row.get_value(m_number);
+        for (const auto& text : m_texts) copy[text.column] = row.get_value(text.column);
+    }
+    show_store(m_first_rows);
+}
+
+void NumberedList::finish_bulk() {
+    if (m_view.get_model() == m_first_rows) show_store(m_store);
+}
+
+void NumberedList::show_store(const Glib::RefPtr<Gtk::ListStore>& store) {
+    const auto row = selected();
+    Gtk::TreeModel::Path first_visible, last_visible;
+    const bool scrolled = m_view.get_visible_range(first_visible, last_visible);
+    m_view.set_model(store);
+    m_view.set_search_column(m_texts.front().column);  // a new model makes it the first one
+    if (row) m_view.set_cursor(Gtk::TreeModel::Path(std::to_string(*row)));
+    if (scrolled) m_view.scroll_to_row(first_visible, 0);
+}
+
 void NumberedList::clear() {
+    finish_bulk();
     m_store->clear();
     m_size = 0;
 }
@@ -90,7 +119,7 @@ void NumberedList::select_first() {
 std::optional<std::size_t> NumberedList::selected() {
     const auto row = m_view.get_selection()->get_selected();
     if (!row) return std::nullopt;
-    return static_cast<std::size_t>(m_store->get_path(row)[0]);
+    return static_cast<std::size_t>(m_view.get_model()->get_path(row)[0]);
 }
 
 bool NumberedList::is_mismatch(const Glib::ustring& key, const Gtk::TreeModel::iterator& row) const {

@@ -42,7 +42,13 @@ public:
     /// Adds a row with the next number.
     void append(const Cells& cells);
     void clear();
+    /// The rows, those out of sight included.
     std::size_t size() const { return m_size; }
+
+    /// From here on rows are added out of sight, at half the cost; those that there are stay on the screen.
+    void start_bulk();
+    /// Shows all rows. What is selected and where the list has been scrolled to stays.
+    void finish_bulk();
 
     /// Selects the first row, scrolls to it and lets typing go to the list. Nothing in an empty list.
     void select_first();
@@ -56,11 +62,13 @@ public:
 private:
     void add_column(const Gtk::TreeModelColumnBase& model_column, const char* title, int width_chars,
                     bool takes_spare_width, float alignment);
+    void show_store(const Glib::RefPtr<Gtk::ListStore>& store);
     bool is_mismatch(const Glib::ustring& key, const Gtk::TreeModel::iterator& row) const;
 
     const Gtk::TreeModelColumn<int> m_number;
     const std::vector<TextColumn> m_texts;
-    Glib::RefPtr<Gtk::ListStore> m_store;
+    const Glib::RefPtr<Gtk::ListStore> m_store;
+    const Glib::RefPtr<Gtk::ListStore> m_first_rows;  // on show in place of m_store during a bulk
     Gtk::TreeView m_view;
     std::size_t m_size = 0;
     sigc::signal<void> m_answered;

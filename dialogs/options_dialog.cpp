@@ -28,7 +28,6 @@ OptionsDialog::OptionsDialog(const Glib::ustring& title, Gtk::Window& parent, st
     add_widgets(options);
     m_scroller.add(m_grid);
     body().pack_start(m_scroller, true, true);
-    show_all_children();
     add_answer("OK", Gtk::RESPONSE_OK);
     set_default_response(Gtk::RESPONSE_OK);
 }

@@ -3,8 +3,6 @@
 #include <filesystem>
 #include <system_error>
 
-#include "channel/text.h"
-
 namespace velmora {
 
 PositionLines::PositionLines(const std::string& path) {
@@ -19,7 +17,7 @@ bool PositionLines::next(std::string& line) {
         m_line_offset = m_position;
         m_position += line.size() + 1;
         if (!line.empty() && line.back() == '\r') line.pop_back();
-        if (!text::trim_white_space(line).empty()) return true;
+        if (!line.empty()) return true;
     }
     line.clear();
     return false;

@@ -6,8 +6,8 @@
 
 namespace velmora {
 
-/// The lines of a file of positions, FEN or EPD: those that hold more than white space, without the carriage
-/// return of a foreign line end. Line n is the n-th of these, counted from 1.
+/// The lines of a file of positions, FEN or EPD: those that are not empty, without the carriage return of a
+/// foreign line end. Line n is the n-th of these, counted from 1.
 class PositionLines {
 public:
     /// What is no plain file, or can't be opened, has no lines.

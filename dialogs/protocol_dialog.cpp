@@ -22,7 +22,7 @@ std::optional<int> choose_protocol(Gtk::Window& parent) {
     }
     dialog.add_answer("OK", Gtk::RESPONSE_OK);
     dialog.set_default_response(Gtk::RESPONSE_OK);
-    if (dialog.ask() != Gtk::RESPONSE_OK) return std::nullopt;
+    if (dialog.run() != Gtk::RESPONSE_OK) return std::nullopt;
     for (std::size_t i = 0; i < buttons.size(); ++i) {
         if (buttons[i].get_active()) return static_cast<int>(i);
     }

@@ -12,7 +12,7 @@ std::optional<Level> ask_time_control(Gtk::Window& parent, const Level& level) {
     dialog.add_answer("CANCEL", Gtk::RESPONSE_CANCEL);
     dialog.add_answer("OK", Gtk::RESPONSE_OK);
     dialog.set_default_response(Gtk::RESPONSE_OK);
-    if (dialog.ask() != Gtk::RESPONSE_OK) return std::nullopt;
+    if (dialog.run() != Gtk::RESPONSE_OK) return std::nullopt;
     return panel.level();
 }
 

@@ -74,7 +74,7 @@ protected:
     }
     void run(std::vector<Option>& options, const std::function<void(Gtk::Dialog&)>& reply) {
         OptionsDialog dialog("Set Options", m_parent, options);
-        answering(reply, [&] { return dialog.ask(); });
+        answering(reply, [&] { return dialog.run(); });
     }
 };
 

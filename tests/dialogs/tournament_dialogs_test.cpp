@@ -24,7 +24,7 @@ protected:
         for (const char* name : names) m_tournament.add_participant({0, name});
     }
     int run(TournamentDialog& dialog, const std::function<void(Gtk::Dialog&)>& reply) {
-        return answering(reply, [&] { return dialog.ask(); });
+        return answering(reply, [&] { return dialog.run(); });
     }
     std::string saved() {
         m_tournament.save();
