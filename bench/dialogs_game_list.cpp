@@ -1,14 +1,12 @@
-// How long the chooser of games takes over a file of 100,000 games: from the call until its first rows are
-// drawn, and until all rows are in, drawn, and nothing is left to do. Needs a display:
-//     tests/support/with-display.sh build/release/bench/dialogs_game_list [PGN FILE]
-// Without a file one of 100 MB is written to the directory for temporary files, and removed at the end.
+// How long the chooser of games takes over a large file: from the call until its first rows are drawn, and
+// until all rows are in, drawn, and nothing is left to do. Needs a display:
+//     build/release/bench/game_corpus games.pgn 100000
+//     tests/support/with-display.sh build/release/bench/dialogs_game_list games.pgn
 
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,22 +24,6 @@ using Clock = std::chrono::steady_clock;
 
 double ms_since(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-/// Headers as they stand in collections, and a kilobyte a game.
-void write_games(const std::string& path) {
-    constexpr int games = 100'000;
-    std::string moves;
-    for (int i = 1; moves.size() < 830; ++i) moves += std::to_string(i) + ". Nf3 Nf6 ";
-    for (std::size_t column = 79; column < moves.size(); column += 80) moves[column] = '\n';
-    std::ofstream out(path, std::ios::binary);
-    for (int i = 1; i <= games; ++i) {
-        const std::string number = std::to_string(i);
-        out << "[Event \"Open " << number << "\"]\n[Site \"Somewhere\"]\n[Date \"2001.05." << i % 28 + 1
-            << "\"]\n[Round \"" << i % 9 + 1 << "\"]\n[White \"Player, Number " << number
-            << "\"]\n[Black \"Opponent, Another " << games - i << "\"]\n[Result \"1/2-1/2\"]\n\n"
-            << moves << "1/2-1/2\n\n";
-    }
 }
 
 template <class W>
@@ -129,12 +111,9 @@ void run(const std::string& path) {
 
 int main(int argc, char** argv) {
     Gtk::Main toolkit(argc, argv);
-    if (argc > 1) {
-        velmora::run(argv[1]);
-        return 0;
+    if (argc != 2) {
+        std::cerr << "usage: dialogs_game_list PGN-FILE\n";
+        return 2;
     }
-    const std::string path = (std::filesystem::temp_directory_path() / "velmora_bench_games.pgn").string();
-    velmora::write_games(path);
-    velmora::run(path);
-    std::filesystem::remove(path);
+    velmora::run(argv[1]);
 }
