@@ -49,6 +49,3 @@ function(velmora_add_bench name)
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE ${ARG_LIBS} benchmark::benchmark)
 endfunction()
-
-# Sources that the build writes; static analysis needs them, and nothing else of the build.
-add_custom_target(velmora_generated)

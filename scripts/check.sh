@@ -18,7 +18,6 @@ check_tidy() {
     changed=$(git diff --name-only --diff-filter=d "$base" -- '*.cpp' ':!tests' ':!fuzz' ':!bench')
     [ -n "$changed" ] || return 0
     [ -f build/debug/build.ninja ] || cmake --preset debug >/dev/null
-    cmake --build build/debug --target velmora_generated -- --quiet
     xargs -P "$(nproc)" -n 4 clang-tidy -p build/debug --quiet <<<"$changed"
 }
 
