@@ -3,15 +3,17 @@
 #include <filesystem>
 
 #include "channel/text.h"
+#include "window/opened_file.h"
 
 namespace velmora {
 
 namespace {
 
 bool is_openable(const std::string& path) {
-    const bool of_a_kind = path.ends_with(".pgn") || path.ends_with(".fen") || path.ends_with(".epd");
+    const OpenedFile kind = kind_of_file(path);
     std::error_code fault;
-    return of_a_kind && std::filesystem::is_regular_file(path, fault);
+    return (kind == OpenedFile::game || kind == OpenedFile::position) &&
+           std::filesystem::is_regular_file(path, fault);
 }
 
 }  // namespace
@@ -23,7 +25,7 @@ CommandLine parse_command_line(const std::vector<std::string>& arguments) {
         // A lone argument is a file, and so is what stands before or behind a size.
         const auto file = is_openable(left.front()) ? left.begin() : left.end() - 1;
         if (is_openable(*file)) {
-            result.file = std::filesystem::absolute(*file).string();
+            result.file = *file;
             left.erase(file);
         }
     }

@@ -11,6 +11,7 @@
 #include "game/pgn_error.h"
 #include "game/pgn_file.h"
 #include "window/game_archive.h"
+#include "window/opened_file.h"
 #include "window/position_line.h"
 
 namespace velmora {
@@ -157,13 +158,19 @@ void FileFlows::choose_polyglot_book() {
 void FileFlows::use_polyglot_book(const std::string& path) { m_manager.send("polyglotbook " + path); }
 
 void FileFlows::open(const std::string& path) {
-    if (path.ends_with(".pgn")) {
-        m_screen.select_mode(Mode::human_human);
-        load_game_from(path);
-    } else if (path.ends_with(".fen") || path.ends_with(".epd")) {
-        if (m_screen.mode() != Mode::tournament) load_position_from(path);
-    } else if (path.ends_with(".bin")) {
-        use_polyglot_book(path);
+    switch (kind_of_file(path)) {
+        case OpenedFile::game:
+            m_screen.select_mode(Mode::human_human);
+            load_game_from(path);
+            break;
+        case OpenedFile::position:
+            if (m_screen.mode() != Mode::tournament) load_position_from(path);
+            break;
+        case OpenedFile::book:
+            use_polyglot_book(path);
+            break;
+        case OpenedFile::none:
+            break;
     }
 }
 

@@ -51,7 +51,7 @@ void MainScreen::show_game() {
     m_views.pgn.highlight(static_cast<std::int64_t>(begin), static_cast<std::int64_t>(end));
 }
 
-void MainScreen::set_title(const std::string& title) { m_views.main.set_title(text::valid_utf8(title)); }
+void MainScreen::set_title(const std::string& title) { m_views.main.set_title(text::displayable(title)); }
 
 void MainScreen::tell_user(const std::string& headline, const std::string& details) {
     message_box(m_views.main, text::underscores_to_blanks(headline), text::underscores_to_blanks(details));

@@ -9,7 +9,7 @@ namespace velmora {
 namespace {
 
 TEST(CommandLine, SizeAndFile) {
-    const auto game = (std::filesystem::temp_directory_path() / "velmora-command-line.pgn").string();
+    const auto game = (std::filesystem::temp_directory_path() / "velmora-command-line.PGN").string();
     std::ofstream(game) << "*\n";
     const std::string missing = game + ".missing.pgn";
     const struct {

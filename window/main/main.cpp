@@ -8,6 +8,7 @@
 #include <glibmm/exceptionhandler.h>
 #include <glibmm/main.h>
 #include <gtkmm/main.h>
+#include <gtkmm/window.h>
 
 #include "game/pgn_error.h"
 #include "window/command_line.h"
@@ -42,6 +43,7 @@ int main(int argc, char** argv) {
         // The toolkit takes the locale from the environment; numbers in protocols and files have a decimal
         // point.
         std::setlocale(LC_NUMERIC, "C");
+        Gtk::Window::set_default_icon_name("velmora");
         Glib::add_exception_handler(sigc::ptr_fun(&report_exception));
         velmora::Interface window(arguments.empty() ? "" : arguments.front(), command_line.board_size);
         if (!command_line.file.empty()) {
