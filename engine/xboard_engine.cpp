@@ -63,7 +63,6 @@ void XboardEngine::do_new_game() {
     m_position.new_game();
     engine_was_set_up();
     send("new");
-    m_first_go = true;
     send_force();
     for (const char* command : {"easy", "post"}) send(command);
     send(xboard::level_command(m_sent_level));
@@ -127,9 +126,8 @@ void XboardEngine::send_last_move() {
     send_clocks();
     send(move_text(m_previous_position, m_position.last_move()));
     m_previous_position = m_position;
-    // The first move sent in a game is always followed by "go", also when the game began with one.
-    if (m_play == Play::force_mode || m_first_go) send_go();
-    m_first_go = false;
+    // A second "go" would have an engine that has answered meanwhile play the other side, too.
+    if (m_play == Play::force_mode) send_go();
 }
 
 void XboardEngine::send_whole_position() {

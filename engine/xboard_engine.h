@@ -53,7 +53,6 @@ private:
     std::uint32_t m_game = 0;           // counts how often the engine was given another game
     bool m_search_stopped = false;      // the last search was told to stop
     Level m_sent_level;                 // the time control that the engine has
-    bool m_first_go = false;            // set by new_game(), cleared by the first go() that sends one move
     Play m_play = Play::unknown;
 };
 

@@ -11,7 +11,7 @@ const Transcript rows[] = {
      "new_game; position startpos; go; posted 2; position startpos e2e4 e7e5; opponent 65432; go; posted 3; "
      "position startpos e2e4 e7e5 g1f3 b8c6; go",
      "new; force; easy; post; level 40 0:10 0.1; time 1000; otim 0; go; time ~; otim 6543; usermove e7e5; "
-     "go; time ~; otim 6543; usermove b8c6; ?",
+     "time ~; otim 6543; usermove b8c6; ?",
      "info depth 12 score cp 34 time 567 nodes 89012 nps 15698  e2e4 e7e5; bestmove e2e4; bestmove g1f3"},
 
     {"another_game_is_set_up_with_setboard_and_moves_in_san",
@@ -37,7 +37,7 @@ const Transcript rows[] = {
      "new_game; position startpos e2e4 e7e5 g1f3; go; posted 1; position startpos e2e4 e7e5 g1f3 b8c6 f1b5; "
      "go",
      "new; force; easy; post; level 40 0:10 0.1; new; force; usermove e2e4; usermove e7e5; usermove g1f3; "
-     "time 1000; otim 0; go; time ~; otim 0; usermove f1b5; go; ?",
+     "time 1000; otim 0; go; time ~; otim 0; usermove f1b5; ?",
      "bestmove b8c6"},
 
     {"without_setboard_and_reuse_no_new_is_sent", "answer feature done=1",
