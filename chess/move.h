@@ -61,29 +61,29 @@ public:
 
     /// Check bit clear, xcode xnormal_move, score 0.
     constexpr Move(Square from, Square to, MoveCode code, Piece piece, Piece capture)
-        : m_word((to_bits(to.value()) & 63) | (to_bits(from.value()) & 63) << 6 | (to_bits(code) & 7) << 12 |
+        : m_bits((to_bits(to.value()) & 63) | (to_bits(from.value()) & 63) << 6 | (to_bits(code) & 7) << 12 |
                  (capture.code() & 15) << 16 | (piece.code() & 15) << 20 |
                  to_bits(XCode::xnormal_move) << 24) {}
 
     /// From the word alone, score 0.
     static constexpr Move from_word(std::uint32_t word) {
         Move move;
-        move.m_word = word;
+        move.m_bits = word;
         return move;
     }
-    constexpr std::uint32_t word() const { return m_word; }
+    constexpr std::uint32_t word() const { return static_cast<std::uint32_t>(m_bits); }
 
-    constexpr bool empty() const { return m_word == 0; }
+    constexpr bool empty() const { return word() == 0; }
 
     /// `no_square` for the empty move.
     constexpr Square from() const { return empty() ? no_square : field_square(6); }
     constexpr Square to() const { return empty() ? no_square : field_square(0); }
-    constexpr MoveCode code() const { return static_cast<MoveCode>(m_word >> 12 & 7); }
-    constexpr bool check() const { return (m_word >> 15 & 1) != 0; }
-    constexpr Piece capture() const { return Piece(m_word >> 16 & 15); }
-    constexpr Piece piece() const { return Piece(m_word >> 20 & 15); }
-    constexpr XCode xcode() const { return static_cast<XCode>(m_word >> 24); }
-    constexpr std::int32_t score() const { return m_score; }
+    constexpr MoveCode code() const { return static_cast<MoveCode>(word() >> 12 & 7); }
+    constexpr bool check() const { return (word() >> 15 & 1) != 0; }
+    constexpr Piece capture() const { return Piece(word() >> 16 & 15); }
+    constexpr Piece piece() const { return Piece(word() >> 20 & 15); }
+    constexpr XCode xcode() const { return static_cast<XCode>(word() >> 24); }
+    constexpr std::int32_t score() const { return static_cast<std::int32_t>(m_bits >> 32); }
 
     constexpr void set_from(Square square) { set_field(6, 63, to_bits(square.value())); }
     constexpr void set_to(Square square) { set_field(0, 63, to_bits(square.value())); }
@@ -92,20 +92,22 @@ public:
     constexpr void set_capture(Piece piece) { set_field(16, 15, piece.code()); }
     constexpr void set_piece(Piece piece) { set_field(20, 15, piece.code()); }
     constexpr void set_xcode(XCode xcode) { set_field(24, 255, to_bits(xcode)); }
-    constexpr void set_score(std::int32_t score) { m_score = score; }
+    constexpr void set_score(std::int32_t score) {
+        m_bits = word() | static_cast<std::uint64_t>(to_bits(score)) << 32;
+    }
 
     /// Compares all but xcode and score, so a move with its check bit differs from the same move without it.
     friend constexpr bool operator==(const Move& a, const Move& b) {
-        return ((a.m_word ^ b.m_word) & 0xFFFFFF) == 0;
+        return ((a.word() ^ b.word()) & 0xFFFFFF) == 0;
     }
 
     /// Whether both go from the same square to the same square with the same code; the check bit does not
     /// count.
-    constexpr bool same_move(const Move& other) const { return ((m_word ^ other.m_word) & 0x7FFF) == 0; }
+    constexpr bool same_move(const Move& other) const { return ((word() ^ other.word()) & 0x7FFF) == 0; }
 
     /// The ordering comparison: whether `other` is to be tried before this one.
     constexpr bool yields_to(const Move& other) const {
-        return xcode() > other.xcode() || (xcode() == other.xcode() && m_score < other.m_score);
+        return xcode() > other.xcode() || (xcode() == other.xcode() && score() < other.score());
     }
 
     /// The coordinate form that engines use: "e2e4", "e7e8q", "0000" for the empty move.
@@ -123,14 +125,13 @@ private:
         return static_cast<std::uint32_t>(value);
     }
     constexpr Square field_square(int shift) const {
-        return Square(static_cast<std::int32_t>(m_word >> shift & 63));
+        return Square(static_cast<std::int32_t>(word() >> shift & 63));
     }
     constexpr void set_field(int shift, std::uint32_t mask, std::uint32_t value) {
-        m_word = (m_word & ~(mask << shift)) | (value & mask) << shift;
+        m_bits = (m_bits & ~(std::uint64_t{mask} << shift)) | std::uint64_t{value & mask} << shift;
     }
 
-    std::uint32_t m_word = 0;
-    std::int32_t m_score = 0;
+    std::uint64_t m_bits = 0;  // the word, and above it the score
 };
 
 static_assert(sizeof(Move) == 8);

@@ -92,11 +92,12 @@ private:
     static constexpr Bitboard single_step_rank = us == Side::white ? rank_3 : rank_6;
     static constexpr std::int32_t back_rank = us == Side::white ? 0 : 56;
 
-    /// What stage two needs of a man whose captures are written.
+    /// A man and some of its moves, kept to be written later. Plain numbers, so that the room for them is
+    /// not cleared at each run.
     struct Mover {
+        std::uint64_t targets;
+        std::uint64_t checks;
         std::uint32_t base;
-        Bitboard quiet;
-        Bitboard checks;
     };
 
     static constexpr Bitboard forward(Bitboard squares) {
@@ -216,7 +217,7 @@ private:
             const Bitboard reach = attacks(from) & landing(from);
             const Bitboard checks = checks_from(from, checks_of_kind);
             put_captures(base(kind, from), reach & m_targets, checks);
-            m_movers[m_movers_end++] = {base(kind, from), reach & ~m_occupied, checks};
+            m_movers[m_movers_end++] = {(reach & ~m_occupied).value(), checks.value(), base(kind, from)};
         }
     }
 
@@ -270,7 +271,7 @@ private:
 
     void put_movers(std::size_t begin, std::size_t end) {
         for (std::size_t i = begin; i < end && !m_out.full(); ++i) {
-            put_quiet(m_movers[i].base, m_movers[i].quiet, m_movers[i].checks);
+            put_quiet(m_movers[i].base, Bitboard(m_movers[i].targets), Bitboard(m_movers[i].checks));
         }
     }
 
