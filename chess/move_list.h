@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -8,6 +9,7 @@
 #include <new>
 #include <string>
 
+#include "chess/bitboard.h"
 #include "chess/move.h"
 
 namespace velmora {
@@ -74,6 +76,12 @@ public:
         void put_if(bool keep, std::uint32_t word) {
             std::construct_at(m_out, Move::from_word(word));
             m_out += keep ? 1 : 0;
+        }
+
+        /// Writes `base` with each of the targets. Four at a time, with what is beyond the last written over
+        /// later: that is cheaper than a branch after each, whose outcome cannot be predicted.
+        void put_each(std::uint32_t base, Bitboard targets) {
+            while (targets.any()) put(base | static_cast<std::uint32_t>(targets.pop_square().value()));
         }
 
         /// Drops what was written beyond the capacity and sets the count.
