@@ -45,12 +45,11 @@ Bitboard attacks_of(Piece man, Square square, Bitboard occupied) {
 Bitboard attackers_to(const BoardPosition& board, Square square, Side by, Bitboard occupied) {
     if (!square.on_board()) return no_squares;
     const MagicMoves& magics = magic_moves();
-    const Bitboard men = board.all(by);
     return (bit_tables.pawn_attacks(square, opposite(by)) & board.pieces(PieceKind::pawn, by)) |
            (bit_tables.knight_moves(square) & board.pieces(PieceKind::knight, by)) |
            (bit_tables.king_moves(square) & board.pieces(PieceKind::king, by)) |
-           (magics.bishop_attacks(square, occupied) & board.diagonal_sliders() & men) |
-           (magics.rook_attacks(square, occupied) & board.straight_sliders() & men);
+           (magics.bishop_attacks(square, occupied) & board.diagonal_sliders(by)) |
+           (magics.rook_attacks(square, occupied) & board.straight_sliders(by));
 }
 
 }  // namespace velmora

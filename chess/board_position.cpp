@@ -6,19 +6,8 @@
 namespace velmora {
 
 void BoardPosition::update() {
-    const auto collect = [this](Side side) {
-        const auto men = [this, side](PieceKind kind) { return pieces(kind, side); };
-        const Bitboard diagonal = men(PieceKind::bishop) | men(PieceKind::queen);
-        const Bitboard straight = men(PieceKind::rook) | men(PieceKind::queen);
-        m_pieces[side] = diagonal | straight | men(PieceKind::knight) | men(PieceKind::king);
-        m_all[side] = m_pieces[side] | men(PieceKind::pawn);
-        m_diagonal_sliders |= diagonal;
-        m_straight_sliders |= straight;
-    };
-    m_diagonal_sliders = m_straight_sliders = no_squares;
-    collect(Side::white);
-    collect(Side::black);
-    m_occupied = m_all.white | m_all.black;
+    m_all = {};
+    for (std::uint32_t code = 1; code < piece_codes; ++code) m_all[Piece(code).side()] |= m_boards[code];
 }
 
 void BoardPosition::put(Square square, Piece man) {
@@ -26,88 +15,108 @@ void BoardPosition::put(Square square, Piece man) {
     board_of(man).set(square);
     m_boards[0] = no_squares;
     m_board[index(square)] = man;
+    if (!man.empty()) m_all[man.side()].set(square);
 }
 
 void BoardPosition::take(Square square, Piece man) {
     if (!square.on_board()) return;
     board_of(man).clear(square);
     m_board[index(square)] = no_piece;
+    m_all[man.side()].clear(square);
 }
 
-void BoardPosition::do_move(Move move) {
-    const Side side = m_side;
-    const Square from = move.from();
-    const Square to = move.to();
-    switch (move.code()) {
-        case MoveCode::null_move:
-            break;
-        case MoveCode::castling:
-            castle(move, side);
-            break;
-        case MoveCode::en_passant:
-            take(behind(to, side), move.capture());
-            take(from, move.piece());
-            put(to, move.piece());
-            break;
-        case MoveCode::normal_move:
-            board_of(move.capture()).clear(to);
-            take(from, move.piece());
-            put(to, move.piece());
-            break;
-        default:
-            board_of(move.capture()).clear(to);
-            take(from, move.piece());
-            put(to, Piece(promoted_kind(move.code()), side));
-    }
-    update();
-    flip_side();
+namespace {
+
+/// What stands on the destination after a move, and where the captured man stood.
+template <Side us>
+Piece arriving_man(Move move) {
+    return is_promotion(move.code()) ? Piece(promoted_kind(move.code()), us) : move.piece();
+}
+template <Side us>
+Square capture_square(Move move) {
+    return move.code() == MoveCode::en_passant ? behind(move.to(), us) : move.to();
 }
 
-void BoardPosition::undo_move(Move move) {
-    flip_side();
-    const Side side = m_side;
-    const Square from = move.from();
-    const Square to = move.to();
-    switch (move.code()) {
-        case MoveCode::null_move:
-            break;
-        case MoveCode::castling:
-            undo_castle(move, side);
-            break;
-        case MoveCode::en_passant:
-            take(to, move.piece());
-            put(from, move.piece());
-            put(behind(to, side), move.capture());
-            break;
-        case MoveCode::normal_move:
-            take(to, move.piece());
-            put(from, move.piece());
-            put(to, move.capture());
-            break;
-        default:
-            take(to, Piece(promoted_kind(move.code()), side));
-            put(from, move.piece());
-            put(to, move.capture());
-    }
-    update();
-}
+}  // namespace
 
-void BoardPosition::castle(Move move, Side side) {
-    const CastlingTargets targets = castling_targets(move.from(), move.to(), side);
-    const Piece rook(PieceKind::rook, side);
+template <Side us>
+void BoardPosition::castle(Move move) {
+    const CastlingTargets targets = castling_targets(move.from(), move.to(), us);
+    const Piece rook(PieceKind::rook, us);
     take(move.from(), move.piece());
     take(move.to(), rook);
     put(targets.king, move.piece());
     put(targets.rook, rook);
 }
 
-void BoardPosition::undo_castle(Move move, Side side) {
-    const CastlingTargets targets = castling_targets(move.from(), move.to(), side);
-    const Piece rook(PieceKind::rook, side);
+template <Side us>
+void BoardPosition::undo_castle(Move move) {
+    const CastlingTargets targets = castling_targets(move.from(), move.to(), us);
+    const Piece rook(PieceKind::rook, us);
     take(targets.king, move.piece());
     take(targets.rook, rook);
     put(move.from(), move.piece());
     put(move.to(), rook);
+}
+
+template <Side us>
+void BoardPosition::do_move_of(Move move) {
+    m_side = opposite(us);
+    if (move.code() == MoveCode::castling) {
+        castle<us>(move);
+    } else if (move.code() != MoveCode::null_move) {
+        const Bitboard from = move.from().bit();
+        const Bitboard to = move.to().bit();
+        const Square captured = capture_square<us>(move);
+        board_of(move.capture()) &= ~captured.bit();
+        m_all[opposite(us)] &= ~captured.bit();
+        m_board[index(captured)] = no_piece;
+
+        board_of(move.piece()) &= ~from;
+        board_of(arriving_man<us>(move)) |= to;
+        m_all[us] = (m_all[us] & ~from) | to;
+        m_board[index(move.from())] = no_piece;
+        m_board[index(move.to())] = arriving_man<us>(move);
+    }
+}
+
+template <Side us>
+void BoardPosition::undo_move_of(Move move) {
+    m_side = us;
+    if (move.code() == MoveCode::castling) {
+        undo_castle<us>(move);
+    } else if (move.code() != MoveCode::null_move) {
+        const Bitboard from = move.from().bit();
+        const Bitboard to = move.to().bit();
+        board_of(arriving_man<us>(move)) &= ~to;
+        board_of(move.piece()) |= from;
+        m_all[us] = (m_all[us] & ~to) | from;
+        m_board[index(move.to())] = no_piece;
+        m_board[index(move.from())] = move.piece();
+
+        const Square captured = capture_square<us>(move);
+        const Piece capture = move.capture();
+        board_of(capture) |= captured.bit();
+        m_boards[0] = no_squares;
+        m_all[capture.side()] |= Bitboard(capture.empty() ? 0 : captured.bit().value());
+        m_board[index(captured)] = capture;
+    }
+}
+
+void BoardPosition::do_move(Move move) {
+    if (m_side == Side::white) {
+        do_move_of<Side::white>(move);
+    } else {
+        do_move_of<Side::black>(move);
+    }
+}
+
+void BoardPosition::undo_move(Move move) {
+    if (m_side == Side::white) {
+        undo_move_of<Side::black>(move);
+    } else {
+        undo_move_of<Side::white>(move);
+    }
 }
 
 void BoardPosition::mirror_colours() {

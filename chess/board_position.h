@@ -15,8 +15,8 @@ namespace velmora {
 
 /// The bare placement of the men and the side to move.
 ///
-/// "Pieces" of a colour are its men without the pawns. The aggregate boards are derived from the boards by
-/// piece code in update().
+/// "Pieces" of a colour are its men without the pawns. What is kept of the sums of boards is a colour's men;
+/// the others are put together when they are asked for, which costs less than keeping them up to date.
 class BoardPosition {
 public:
     /// Reads board and side of a FEN text; any side field but "w" is Black. Ranks need not sum to eight; a
@@ -27,7 +27,7 @@ public:
     /// The empty board, White to move.
     void clear() { *this = {}; }
 
-    /// Recomputes the aggregate boards; part of every function here that changes men but put() and take().
+    /// Recomputes what is kept beside the boards by piece code.
     void update();
 
     /// Put a man on a square, or take it off; the caller runs update() when done.
@@ -56,14 +56,24 @@ public:
     Bitboard pieces(Piece man) const { return m_boards[man.code() & 15]; }
     Bitboard pieces(PieceKind kind, Side side) const { return pieces(Piece(kind, side)); }
 
-    Bitboard white_pieces() const { return m_pieces.white; }
-    Bitboard black_pieces() const { return m_pieces.black; }
+    Bitboard white_pieces() const { return white_all() & ~white_pawns(); }
+    Bitboard black_pieces() const { return black_all() & ~black_pawns(); }
     Bitboard white_all() const { return m_all.white; }
     Bitboard black_all() const { return m_all.black; }
     Bitboard all(Side side) const { return m_all[side]; }
-    Bitboard diagonal_sliders() const { return m_diagonal_sliders; }
-    Bitboard straight_sliders() const { return m_straight_sliders; }
-    Bitboard occupied() const { return m_occupied; }
+    Bitboard diagonal_sliders() const {
+        return diagonal_sliders(Side::white) | diagonal_sliders(Side::black);
+    }
+    Bitboard straight_sliders() const {
+        return straight_sliders(Side::white) | straight_sliders(Side::black);
+    }
+    Bitboard diagonal_sliders(Side side) const {
+        return pieces(PieceKind::bishop, side) | pieces(PieceKind::queen, side);
+    }
+    Bitboard straight_sliders(Side side) const {
+        return pieces(PieceKind::rook, side) | pieces(PieceKind::queen, side);
+    }
+    Bitboard occupied() const { return m_all.white | m_all.black; }
 
     /// 1 when White is to move, 0 when Black is.
     std::int32_t side() const { return static_cast<std::int32_t>(m_side); }
@@ -91,14 +101,16 @@ public:
 private:
     static std::size_t index(Square square) { return static_cast<std::size_t>(square.value() & 63); }
     Bitboard& board_of(Piece man) { return m_boards[man.code() & 15]; }
-    void castle(Move move, Side side);
-    void undo_castle(Move move, Side side);
+    template <Side us>
+    void do_move_of(Move move);
+    template <Side us>
+    void undo_move_of(Move move);
+    template <Side us>
+    void castle(Move move);
+    template <Side us>
+    void undo_castle(Move move);
 
-    BySide<Bitboard> m_pieces;
     BySide<Bitboard> m_all;
-    Bitboard m_diagonal_sliders;
-    Bitboard m_straight_sliders;
-    Bitboard m_occupied;
     std::array<Bitboard, piece_codes> m_boards{};  // entry 0 is scratch, 7, 8 and 15 stay empty
     std::array<Piece, 64> m_board{};
     Side m_side = Side::white;

@@ -14,8 +14,8 @@ public:
     MenAfter(const BoardPosition& board, Move move)
         : m_side(board.side_to_move()),
           m_occupied(board.occupied()),
-          m_straight(board.straight_sliders() & board.all(m_side)),
-          m_diagonal(board.diagonal_sliders() & board.all(m_side)),
+          m_straight(board.straight_sliders(m_side)),
+          m_diagonal(board.diagonal_sliders(m_side)),
           m_knights(board.pieces(PieceKind::knight, m_side)),
           m_pawns(board.pieces(PieceKind::pawn, m_side)) {
         leave(move.from());

@@ -254,13 +254,12 @@ private:
         Bitboard attacked = pawn_attacks<them>(m_board.pieces(PieceKind::pawn, them)) |
                             knight_attacks(m_board.pieces(PieceKind::knight, them)) |
                             bit_tables.king_moves(m_enemy_king);
-        const Bitboard enemies = m_board.all(them);
-        for (Bitboard men = m_board.diagonal_sliders() & enemies; men.any();) {
+        for (Bitboard men = m_board.diagonal_sliders(them); men.any();) {
             const Square from = men.pop_square();
             if ((bit_tables.bishop_lines(from) & of_interest).any())
                 attacked |= m_magics.bishop_attacks(from, occupied);
         }
-        for (Bitboard men = m_board.straight_sliders() & enemies; men.any();) {
+        for (Bitboard men = m_board.straight_sliders(them); men.any();) {
             const Square from = men.pop_square();
             if ((bit_tables.rook_lines(from) & of_interest).any())
                 attacked |= m_magics.rook_attacks(from, occupied);
@@ -333,7 +332,7 @@ private:
     }
 
     void castlings() {
-        const Bitboard enemy_straight = m_board.straight_sliders() & m_board.all(them);
+        const Bitboard enemy_straight = m_board.straight_sliders(them);
         while (m_castling_rooks.any() && !m_out.full()) {
             const Square rook = m_castling_rooks.pop_square();
             const Square king_target = castling_targets(m_king, rook, us).king;

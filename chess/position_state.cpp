@@ -21,9 +21,8 @@ void find_around_king(const BoardPosition& board, PositionState& state) {
                       (bit_tables.pawn_attacks(king, us) & board.pieces(PieceKind::pawn, them)) |
                       (bit_tables.king_moves(king) & board.pieces(PieceKind::king, them));
 
-    Bitboard snipers = ((bit_tables.bishop_lines(king) & board.diagonal_sliders()) |
-                        (bit_tables.rook_lines(king) & board.straight_sliders())) &
-                       board.all(them);
+    Bitboard snipers = (bit_tables.bishop_lines(king) & board.diagonal_sliders(them)) |
+                       (bit_tables.rook_lines(king) & board.straight_sliders(them));
     while (snipers.any()) {
         const Bitboard sniper_bit = Bitboard(snipers.value() & (0 - snipers.value()));
         const Square sniper = snipers.pop_square();
