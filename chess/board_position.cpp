@@ -34,29 +34,29 @@ Piece arriving_man(Move move) {
 }
 template <Side us>
 Square capture_square(Move move) {
-    return move.code() == MoveCode::en_passant ? behind(move.to(), us) : move.to();
+    return move.code() == MoveCode::en_passant ? behind(move.to_field(), us) : move.to_field();
 }
 
 }  // namespace
 
 template <Side us>
 void BoardPosition::castle(Move move) {
-    const CastlingTargets targets = castling_targets(move.from(), move.to(), us);
+    const CastlingTargets targets = castling_targets(move.from_field(), move.to_field(), us);
     const Piece rook(PieceKind::rook, us);
-    take(move.from(), move.piece());
-    take(move.to(), rook);
+    take(move.from_field(), move.piece());
+    take(move.to_field(), rook);
     put(targets.king, move.piece());
     put(targets.rook, rook);
 }
 
 template <Side us>
 void BoardPosition::undo_castle(Move move) {
-    const CastlingTargets targets = castling_targets(move.from(), move.to(), us);
+    const CastlingTargets targets = castling_targets(move.from_field(), move.to_field(), us);
     const Piece rook(PieceKind::rook, us);
     take(targets.king, move.piece());
     take(targets.rook, rook);
-    put(move.from(), move.piece());
-    put(move.to(), rook);
+    put(move.from_field(), move.piece());
+    put(move.to_field(), rook);
 }
 
 template <Side us>
@@ -65,8 +65,8 @@ void BoardPosition::do_move_of(Move move) {
     if (move.code() == MoveCode::castling) {
         castle<us>(move);
     } else if (move.code() != MoveCode::null_move) {
-        const Bitboard from = move.from().bit();
-        const Bitboard to = move.to().bit();
+        const Bitboard from = move.from_field().bit();
+        const Bitboard to = move.to_field().bit();
         const Square captured = capture_square<us>(move);
         board_of(move.capture()) &= ~captured.bit();
         m_all[opposite(us)] &= ~captured.bit();
@@ -75,8 +75,8 @@ void BoardPosition::do_move_of(Move move) {
         board_of(move.piece()) &= ~from;
         board_of(arriving_man<us>(move)) |= to;
         m_all[us] = (m_all[us] & ~from) | to;
-        m_board[index(move.from())] = no_piece;
-        m_board[index(move.to())] = arriving_man<us>(move);
+        m_board[index(move.from_field())] = no_piece;
+        m_board[index(move.to_field())] = arriving_man<us>(move);
     }
 }
 
@@ -86,13 +86,13 @@ void BoardPosition::undo_move_of(Move move) {
     if (move.code() == MoveCode::castling) {
         undo_castle<us>(move);
     } else if (move.code() != MoveCode::null_move) {
-        const Bitboard from = move.from().bit();
-        const Bitboard to = move.to().bit();
+        const Bitboard from = move.from_field().bit();
+        const Bitboard to = move.to_field().bit();
         board_of(arriving_man<us>(move)) &= ~to;
         board_of(move.piece()) |= from;
         m_all[us] = (m_all[us] & ~to) | from;
-        m_board[index(move.to())] = no_piece;
-        m_board[index(move.from())] = move.piece();
+        m_board[index(move.to_field())] = no_piece;
+        m_board[index(move.from_field())] = move.piece();
 
         const Square captured = capture_square<us>(move);
         const Piece capture = move.capture();

@@ -78,6 +78,9 @@ public:
     /// `no_square` for the empty move.
     constexpr Square from() const { return empty() ? no_square : field_square(6); }
     constexpr Square to() const { return empty() ? no_square : field_square(0); }
+    /// The same without a look at the empty move, which has a1 there.
+    constexpr Square from_field() const { return field_square(6); }
+    constexpr Square to_field() const { return field_square(0); }
     constexpr MoveCode code() const { return static_cast<MoveCode>(word() >> 12 & 7); }
     constexpr bool check() const { return (word() >> 15 & 1) != 0; }
     constexpr Piece capture() const { return Piece(word() >> 16 & 15); }

@@ -71,7 +71,7 @@ public:
           m_targets(board.all(them) & ~board.pieces(PieceKind::king, them)),
           m_pinned(state.pinned & board.all(us)),
           m_discovering(state.discovering & board.all(us)),
-          m_checkers(state.checkers & board.all(them)) {}
+          m_checkers(checkers(board, state, us)) {}
 
     void run(MoveList& list) {
         Move* const first = list.end();
@@ -386,7 +386,7 @@ void generate(const ChessPosition& position, MoveList& list) {
     } else {
         Generation<Side::black, stages>(board, state, list).run(list);
     }
-    if ((state.checkers & board.all(board.side_to_move())).any()) {
+    if (checkers(board, state, opposite(board.side_to_move())).any()) {
         repair_check_bits(board, list.begin() + start, list.end());
     }
 }

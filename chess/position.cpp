@@ -134,8 +134,7 @@ void ChessPosition::reread() {
 /// Pins, keys and material from the board; everything that came before is forgotten.
 void ChessPosition::start_history() {
     find_pins(m_board, m_states.back());
-    m_hash.reset(m_board);
-    m_keys.assign(1, key());
+    m_hash.reset(m_board, m_states.back());
     m_material.count(m_board);
     m_maps.drop();
 }

@@ -116,7 +116,7 @@ public:
     bool in_check() const { return checkers().any(); }
 
     /// The men that give check to the side to move.
-    Bitboard checkers() const { return state().checkers & m_board.all(opposite(side_to_move())); }
+    Bitboard checkers() const { return velmora::checkers(m_board, state(), side_to_move()); }
 
     /// The men of a colour that attack the square.
     Bitboard attackers(Square square, Side side) const;
@@ -134,7 +134,7 @@ public:
 
     /// Whether the current position has occurred n times, this time included, since the last irreversible
     /// move.
-    bool is_repetition(int n) const;
+    bool is_repetition(int n) const { return m_hash.is_repetition(n); }
 
     /// Whether a hundred plies went by without pawn move or capture.
     bool is_fifty() const { return halfmoves() > 99; }
@@ -164,7 +164,6 @@ private:
     InstanceNumber m_id;
     BoardPosition m_board;
     PositionHash m_hash;
-    std::vector<std::uint64_t> m_keys;  // repetition history; a 0 marks an irreversible move
     Material m_material;
     std::vector<PositionState> m_states;  // a record a ply, the last is the current one; never empty
     std::uint16_t m_fullmove = 1;

@@ -30,72 +30,91 @@ std::uint64_t number(Piece man, Square square) {
     return piece_table[man.code() & 15][static_cast<std::size_t>(square.value() & 63)];
 }
 
-/// The number when the bit is set, else 0, without a branch.
-std::uint64_t number_if(std::uint32_t bit, std::uint64_t number) { return (std::uint64_t{0} - bit) & number; }
+/// All ones for a pawn, for masking without a branch.
+std::uint64_t pawn_mask(Piece man) { return std::uint64_t{0} - static_cast<std::uint64_t>(man.is_pawn()); }
+
+/// What the classic rights add, by the four bits of castle_index(): white long, white short, black long,
+/// black short.
+constexpr std::array<std::uint64_t, 16> castle_table = [] {
+    std::array<std::uint64_t, 16> table{};
+    constexpr std::array<std::size_t, 4> entries = {1, 0, 3, 2};
+    for (std::size_t index = 0; index < table.size(); ++index) {
+        for (std::size_t bit = 0; bit < 4; ++bit) {
+            if ((index >> bit & 1) != 0) table[index] ^= random64[random64_castle + entries[bit]];
+        }
+    }
+    return table;
+}();
+
+/// Gathers bits 0, 7, 8 and 15.
+std::size_t castle_index(std::uint32_t rights) {
+    return (rights & 1) | (rights >> 6 & 6) | (rights >> 12 & 8);
+}
+
+std::uint64_t whole_key(std::uint64_t piece_key, const PositionState& state, Side to_move) {
+    std::uint64_t key = piece_key ^ castle_table[castle_index(state.rights)];
+    if ((state.rights & chess960_rights) != 0) key ^= state.rights;
+    if (state.ep_square != no_square) {
+        key ^= random64[random64_en_passant + static_cast<std::size_t>(state.ep_square.value() & 7)];
+    }
+    return to_move == Side::white ? key ^ random64[random64_turn] : key;
+}
 
 }  // namespace
 
-void PositionHash::reset(const BoardPosition& board) {
+void PositionHash::reset(const BoardPosition& board, const PositionState& state) {
     Keys keys;
     for (Bitboard men = board.occupied(); men.any();) {
         const Square square = men.pop_square();
         const Piece man = board.piece_on(square);
         keys.pieces ^= number(man, square);
-        if (man.is_pawn()) keys.pawns ^= number(man, square);
+        keys.pawns ^= number(man, square) & pawn_mask(man);
     }
+    keys.position = whole_key(keys.pieces, state, board.side_to_move());
     m_stack.assign(1, keys);
 }
 
-void PositionHash::do_move(Move move, Side mover) {
-    Keys keys = m_stack.back();
-    const auto toggle = [&keys](Piece man, Square square) {
-        const std::uint64_t change = number(man, square);
-        keys.pieces ^= change;
-        keys.pawns ^= number_if(man.is_pawn() ? 1 : 0, change);
+void PositionHash::do_move(Move move, const BoardPosition& board, const PositionState& state) {
+    const Side mover = opposite(board.side_to_move());
+    const Square from = move.from_field();
+    const Square to = move.to_field();
+    const Piece man = move.piece();
+    const Piece capture = move.capture();
+    const Keys& last = m_stack.back();
+    std::uint64_t pieces = last.pieces;
+    std::uint64_t pawns = last.pawns;
+    const auto toggle = [&](Piece piece, Square square) {
+        pieces ^= number(piece, square);
+        pawns ^= number(piece, square) & pawn_mask(piece);
     };
-    const Square from = move.from();
-    const Square to = move.to();
-    switch (move.code()) {
-        case MoveCode::null_move:
-            break;
-        case MoveCode::castling: {
-            const CastlingTargets targets = castling_targets(from, to, mover);
-            const Piece rook(PieceKind::rook, mover);
-            toggle(move.piece(), from);
-            toggle(rook, to);
-            toggle(move.piece(), targets.king);
-            toggle(rook, targets.rook);
-            break;
-        }
-        case MoveCode::en_passant:
-            toggle(move.capture(), behind(to, mover));
-            toggle(move.piece(), from);
-            toggle(move.piece(), to);
-            break;
-        case MoveCode::normal_move:
-            toggle(move.capture(), to);
-            toggle(move.piece(), from);
-            toggle(move.piece(), to);
-            break;
-        default:
-            toggle(move.capture(), to);
-            toggle(move.piece(), from);
-            toggle(Piece(promoted_kind(move.code()), mover), to);
+    if (move.code() == MoveCode::castling) {
+        const CastlingTargets targets = castling_targets(from, to, mover);
+        const Piece rook(PieceKind::rook, mover);
+        toggle(man, from);
+        toggle(rook, to);
+        toggle(man, targets.king);
+        toggle(rook, targets.rook);
+    } else if (move.code() != MoveCode::null_move) {
+        toggle(capture, move.code() == MoveCode::en_passant ? behind(to, mover) : to);
+        toggle(man, from);
+        toggle(is_promotion(move.code()) ? Piece(promoted_kind(move.code()), mover) : man, to);
     }
-    m_stack.push_back(keys);
+    const bool irreversible = man.is_pawn() || !capture.empty();
+    const std::uint64_t reversible = irreversible ? 0 : last.reversible + 1;
+    m_stack.emplace_back(pieces, pawns, whole_key(pieces, state, opposite(mover)), reversible);
 }
 
 std::uint64_t PositionHash::key(const PositionState& state, Side to_move) const {
-    const std::uint32_t rights = state.rights;
-    const auto castle = [rights](int bit, std::size_t entry) {
-        return number_if(rights >> bit & 1, random64[random64_castle + entry]);
-    };
-    std::uint64_t key = piece_key() ^ castle(7, 0) ^ castle(0, 1) ^ castle(15, 2) ^ castle(8, 3);
-    if ((rights & chess960_rights) != 0) key ^= rights;
-    if (state.ep_square != no_square) {
-        key ^= random64[random64_en_passant + static_cast<std::size_t>(state.ep_square.value() & 7)];
+    return whole_key(piece_key(), state, to_move);
+}
+
+bool PositionHash::is_repetition(int n) const {
+    const Keys& now = m_stack.back();
+    int count = 1;
+    for (std::uint64_t back = 1; back <= now.reversible; ++back) {
+        if ((&now - back)->position == now.position && ++count >= n) return true;
     }
-    return key ^ number_if(to_move == Side::white ? 1 : 0, random64[random64_turn]);
+    return false;
 }
 
 }  // namespace velmora

@@ -10,17 +10,19 @@
 
 namespace velmora {
 
-/// The stacks of the incremental keys of a position, one entry a ply: the XOR of the Polyglot numbers of all
-/// men, and the same over the pawns alone. Castling, en passant and turn are added on demand.
+/// The keys of a position and of those that came before it, one entry a ply.
+///
+/// Kept are the XOR of the Polyglot numbers of all men, the same over the pawns alone, and the whole key for
+/// the repetition test. In the whole key castling, en passant and turn are added on demand.
 class PositionHash {
 public:
     PositionHash() : m_stack(1) {}
 
-    /// Both stacks start over with one entry, computed from the board.
-    void reset(const BoardPosition& board);
+    /// Starts over with one entry, computed from the board.
+    void reset(const BoardPosition& board, const PositionState& state);
 
-    /// Follows a move of `mover`, and back.
-    void do_move(Move move, Side mover);
+    /// Follows a move that led to `board` and `state`, and back.
+    void do_move(Move move, const BoardPosition& board, const PositionState& state);
     void undo_move() { m_stack.pop_back(); }
 
     std::uint64_t piece_key() const { return m_stack.back().pieces; }
@@ -29,10 +31,15 @@ public:
     /// The Polyglot key. The rights that only Chess960 has go in as a number.
     std::uint64_t key(const PositionState& state, Side to_move) const;
 
+    /// Whether the current key has occurred n times, this time included, since the last irreversible move.
+    bool is_repetition(int n) const;
+
 private:
     struct Keys {
         std::uint64_t pieces = 0;
         std::uint64_t pawns = 0;
+        std::uint64_t position = 0;
+        std::uint64_t reversible = 0;  // plies since the last pawn move or capture, or since the start
     };
     std::vector<Keys> m_stack;
 };

@@ -44,20 +44,18 @@ bool is_irreversible(Move move) { return move.piece().is_pawn() || !move.capture
 }  // namespace
 
 void ChessPosition::do_move(Move move) {
-    PositionState next;
-    next.rights = rights_after(rights(), move);
-    next.halfmoves = is_irreversible(move) ? std::uint16_t{0} : static_cast<std::uint16_t>(halfmoves() + 1);
+    // Filled in place: a record built aside and copied in would be read before its stores have arrived.
+    PositionState& next = m_states.emplace_back();
+    const PositionState& now = *(&next - 1);
+    next.rights = rights_after(now.rights, move);
+    next.halfmoves = is_irreversible(move) ? std::uint16_t{0} : static_cast<std::uint16_t>(now.halfmoves + 1);
     next.ep_square = ep_square_after(m_board, move);
     next.last_move = move;
 
-    const Side mover = side_to_move();
     m_board.do_move(move);
     find_pins(m_board, next);
-    m_states.push_back(next);
-    if (mover == Side::black) ++m_fullmove;
-    m_hash.do_move(move, mover);
-    if (is_irreversible(move)) m_keys.push_back(0);
-    m_keys.push_back(key());
+    m_fullmove = static_cast<std::uint16_t>(m_fullmove + m_board.side());
+    m_hash.do_move(move, m_board, next);
     m_material.do_move(move);
     m_maps.drop();
 }
@@ -65,22 +63,12 @@ void ChessPosition::do_move(Move move) {
 void ChessPosition::undo_move() {
     if (m_states.size() < 2) return;
     const Move move = last_move();
+    m_fullmove = static_cast<std::uint16_t>(m_fullmove - m_board.side());
     m_board.undo_move(move);
     m_states.pop_back();
-    if (side_to_move() == Side::black) --m_fullmove;
     m_hash.undo_move();
-    m_keys.pop_back();
-    if (is_irreversible(move)) m_keys.pop_back();
     m_material.undo_move(move);
     m_maps.drop();
-}
-
-bool ChessPosition::is_repetition(int n) const {
-    int count = 1;
-    for (auto key = m_keys.rbegin() + 1; key != m_keys.rend() && *key != 0; ++key) {
-        if (*key == m_keys.back() && ++count >= n) return true;
-    }
-    return false;
 }
 
 }  // namespace velmora

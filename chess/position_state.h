@@ -19,8 +19,8 @@ struct PositionState {
     Bitboard pinned;
     /// Men of either colour that alone stand between an own slider and the enemy king.
     Bitboard discovering;
-    /// Men of either colour that attack the enemy king.
-    Bitboard checkers;
+    /// Sliders of either colour that attack the enemy king.
+    Bitboard checking_sliders;
     /// Bit f: the white rook that started on file f may still castle; bit 8 + f: the black one.
     std::uint16_t rights = 0;
     /// Plies since the last pawn move or capture.
@@ -36,7 +36,10 @@ struct PositionState {
     Square black_king() const { return kings.black; }
 };
 
-/// Sets kings, pinned, discovering and checkers from the board.
+/// Sets kings, pinned, discovering and checking_sliders from the board.
 void find_pins(const BoardPosition& board, PositionState& state);
+
+/// The men that attack the king of `side`; none without a king. REQUIRES: the state belongs to the board.
+Bitboard checkers(const BoardPosition& board, const PositionState& state, Side side);
 
 }  // namespace velmora
