@@ -39,6 +39,12 @@ public:
     void do_move(Move move);
     void undo_move(Move move);
 
+    /// The same for a known mover; defined in chess/board_moves.h.
+    template <Side us>
+    void do_move_of(Move move);
+    template <Side us>
+    void undo_move_of(Move move);
+
     Bitboard white_pawns() const { return pieces(Piece(1)); }
     Bitboard white_knights() const { return pieces(Piece(2)); }
     Bitboard white_bishops() const { return pieces(Piece(3)); }
@@ -101,10 +107,6 @@ public:
 private:
     static std::size_t index(Square square) { return static_cast<std::size_t>(square.value() & 63); }
     Bitboard& board_of(Piece man) { return m_boards[man.code() & 15]; }
-    template <Side us>
-    void do_move_of(Move move);
-    template <Side us>
-    void undo_move_of(Move move);
     template <Side us>
     void castle(Move move);
     template <Side us>

@@ -8,28 +8,30 @@ namespace velmora {
 
 namespace {
 
-/// What one man adds to the counts and XORs into the key; zero for a king and for a code that is no man.
+/// What one man adds to the counts and to the worth of the pieces, and XORs into the key; zero for a king and
+/// for a code that is no man.
 struct Unit {
     std::uint64_t count = 0;
     std::uint32_t key = 0;
+    std::int32_t worth = 0;
 };
 
 // By piece code. The key constants are arbitrary and fixed.
 constexpr std::array<Unit, piece_codes> units = {{
     {},
-    {std::uint64_t{1} << 32, 0xD091BB5C},
-    {std::uint64_t{1} << 36, 0x22AE9EF6},
-    {std::uint64_t{1} << 40, 0xE7E1FAEE},
-    {std::uint64_t{1} << 44, 0xD5C31F79},
-    {std::uint64_t{1} << 48, 0x2082352C},
+    {std::uint64_t{1} << 32, 0xD091BB5C, 0},
+    {std::uint64_t{1} << 36, 0x22AE9EF6, 300},
+    {std::uint64_t{1} << 40, 0xE7E1FAEE, 300},
+    {std::uint64_t{1} << 44, 0xD5C31F79, 500},
+    {std::uint64_t{1} << 48, 0x2082352C, 900},
     {},
     {},
     {},
-    {std::uint64_t{1} << 0, 0xF807B7DF},
-    {std::uint64_t{1} << 4, 0xE9D30005},
-    {std::uint64_t{1} << 8, 0x3895AFE1},
-    {std::uint64_t{1} << 12, 0xA1E24BBA},
-    {std::uint64_t{1} << 16, 0x4EE4092B},
+    {std::uint64_t{1} << 0, 0xF807B7DF, 0},
+    {std::uint64_t{1} << 4, 0xE9D30005, 300},
+    {std::uint64_t{1} << 8, 0x3895AFE1, 300},
+    {std::uint64_t{1} << 12, 0xA1E24BBA, 500},
+    {std::uint64_t{1} << 16, 0x4EE4092B, 900},
     {},
     {},
 }};
@@ -41,13 +43,10 @@ constexpr Unit promotion(Move move) {
     const Side side = move.piece().side();
     const Unit& man = unit(Piece(promoted_kind(move.code()), side));
     const Unit& pawn = unit(Piece(PieceKind::pawn, side));
-    return {man.count - pawn.count, man.key ^ pawn.key};
+    return {man.count - pawn.count, man.key ^ pawn.key, man.worth};
 }
 
-// Worth of the men that make up the phase, and the sum at which the opening begins.
-constexpr std::int32_t minor_phase = 300;
-constexpr std::int32_t rook_phase = 500;
-constexpr std::int32_t queen_phase = 900;
+// The worth of the pieces from which on the phase is that of the opening, and the phase without any.
 constexpr std::int32_t opening_phase = 6200;
 constexpr std::int32_t bare_board = 1024;
 
@@ -69,37 +68,38 @@ void Material::set(Piece man, std::int32_t count) {
     const auto n = static_cast<std::uint32_t>(count < 15 ? count : 15);
     m_counts |= n * unit(man).count;
     m_key ^= n * unit(man).key;
+    m_pieces_worth += static_cast<std::int32_t>(n) * unit(man).worth;
 }
 
 void Material::add(Piece man) {
     m_counts += unit(man).count;
     m_key ^= unit(man).key;
+    m_pieces_worth += unit(man).worth;
 }
 
 void Material::remove(Piece man) {
     m_counts -= unit(man).count;
     m_key ^= unit(man).key;
+    m_pieces_worth -= unit(man).worth;
 }
 
-void Material::do_move(Move move) {
-    const bool promotes = is_promotion(move.code());
-    if (move.capture().empty() && !promotes) return;
+void Material::make_change(Move move) {
     remove(move.capture());
-    if (promotes) {
+    if (is_promotion(move.code())) {
         const Unit change = promotion(move);
         m_counts += change.count;
         m_key ^= change.key;
+        m_pieces_worth += change.worth;
     }
     find_phase();
 }
 
-void Material::undo_move(Move move) {
-    const bool promotes = is_promotion(move.code());
-    if (move.capture().empty() && !promotes) return;
-    if (promotes) {
+void Material::take_back_change(Move move) {
+    if (is_promotion(move.code())) {
         const Unit change = promotion(move);
         m_counts -= change.count;
         m_key ^= change.key;
+        m_pieces_worth -= change.worth;
     }
     add(move.capture());
     find_phase();
@@ -123,10 +123,7 @@ std::string Material::signature() const {
 }
 
 void Material::find_phase() {
-    const std::int32_t sum =
-        minor_phase * (white_knights() + white_bishops() + black_knights() + black_bishops()) +
-        rook_phase * (white_rooks() + black_rooks()) + queen_phase * (white_queens() + black_queens());
-    m_phase = sum >= opening_phase ? 0 : bare_board - sum * bare_board / opening_phase;
+    m_phase = m_pieces_worth >= opening_phase ? 0 : bare_board - m_pieces_worth * bare_board / opening_phase;
 }
 
 }  // namespace velmora

@@ -31,8 +31,12 @@ public:
     void remove(Piece man);
 
     /// Follows a move, and back.
-    void do_move(Move move);
-    void undo_move(Move move);
+    void do_move(Move move) {
+        if (changes(move)) make_change(move);
+    }
+    void undo_move(Move move) {
+        if (changes(move)) take_back_change(move);
+    }
 
     std::int32_t number_of(Piece man) const;
     std::int32_t white_pawns() const { return nibble(32); }
@@ -68,11 +72,15 @@ private:
     std::int32_t nibble(int shift) const { return static_cast<std::int32_t>(m_counts >> shift & 15); }
     std::uint32_t white_half() const { return static_cast<std::uint32_t>(m_counts >> 32); }
     std::uint32_t black_half() const { return static_cast<std::uint32_t>(m_counts); }
+    static bool changes(Move move) { return !move.capture().empty() || is_promotion(move.code()); }
+    void make_change(Move move);
+    void take_back_change(Move move);
     void find_phase();
 
     std::uint64_t m_counts = 0;
     std::uint32_t m_key = 0;
     std::int32_t m_phase = 0;
+    std::int32_t m_pieces_worth = 0;  // of knights, bishops, rooks and queens; what the phase is made from
 };
 
 }  // namespace velmora

@@ -25,7 +25,6 @@ void sort_captures(Move* first, Move* last) {
     std::array<std::uint64_t, MoveList::capacity> words;
     std::uint64_t counts = 0;
     const auto size = static_cast<std::size_t>(last - first);
-    if (size < 2) return;
     const auto shift = [](std::uint64_t word) { return group_shifts[word >> 16 & 15]; };
     for (std::size_t i = 0; i < size; ++i) {
         words[i] = first[i].word();
@@ -84,7 +83,7 @@ public:
         find_king_moves();
         king_moves(m_king_steps & m_targets);
         m_out.finish();
-        sort_captures(first, list.end());
+        if (list.end() - first > 1) sort_captures(first, list.end());
         if constexpr (stages == Stages::all) {
             men_quiet_moves();
             if (!m_checkers.more_than_one()) pawn_pushes();
@@ -138,7 +137,7 @@ private:
     }
 
     void put_captures(std::uint32_t base, Bitboard targets, Bitboard checks) {
-        while (targets.any()) {
+        while (targets.any() && !m_out.full()) {
             const Square to = targets.pop_square();
             m_out.put(base | to_bits(to) | check_bit(checks, to) | capture_bits(m_board.piece_on(to)));
         }
@@ -226,7 +225,7 @@ private:
 
     template <class Attacks>
     void man_captures(PieceKind kind, Bitboard from_squares, Bitboard checks_of_kind, Attacks attacks) {
-        while (from_squares.any() && !m_out.full() && m_movers_end < m_movers.size()) {
+        while (from_squares.any()) {
             const Square from = from_squares.pop_square();
             const Bitboard reach = attacks(from) & landing(from);
             const Bitboard checks = checks_from(from, checks_of_kind);
@@ -294,21 +293,25 @@ private:
         const Bitboard single = forward(pawns) & ~m_occupied;
         const Bitboard single_legal = single & m_check_mask;
         const Bitboard double_legal = forward(single & single_step_rank) & ~m_occupied & m_check_mask;
+        const Bitboard single_movers = backward(single_legal);
+        const Bitboard double_movers = backward(backward(double_legal));
         const Bitboard checks_of_pawns = bit_tables.pawn_attacks(m_enemy_king, them);
-        Bitboard movers = backward(single_legal | backward(double_legal));
+        Bitboard movers = single_movers | double_movers;
+        const bool none_checks =
+            ((movers & m_discovering) | ((single_legal | double_legal) & checks_of_pawns)).empty();
         while (movers.any() && !m_out.full()) {
             const Square from = movers.pop_square();
-            const Bitboard checks = checks_from(from, checks_of_pawns);
-            const Square one = from + up;
-            const Square two((from.value() + 2 * up) & 63);
+            const Bitboard checks = none_checks ? no_squares : checks_from(from, checks_of_pawns);
             const std::uint32_t word = base(PieceKind::pawn, from);
-            const auto put_step = [&](Bitboard legal, Square to) {
-                m_out.put_if(legal.contains(to), word | to_bits(to) | check_bit(checks, to));
+            const auto put_step = [&](Bitboard step_movers, std::int32_t step) {
+                const Square to(from.value() + step);
+                const std::uint32_t check = none_checks ? 0 : check_bit(checks, Square(to.value() & 63));
+                m_out.put_if((step_movers.value() >> from.value() & 1) != 0, (word + to_bits(to)) | check);
             };
             // Destinations ascend, which puts Black's double step first.
-            if constexpr (us == Side::black) put_step(double_legal, two);
-            put_step(single_legal, one);
-            if constexpr (us == Side::white) put_step(double_legal, two);
+            if constexpr (us == Side::black) put_step(double_movers, 2 * up);
+            put_step(single_movers, up);
+            if constexpr (us == Side::white) put_step(double_movers, 2 * up);
         }
     }
 
@@ -320,6 +323,7 @@ private:
         for (Bitboard files(m_rights); files.any();) {
             const Square rook = files.pop_square() + back_rank;
             if (!men(PieceKind::rook).contains(rook)) continue;
+            if ((bit_tables.between(m_king, rook) & m_occupied).any()) continue;  // part of both ways
             const CastlingTargets targets = castling_targets(m_king, rook, us);
             const Bitboard king_way = bit_tables.between_inclusive(m_king, targets.king);
             const Bitboard rook_way = bit_tables.between_inclusive(rook, targets.rook);
@@ -366,7 +370,8 @@ private:
     std::size_t m_rooks = 0;
     std::size_t m_queens = 0;
     std::size_t m_movers_end = 0;
-    std::array<Mover, 64> m_movers;
+    // Of four kinds, each of which may stand anywhere: an illegal move can leave two men on one square.
+    std::array<Mover, 4 * 64> m_movers;
 };
 
 /// When the side to move could take the enemy king, which only a set-up board allows, every move leaves or

@@ -134,7 +134,7 @@ public:
 
     /// Whether the current position has occurred n times, this time included, since the last irreversible
     /// move.
-    bool is_repetition(int n) const { return m_hash.is_repetition(n); }
+    bool is_repetition(int n) const { return m_hash.is_repetition(n, halfmoves()); }
 
     /// Whether a hundred plies went by without pawn move or capture.
     bool is_fifty() const { return halfmoves() > 99; }
@@ -158,6 +158,10 @@ public:
 private:
     std::uint16_t rights_from_letters(std::string_view letters) const;
     std::string rights_letters() const;
+    template <Side us>
+    void do_move_of(Move move);
+    template <Side us>
+    void undo_move_of();
     void start_history();
     void reread();
 

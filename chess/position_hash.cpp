@@ -1,5 +1,6 @@
 #include "chess/position_hash.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -46,10 +47,8 @@ constexpr std::array<std::uint64_t, 16> castle_table = [] {
     return table;
 }();
 
-/// Gathers bits 0, 7, 8 and 15.
-std::size_t castle_index(std::uint32_t rights) {
-    return (rights & 1) | (rights >> 6 & 6) | (rights >> 12 & 8);
-}
+/// Gathers bits 0, 7, 8 and 15: the product has them side by side from bit 12.
+std::size_t castle_index(std::uint32_t rights) { return (rights & 0x8181) * 0x1041 >> 12 & 15; }
 
 std::uint64_t whole_key(std::uint64_t piece_key, const PositionState& state, Side to_move) {
     std::uint64_t key = piece_key ^ castle_table[castle_index(state.rights)];
@@ -74,45 +73,51 @@ void PositionHash::reset(const BoardPosition& board, const PositionState& state)
     m_stack.assign(1, keys);
 }
 
-void PositionHash::do_move(Move move, const BoardPosition& board, const PositionState& state) {
-    const Side mover = opposite(board.side_to_move());
+template <Side us>
+void PositionHash::do_move(Move move, const PositionState& state) {
     const Square from = move.from_field();
     const Square to = move.to_field();
     const Piece man = move.piece();
     const Piece capture = move.capture();
-    const Keys& last = m_stack.back();
-    std::uint64_t pieces = last.pieces;
-    std::uint64_t pawns = last.pawns;
-    const auto toggle = [&](Piece piece, Square square) {
-        pieces ^= number(piece, square);
-        pawns ^= number(piece, square) & pawn_mask(piece);
+    Keys keys = m_stack.back();
+    const auto toggle = [&keys](Piece piece, Square square) {
+        keys.pieces ^= number(piece, square);
+        keys.pawns ^= number(piece, square) & pawn_mask(piece);
     };
-    if (move.code() == MoveCode::castling) {
-        const CastlingTargets targets = castling_targets(from, to, mover);
-        const Piece rook(PieceKind::rook, mover);
+    if (move.code() == MoveCode::normal_move) {
+        const std::uint64_t step = number(man, from) ^ number(man, to);
+        keys.pieces ^= step;
+        if (man.is_pawn()) keys.pawns ^= step;
+        if (!capture.empty()) toggle(capture, to);
+    } else if (move.code() == MoveCode::castling) {
+        const CastlingTargets targets = castling_targets(from, to, us);
+        const Piece rook(PieceKind::rook, us);
         toggle(man, from);
         toggle(rook, to);
         toggle(man, targets.king);
         toggle(rook, targets.rook);
     } else if (move.code() != MoveCode::null_move) {
-        toggle(capture, move.code() == MoveCode::en_passant ? behind(to, mover) : to);
+        toggle(capture, move.code() == MoveCode::en_passant ? behind(to, us) : to);
         toggle(man, from);
-        toggle(is_promotion(move.code()) ? Piece(promoted_kind(move.code()), mover) : man, to);
+        toggle(is_promotion(move.code()) ? Piece(promoted_kind(move.code()), us) : man, to);
     }
-    const bool irreversible = man.is_pawn() || !capture.empty();
-    const std::uint64_t reversible = irreversible ? 0 : last.reversible + 1;
-    m_stack.emplace_back(pieces, pawns, whole_key(pieces, state, opposite(mover)), reversible);
+    keys.position = whole_key(keys.pieces, state, opposite(us));
+    m_stack.push_back(keys);
 }
+
+template void PositionHash::do_move<Side::white>(Move, const PositionState&);
+template void PositionHash::do_move<Side::black>(Move, const PositionState&);
 
 std::uint64_t PositionHash::key(const PositionState& state, Side to_move) const {
     return whole_key(piece_key(), state, to_move);
 }
 
-bool PositionHash::is_repetition(int n) const {
-    const Keys& now = m_stack.back();
+bool PositionHash::is_repetition(int n, std::uint16_t halfmoves) const {
+    const std::uint64_t now = m_stack.back().position;
     int count = 1;
-    for (std::uint64_t back = 1; back <= now.reversible; ++back) {
-        if ((&now - back)->position == now.position && ++count >= n) return true;
+    const std::size_t reach = std::min<std::size_t>(halfmoves, m_stack.size() - 1);
+    for (std::size_t back = 1; back <= reach; ++back) {
+        if (m_stack[m_stack.size() - 1 - back].position == now && ++count >= n) return true;
     }
     return false;
 }

@@ -21,8 +21,9 @@ public:
     /// Starts over with one entry, computed from the board.
     void reset(const BoardPosition& board, const PositionState& state);
 
-    /// Follows a move that led to `board` and `state`, and back.
-    void do_move(Move move, const BoardPosition& board, const PositionState& state);
+    /// Follows a move of `us` that led to `state`, and back.
+    template <Side us>
+    void do_move(Move move, const PositionState& state);
     void undo_move() { m_stack.pop_back(); }
 
     std::uint64_t piece_key() const { return m_stack.back().pieces; }
@@ -31,17 +32,19 @@ public:
     /// The Polyglot key. The rights that only Chess960 has go in as a number.
     std::uint64_t key(const PositionState& state, Side to_move) const;
 
-    /// Whether the current key has occurred n times, this time included, since the last irreversible move.
-    bool is_repetition(int n) const;
+    /// Whether the current key has occurred n times, this time included, within the last `halfmoves` plies.
+    bool is_repetition(int n, std::uint16_t halfmoves) const;
 
 private:
     struct Keys {
         std::uint64_t pieces = 0;
         std::uint64_t pawns = 0;
         std::uint64_t position = 0;
-        std::uint64_t reversible = 0;  // plies since the last pawn move or capture, or since the start
     };
     std::vector<Keys> m_stack;
 };
+
+extern template void PositionHash::do_move<Side::white>(Move, const PositionState&);
+extern template void PositionHash::do_move<Side::black>(Move, const PositionState&);
 
 }  // namespace velmora

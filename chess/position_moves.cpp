@@ -2,6 +2,8 @@
 #include <array>
 #include <cstdlib>
 
+#include "chess/board_moves.h"
+#include "chess/pins.h"
 #include "chess/position.h"
 
 namespace velmora {
@@ -19,52 +21,80 @@ constexpr std::array<std::uint16_t, 65> kept_rights = [] {
     return table;
 }();
 
+/// By piece code: the rights that stay when the man moves.
+constexpr std::array<std::uint16_t, piece_codes> kept_by_man = [] {
+    std::array<std::uint16_t, piece_codes> table{};
+    table.fill(0xFFFF);
+    table[Piece(PieceKind::king, Side::white).code()] = 0xFF00;
+    table[Piece(PieceKind::king, Side::black).code()] = 0x00FF;
+    return table;
+}();
+
 std::uint16_t rights_after(std::uint16_t rights, Move move) {
-    if (rights == 0) return 0;
-    const Piece man = move.piece();
-    const unsigned kept_by_king = !man.is_king() ? 0xFFFF : man.is_white() ? 0xFF00 : 0x00FF;
     const auto kept = [](Square square) { return kept_rights[static_cast<std::size_t>(square.value())]; };
-    return static_cast<std::uint16_t>(rights & kept_by_king & kept(move.from()) & kept(move.to()));
+    return static_cast<std::uint16_t>(rights & kept_by_man[move.piece().code()] & kept(move.from()) &
+                                      kept(move.to()));
 }
 
 /// The target of a double step with an enemy pawn beside its end. "Beside" has no edge: a pawn that arrives
 /// on the a-file also looks at the h-file one rank down, and the other way round. That is wanted.
 Square ep_square_after(const BoardPosition& board, Move move) {
     const Piece man = move.piece();
-    const Square from = move.from();
-    const Square to = move.to();
+    const Square from = move.from_field();
+    const Square to = move.to_field();
     if (!man.is_pawn() || std::abs(to - from) != 16) return no_square;
     const Bitboard beside = (to.bit() >> 1) | (to.bit() << 1);
     if ((beside & board.pieces(PieceKind::pawn, opposite(man.side()))).empty()) return no_square;
     return Square((from.value() + to.value()) / 2);
 }
 
-bool is_irreversible(Move move) { return move.piece().is_pawn() || !move.capture().empty(); }
+/// Counts up and stays at the largest number.
+std::uint16_t one_more(std::uint16_t halfmoves) {
+    return static_cast<std::uint16_t>(halfmoves + (halfmoves < 0xFFFF ? 1 : 0));
+}
 
 }  // namespace
 
 void ChessPosition::do_move(Move move) {
-    // Filled in place: a record built aside and copied in would be read before its stores have arrived.
-    PositionState& next = m_states.emplace_back();
-    const PositionState& now = *(&next - 1);
-    next.rights = rights_after(now.rights, move);
-    next.halfmoves = is_irreversible(move) ? std::uint16_t{0} : static_cast<std::uint16_t>(now.halfmoves + 1);
-    next.ep_square = ep_square_after(m_board, move);
-    next.last_move = move;
-
-    m_board.do_move(move);
-    find_pins(m_board, next);
-    m_fullmove = static_cast<std::uint16_t>(m_fullmove + m_board.side());
-    m_hash.do_move(move, m_board, next);
-    m_material.do_move(move);
-    m_maps.drop();
+    if (side_to_move() == Side::white) {
+        do_move_of<Side::white>(move);
+    } else {
+        do_move_of<Side::black>(move);
+    }
 }
 
 void ChessPosition::undo_move() {
     if (m_states.size() < 2) return;
+    if (side_to_move() == Side::black) {
+        undo_move_of<Side::white>();
+    } else {
+        undo_move_of<Side::black>();
+    }
+}
+
+template <Side us>
+void ChessPosition::do_move_of(Move move) {
+    const PositionState& now = state();
+    PositionState next;
+    const bool irreversible = move.piece().is_pawn() || !move.capture().empty();
+    next.rights = rights_after(now.rights, move);
+    next.halfmoves = irreversible ? std::uint16_t{0} : one_more(now.halfmoves);
+    next.ep_square = ep_square_after(m_board, move);
+    next.last_move = move;
+    m_board.do_move_of<us>(move);
+    set_pins(m_board, next);
+    m_states.push_back(next);
+    if (us == Side::black) ++m_fullmove;
+    m_hash.do_move<us>(move, next);
+    m_material.do_move(move);
+    m_maps.drop();
+}
+
+template <Side us>
+void ChessPosition::undo_move_of() {
     const Move move = last_move();
-    m_fullmove = static_cast<std::uint16_t>(m_fullmove - m_board.side());
-    m_board.undo_move(move);
+    m_board.undo_move_of<us>(move);
+    if (us == Side::black) --m_fullmove;
     m_states.pop_back();
     m_hash.undo_move();
     m_material.undo_move(move);
