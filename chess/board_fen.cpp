@@ -38,8 +38,9 @@ void check_man(const BoardPosition& board, Piece man, Square square) {
 void BoardPosition::fen(std::string_view text) {
     clear();
     const FenFields fields = split_fen(text);
-    const std::string quoted = "BoardPosition::fen(" + std::string(text) + ")";
-    const auto syntax_error = [&quoted] { return std::logic_error(quoted + "    syntax error"); };
+    const auto fault = [text](const std::string& what) {
+        return std::logic_error("BoardPosition::fen(" + std::string(text) + ")" + what);
+    };
 
     Square square(56);
     for (std::size_t i = 0; i < fields.board.size(); ++i) {
@@ -49,17 +50,17 @@ void BoardPosition::fen(std::string_view text) {
         } else if (character >= '1' && character <= '8') {
             square += character - '0';
         } else if (const Piece man = man_of(character); !man.empty()) {
-            if (!square.on_board()) throw syntax_error();
+            if (!square.on_board()) throw fault("    syntax error");
             check_man(*this, man, square);
             take(square, piece_on(square));
             put(square, man);
             ++square;
         } else {
             // The character named is that of the whole text, so white space ahead of the board shifts it.
-            throw std::logic_error(quoted + " \nunkown piece 0x" + hexadecimal(text[i]));
+            throw fault(" \nunkown piece 0x" + hexadecimal(text[i]));
         }
         // Up to its seventh character the first rank may run to 64 before its '/'.
-        if (square.value() < 0 || (square.value() > 63 && i > 7)) throw syntax_error();
+        if (square.value() < 0 || (square.value() > 63 && i > 7)) throw fault("    syntax error");
     }
     m_side = fields.side == "w" ? Side::white : Side::black;
     update();

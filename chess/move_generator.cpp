@@ -53,8 +53,7 @@ enum class Stages { captures, all };
 ///
 /// What is legal and what checks is found as sets once a position: a man other than the king must land in
 /// m_check_mask, a pinned man stays on the line of its king, and each kind has the squares from which it
-/// checks. Only en passant is tested move by move, and only promotions, castling and en passant are looked at
-/// one by one for check.
+/// checks. Only en passant is tested move by move.
 template <Side us, Stages stages>
 class Generation {
 public:
@@ -154,11 +153,6 @@ private:
         }
     }
 
-    /// Writes a move whose check is found by looking at the board after it.
-    void put_tested(std::uint32_t word) {
-        m_out.put(word | static_cast<std::uint32_t>(gives_check(m_board, Move::from_word(word))) << 15);
-    }
-
     // Stage one.
 
     void pawn_captures() {
@@ -191,16 +185,28 @@ private:
     void put_en_passant(Square from) {
         const std::uint32_t word = base(PieceKind::pawn, from, MoveCode::en_passant) | to_bits(m_ep_square) |
                                    capture_bits(Piece(PieceKind::pawn, them));
-        if (is_legal_en_passant(m_board, Move::from_word(word))) put_tested(word);
+        const Move move = Move::from_word(word);
+        if (!is_legal_en_passant(m_board, move)) return;
+        m_out.put(word | static_cast<std::uint32_t>(gives_check(m_board, move)) << 15);
     }
 
     void put_promotions(Square from, Bitboard targets) {
-        while (targets.any()) {
+        if (targets.empty()) return;
+        // The new man looks along the line that its pawn has left.
+        const Bitboard occupied = m_occupied & ~from.bit();
+        const Bitboard diagonal = m_magics.bishop_attacks(m_enemy_king, occupied);
+        const Bitboard straight = m_magics.rook_attacks(m_enemy_king, occupied);
+        const Bitboard uncovered = checks_from(from, no_squares);
+        const std::array<Bitboard, 4> checks = {diagonal | straight | uncovered, straight | uncovered,
+                                                diagonal | uncovered,
+                                                bit_tables.knight_moves(m_enemy_king) | uncovered};
+        while (targets.any() && !m_out.full()) {
             const Square to = targets.pop_square();
             const std::uint32_t fields = to_bits(to) | capture_bits(m_board.piece_on(to));
-            for (const MoveCode code : {MoveCode::promo_queen, MoveCode::promo_rook, MoveCode::promo_bishop,
-                                        MoveCode::promo_knight}) {
-                put_tested(base(PieceKind::pawn, from, code) | fields);
+            for (std::uint32_t i = 0; i < checks.size(); ++i) {
+                const auto code =
+                    static_cast<MoveCode>(static_cast<std::uint32_t>(MoveCode::promo_queen) + i);
+                m_out.put(base(PieceKind::pawn, from, code) | fields | check_bit(checks[i], to));
             }
         }
     }
@@ -336,15 +342,22 @@ private:
     }
 
     void castlings() {
-        const Bitboard enemy_straight = m_board.straight_sliders(them);
         while (m_castling_rooks.any() && !m_out.full()) {
             const Square rook = m_castling_rooks.pop_square();
-            const Square king_target = castling_targets(m_king, rook, us).king;
-            if ((bit_tables.between_inclusive(m_king, king_target) & m_danger).any()) continue;
+            const CastlingTargets targets = castling_targets(m_king, rook, us);
+            if ((bit_tables.between_inclusive(m_king, targets.king) & m_danger).any()) continue;
             // The rook itself may have shielded the king's new square.
             const Bitboard others = m_occupied & ~m_king.bit() & ~rook.bit();
-            if ((m_magics.rook_attacks(king_target, others) & enemy_straight).any()) continue;
-            put_tested(base(PieceKind::king, m_king, MoveCode::castling) | to_bits(rook));
+            if ((m_magics.rook_attacks(targets.king, others) & m_board.straight_sliders(them)).any())
+                continue;
+
+            const Bitboard occupied = others | targets.king.bit() | targets.rook.bit();
+            const Bitboard straight = (m_board.straight_sliders(us) & ~rook.bit()) | targets.rook.bit();
+            const bool checks =
+                (m_magics.rook_attacks(m_enemy_king, occupied) & straight).any() ||
+                (m_magics.bishop_attacks(m_enemy_king, occupied) & m_board.diagonal_sliders(us)).any();
+            m_out.put(base(PieceKind::king, m_king, MoveCode::castling) | to_bits(rook) |
+                      static_cast<std::uint32_t>(checks) << 15);
         }
     }
 
