@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "chess/bit_tables.h"
+#include "chess/capture_order.h"
 #include "chess/check_test.h"
 #include "chess/magic_moves.h"
 #include "chess/position.h"
@@ -12,33 +13,6 @@
 namespace velmora {
 
 namespace {
-
-/// By piece code of the captured man: its place in the order of stage one, as the shift of its group's count
-/// in sort_captures(). Queen first, then rook, knight and bishop alike, pawn, none.
-constexpr int group_bits = 12;
-constexpr std::array<std::uint8_t, piece_codes> group_shifts = {48, 36, 24, 24, 12, 0, 0, 48,
-                                                                48, 36, 24, 24, 12, 0, 0, 48};
-
-/// Highest captured man first, equals in the order in which they come: a counting sort with all counts in one
-/// number, since comparing neighbours means branches that cannot be predicted.
-void sort_captures(Move* first, Move* last) {
-    std::array<std::uint64_t, MoveList::capacity> words;
-    std::uint64_t counts = 0;
-    const auto size = static_cast<std::size_t>(last - first);
-    const auto shift = [](std::uint64_t word) { return group_shifts[word >> 16 & 15]; };
-    for (std::size_t i = 0; i < size; ++i) {
-        words[i] = first[i].word();
-        counts += std::uint64_t{1} << shift(words[i]);
-    }
-    // Each group begins where all groups before it end.
-    constexpr std::uint64_t ones = 1 | 1ULL << group_bits | 1ULL << 2 * group_bits | 1ULL << 3 * group_bits;
-    std::uint64_t begins = counts * ones << group_bits;
-    for (std::size_t i = 0; i < size; ++i) {
-        first[begins >> shift(words[i]) & ((1U << group_bits) - 1)] =
-            Move::from_word(static_cast<std::uint32_t>(words[i]));
-        begins += std::uint64_t{1} << shift(words[i]);
-    }
-}
 
 // The fields of a move's word, laid out as in Move.
 constexpr std::uint32_t to_bits(Square to) { return static_cast<std::uint32_t>(to.value()); }
@@ -74,8 +48,9 @@ public:
     void run(MoveList& list) {
         Move* const first = list.end();
         if (!m_checkers.more_than_one()) {
-            if (m_checkers.any())
+            if (m_checkers.any()) {
                 m_check_mask = bit_tables.between_inclusive(m_king, m_checkers.first_square());
+            }
             pawn_captures();
             men_captures();
         }
@@ -143,6 +118,7 @@ private:
     }
 
     void put_quiet(std::uint32_t base, Bitboard targets, Bitboard checks) {
+        if (m_out.full()) return;
         if ((targets & checks).empty()) {
             m_out.put_each(base, targets);
             return;
@@ -261,13 +237,13 @@ private:
                             bit_tables.king_moves(m_enemy_king);
         for (Bitboard men = m_board.diagonal_sliders(them); men.any();) {
             const Square from = men.pop_square();
-            if ((bit_tables.bishop_lines(from) & of_interest).any())
-                attacked |= m_magics.bishop_attacks(from, occupied);
+            if ((bit_tables.bishop_lines(from) & of_interest).empty()) continue;
+            attacked |= m_magics.bishop_attacks(from, occupied);
         }
         for (Bitboard men = m_board.straight_sliders(them); men.any();) {
             const Square from = men.pop_square();
-            if ((bit_tables.rook_lines(from) & of_interest).any())
-                attacked |= m_magics.rook_attacks(from, occupied);
+            if ((bit_tables.rook_lines(from) & of_interest).empty()) continue;
+            attacked |= m_magics.rook_attacks(from, occupied);
         }
         return attacked;
     }
@@ -288,7 +264,7 @@ private:
     }
 
     void put_movers(std::size_t begin, std::size_t end) {
-        for (std::size_t i = begin; i < end && !m_out.full(); ++i) {
+        for (std::size_t i = begin; i < end; ++i) {
             put_quiet(m_movers[i].base, Bitboard(m_movers[i].targets), Bitboard(m_movers[i].checks));
         }
     }
@@ -348,8 +324,8 @@ private:
             if ((bit_tables.between_inclusive(m_king, targets.king) & m_danger).any()) continue;
             // The rook itself may have shielded the king's new square.
             const Bitboard others = m_occupied & ~m_king.bit() & ~rook.bit();
-            if ((m_magics.rook_attacks(targets.king, others) & m_board.straight_sliders(them)).any())
-                continue;
+            const Bitboard unshielded = m_magics.rook_attacks(targets.king, others);
+            if ((unshielded & m_board.straight_sliders(them)).any()) continue;
 
             const Bitboard occupied = others | targets.king.bit() | targets.rook.bit();
             const Bitboard straight = (m_board.straight_sliders(us) & ~rook.bit()) | targets.rook.bit();

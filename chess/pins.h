@@ -6,7 +6,8 @@
 
 namespace velmora {
 
-// The body of find_pins(), for the caller that makes moves: compiled into it, the new record is written once.
+// Always compiled into the caller: only then is the record of a new ply put together in registers and written
+// once.
 
 /// Men that alone stand between a slider of `them` and the king of the other colour, whatever their colour.
 /// Sliders with nothing between are added to `checking`.
@@ -27,7 +28,8 @@ template <Side them>
     return lone;
 }
 
-[[gnu::always_inline]] inline void set_pins(const BoardPosition& board, PositionState& state) {
+/// Sets kings, pinned, discovering and checking_sliders from the board.
+[[gnu::always_inline]] inline void find_pins(const BoardPosition& board, PositionState& state) {
     const Square white_king = board.white_king().first_square();
     const Square black_king = board.black_king().first_square();
     Bitboard checking;

@@ -5,6 +5,7 @@
 #include "chess/chess960.h"
 #include "chess/move_generator.h"
 #include "chess/move_list.h"
+#include "chess/pins.h"
 
 namespace velmora {
 

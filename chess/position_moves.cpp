@@ -82,7 +82,7 @@ void ChessPosition::do_move_of(Move move) {
     next.ep_square = ep_square_after(m_board, move);
     next.last_move = move;
     m_board.do_move_of<us>(move);
-    set_pins(m_board, next);
+    find_pins(m_board, next);
     m_states.push_back(next);
     if (us == Side::black) ++m_fullmove;
     m_hash.do_move<us>(move, next);

@@ -1,11 +1,8 @@
 #include "chess/position_state.h"
 
 #include "chess/bit_tables.h"
-#include "chess/pins.h"
 
 namespace velmora {
-
-void find_pins(const BoardPosition& board, PositionState& state) { set_pins(board, state); }
 
 Bitboard checkers(const BoardPosition& board, const PositionState& state, Side side) {
     const Square king = state.kings[side];

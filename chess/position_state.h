@@ -13,7 +13,8 @@ namespace velmora {
 /// Rights that only Chess960 can have: rook files other than a and h.
 inline constexpr std::uint16_t chess960_rights = 0x7E7E;
 
-/// What a position knows beside the placement of the men; one record a ply.
+/// What a position knows beside the placement of the men; one record a ply. find_pins() in chess/pins.h fills
+/// in the boards and the kings.
 struct PositionState {
     /// Men of either colour that alone stand between their own king and an enemy slider.
     Bitboard pinned;
@@ -35,9 +36,6 @@ struct PositionState {
     Square white_king() const { return kings.white; }
     Square black_king() const { return kings.black; }
 };
-
-/// Sets kings, pinned, discovering and checking_sliders from the board.
-void find_pins(const BoardPosition& board, PositionState& state);
 
 /// The men that attack the king of `side`; none without a king. REQUIRES: the state belongs to the board.
 Bitboard checkers(const BoardPosition& board, const PositionState& state, Side side);
