@@ -162,4 +162,14 @@ std::string displayable(std::string_view text) {
     return replaced(valid_utf8(text), std::string_view("\0", 1), '?');
 }
 
+std::string_view utf8_prefix(std::string_view text, std::size_t limit) {
+    if (text.size() <= limit) return text;
+    const auto continues = [text](std::size_t at) {
+        return (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80;
+    };
+    auto end = limit;
+    while (end > 0 && end + 3 > limit && continues(end)) --end;
+    return text.substr(0, end);
+}
+
 }  // namespace velmora::text

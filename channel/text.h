@@ -82,6 +82,9 @@ std::string log_stamp(std::uint64_t milliseconds);
 /// number of continuation bytes, two to four bytes in all.
 std::string valid_utf8(std::string_view text);
 
+/// The first `limit` bytes, up to three fewer where the cut would fall into a character.
+std::string_view utf8_prefix(std::string_view text, std::size_t limit);
+
 /// valid_utf8() with a "?" for each zero byte too, which no widget takes. As many bytes as before.
 std::string displayable(std::string_view text);
 

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "channel/text.h"
+
 namespace velmora {
 
 namespace {
@@ -9,8 +11,6 @@ namespace {
 /// In bytes. Readers give a game up at a comment of more than 1024; the rest is for what the program itself
 /// appends, and for line ends.
 constexpr std::size_t user_comment_limit = 900;
-
-bool continues_character(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
 /// The index behind the annotation that begins at `at`, or the length of the comment.
 std::size_t end_of_annotation(std::string_view comment, std::size_t at) {
@@ -39,12 +39,7 @@ std::string without_annotations(std::string_view comment) {
 }
 
 std::string comment_from_user(std::string_view text) {
-    auto size = text.size();
-    if (size > user_comment_limit) {
-        size = user_comment_limit;
-        while (size > 0 && continues_character(text[size])) --size;
-    }
-    std::string comment(text.substr(0, size));
+    std::string comment(text::utf8_prefix(text, user_comment_limit));
     for (std::size_t i = 0; i < comment.size(); ++i) {
         if (comment[i] == '{') comment[i] = '(';
         if (comment[i] == '}') comment[i] = ')';

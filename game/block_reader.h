@@ -33,8 +33,8 @@ public:
         return {m_block.get() + m_begin, m_end - m_begin};
     }
 
-    /// Reads on behind the window, which keeps its unread bytes. False when nothing came: the end of the
-    /// file, or the window is as large as a block.
+    /// Reads on behind the window, whose unread bytes stay but may move. False when nothing came: the end of
+    /// the file, or the window is as large as a block.
     bool extend();
 
     /// REQUIRES: count <= window().size().

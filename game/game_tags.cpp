@@ -11,16 +11,6 @@ namespace {
 
 constexpr std::size_t strict_value_limit = 100;
 
-bool continues_sequence(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
-
-/// The first `limit` bytes, fewer where the cut would fall into a character.
-std::string_view cut_between_characters(std::string_view text, std::size_t limit) {
-    if (text.size() <= limit) return text;
-    auto end = limit;
-    while (end + 3 > limit && end > 0 && continues_sequence(text[end])) --end;
-    return text.substr(0, end);
-}
-
 }  // namespace
 
 GameTags::GameTags(std::string_view header) {
@@ -29,7 +19,7 @@ GameTags::GameTags(std::string_view header) {
         const auto name = header.substr(open + 1, name_end - open - 1);
         const auto begin = std::min(header.find_first_not_of(" \"", name_end), header.size());
         const auto end = std::min(header.find('"', begin), header.size());
-        const auto value = cut_between_characters(header.substr(begin, end - begin), strict_value_limit);
+        const auto value = text::utf8_prefix(header.substr(begin, end - begin), strict_value_limit);
         if (text::valid_utf8(value) != value) {
             throw std::logic_error("Game::parse_pgn() tag value: utf-8 error");
         }
@@ -122,6 +112,7 @@ std::string tag_safe(std::string_view text) {
         if (c == '"') c = '\'';
         if (static_cast<unsigned char>(c) < ' ' || c == '\x7f') c = ' ';
     }
+    if (safe.ends_with('\\')) safe.back() = '/';  // it would escape the closing quote
     return safe;
 }
 

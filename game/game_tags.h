@@ -61,7 +61,8 @@ private:
 };
 
 /// A name or event as it may go into a tag: a double quote, which would end the value, becomes an apostrophe,
-/// control characters become blanks. For texts of users and engines; values of a file stay as they were read.
+/// a control character a blank, a backslash at the end a slash. For texts of users and engines; values of a
+/// file stay as they were read.
 std::string tag_safe(std::string_view text);
 
 }  // namespace velmora

@@ -133,8 +133,9 @@ std::optional<std::string_view> TagScanner::find_event_line() {
 std::optional<std::string_view> TagScanner::read_line() {
     auto window = m_reader.window();
     auto end = window.find('\n');
-    while (end == std::string_view::npos && m_reader.extend()) {
+    for (bool more = true; more && end == std::string_view::npos;) {
         const auto searched = window.size();
+        more = m_reader.extend();
         window = m_reader.window();
         end = window.find('\n', searched);
     }

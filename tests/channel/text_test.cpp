@@ -61,5 +61,13 @@ TEST(Text, BadBytesBecomeQuestionMarks) {
     EXPECT_EQ(displayable(std::string_view("a\0\xE9", 3)), "a??");
 }
 
+TEST(Text, PrefixesEndBetweenCharacters) {
+    EXPECT_EQ(utf8_prefix("abc", 3), "abc");
+    EXPECT_EQ(utf8_prefix("abc", 2), "ab");
+    EXPECT_EQ(utf8_prefix("a\xF0\x9F\x99\x82", 4), "a");
+    EXPECT_EQ(utf8_prefix("a\xC3\xA9z", 3), "a\xC3\xA9");
+    EXPECT_EQ(utf8_prefix("\x80\x80\x80\x80\x80\x80", 5), "\x80\x80") << "no character is longer";
+}
+
 }  // namespace
 }  // namespace velmora::text

@@ -76,7 +76,9 @@ TEST(GameTags, ReadAHeaderStrictly) {
     }
 }
 
-TEST(GameTags, MakesNamesSafe) { EXPECT_EQ(tag_safe("A \"b\"\n\tc\x7f\xC3\xA9"), "A 'b'  c \xC3\xA9"); }
+TEST(GameTags, MakesNamesSafe) {
+    EXPECT_EQ(tag_safe("A \"b\"\n\tc\x7f\\d\xC3\xA9\\"), "A 'b'  c \\d\xC3\xA9/");
+}
 
 }  // namespace
 }  // namespace velmora

@@ -70,6 +70,9 @@ TEST(TagScanner, ListsHeaders) {
          "[Event \"a\"]\n\n1. e4 {[%x] Event}\n e5\n*\n[Event \"b\"]\n",
          {"Event=a;", "Event=b;"}},
         {"a header behind a result", "[Event \"a\"]\n\n1-0 [Event \"b\"]\n", {"Event=a;"}},
+        {"the last line without its end",
+         "x\n[Event \"longer than what is ahead\"]",
+         {"Event=longer than what is ahead;"}},
         {"no empty line between", "[Event \"a\"]\n1-0\n[Event \"b\"]\n1-0", {"Event=a;", "Event=b;"}},
     };
     const ScratchDirectory files;
