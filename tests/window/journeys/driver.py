@@ -10,14 +10,12 @@ import subprocess
 import tempfile
 import time
 import unittest
-import warnings
 
 import gi
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-warnings.simplefilter("ignore", DeprecationWarning)
 Atspi.set_timeout(2000, 5000)
 
 SOURCE = os.environ["VELMORA_SOURCE_DIR"]
