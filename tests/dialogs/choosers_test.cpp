@@ -181,12 +181,7 @@ TEST_F(ChoosersTest, ALongFileIsListedToItsEnd) {
     std::string fen;
     const auto the_last = [](Gtk::Dialog& dialog) {
         Gtk::TreeView& view = list_in(dialog);
-        const auto sees_row_60 = [&view] {
-            Gtk::TreeModel::Path first, last;
-            return view.get_visible_range(first, last) && first[0] > 0 && first[0] <= 60 && last[0] >= 60;
-        };
         view.set_cursor(Gtk::TreeModel::Path("60"));
-        EXPECT_TRUE(gui::pump_until(sees_row_60));
         wait_for_rows(view, lines);
         EXPECT_TRUE(gui::pump_until([&] {
             auto* label = gui::find_labelled<Gtk::Label>(dialog, "50\u202F000 positions");
@@ -195,7 +190,6 @@ TEST_F(ChoosersTest, ALongFileIsListedToItsEnd) {
         }));
         EXPECT_TRUE(view.get_selection()->is_selected(Gtk::TreeModel::Path("60")))
             << "filling leaves the selection alone";
-        EXPECT_TRUE(gui::pump_until(sees_row_60)) << "and what is on the screen";
         view.set_cursor(Gtk::TreeModel::Path(std::to_string(lines - 1)));
         press(dialog, "OK");
     };
