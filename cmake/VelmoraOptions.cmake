@@ -25,6 +25,8 @@ if(VELMORA_WERROR)
 endif()
 
 if(VELMORA_SANITIZE)
+    # With a sanitizer the compiler suspects the standard library's own <regex> of reading uninitialised members.
+    add_compile_options(-Wno-maybe-uninitialized)
     add_compile_options(-fsanitize=${VELMORA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${VELMORA_SANITIZE})
 endif()
