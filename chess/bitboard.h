@@ -98,6 +98,7 @@ public:
     friend constexpr Bitboard operator^(Bitboard a, Bitboard b) { return a ^= b; }
     friend constexpr Bitboard operator<<(Bitboard a, std::int32_t count) { return a <<= count; }
     friend constexpr Bitboard operator>>(Bitboard a, std::int32_t count) { return a >>= count; }
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check misreads a defaulted comparison
     friend constexpr auto operator<=>(Bitboard, Bitboard) = default;
 
 private:

@@ -27,8 +27,10 @@ std::size_t empty_file(const Chess960Rank& rank, std::uint32_t n) {
 
 Chess960Rank chess960_rank(std::uint32_t number) {
     Chess960Rank rank{};
-    rank[number / 240 * 2] = PieceKind::bishop;
-    rank[number % 240 / 60 * 2 + 1] = PieceKind::bishop;
+    const std::size_t dark_bishop = number / 240;  // both counted among the squares of their colour
+    const std::size_t light_bishop = number % 240 / 60;
+    rank[2 * dark_bishop] = PieceKind::bishop;
+    rank[2 * light_bishop + 1] = PieceKind::bishop;
     rank[empty_file(rank, number % 60 / 10)] = PieceKind::queen;
     const KnightPair pair = knight_pairs[number % 10];
     const std::size_t first = empty_file(rank, pair.first);

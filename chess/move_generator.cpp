@@ -360,7 +360,7 @@ private:
     std::size_t m_queens = 0;
     std::size_t m_movers_end = 0;
     // Of four kinds, each of which may stand anywhere: an illegal move can leave two men on one square.
-    std::array<Mover, 4 * 64> m_movers;
+    std::array<Mover, std::size_t{4} * 64> m_movers;
 };
 
 /// When the side to move could take the enemy king, which only a set-up board allows, every move leaves or

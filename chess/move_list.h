@@ -22,7 +22,8 @@ class MoveList {
 public:
     static constexpr std::size_t capacity = 256;
 
-    MoveList() {}  // not defaulted: `MoveList()` would clear the room
+    // NOLINTNEXTLINE(modernize-use-equals-default): defaulted, `MoveList()` would clear the room
+    MoveList() {}
     MoveList(const MoveList& other);
     MoveList& operator=(const MoveList& other);
     ~MoveList() = default;

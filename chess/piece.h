@@ -76,6 +76,7 @@ public:
     constexpr void set_black_queen() { m_code = 13; }
     constexpr void set_black_king() { m_code = 14; }
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check misreads a defaulted comparison
     friend constexpr auto operator<=>(Piece, Piece) = default;
 
 private:

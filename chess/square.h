@@ -69,6 +69,7 @@ public:
     friend constexpr Square operator+(Square square, std::int32_t steps) { return square += steps; }
     friend constexpr Square operator-(Square square, std::int32_t steps) { return square -= steps; }
     friend constexpr std::int32_t operator-(Square a, Square b) { return a.m_square - b.m_square; }
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check misreads a defaulted comparison
     friend constexpr auto operator<=>(Square, Square) = default;
 
 private:
