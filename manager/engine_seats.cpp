@@ -41,6 +41,7 @@ void EngineSeats::load_engine(Seat seat, const std::string& path, Protocol proto
     }
     at(seat).engine = std::move(guest);
     at(seat).path = path;
+    publish();  // whoever reads the name finds an engine
     m_state.send("engine" + number_of(seat) + "name " + engine(seat)->engine_name());
     welcome(seat);
     engine(seat)->set_level(m_state.level);

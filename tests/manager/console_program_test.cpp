@@ -1,5 +1,4 @@
 #include <cstdlib>
-#include <regex>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -79,8 +78,7 @@ TEST(ConsoleProgram, ALongMatchLeavesNothingBehind) {
     std::string expected;
     for (int number = 1; number <= games; ++number) expected += QuickGames::result(number) + ' ';
     while (const auto line = console.next_line()) {
-        if (std::regex_match(*line, std::regex("(1-0|0-1|1/2-1/2) .*")))
-            results += line->substr(0, line->find(' ')) + ' ';
+        if (test::is_result(*line)) results += line->substr(0, line->find(' ')) + ' ';
         // The engines of the game are loaded, those of the game before are reaped within moments.
         for (const auto& [round, sample] : {std::pair(10, &early), std::pair(games, &late)}) {
             if (*line != "round " + std::to_string(round)) continue;

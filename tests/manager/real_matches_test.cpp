@@ -41,10 +41,6 @@ const std::string epd_book =
     "rnbqkb1r/ppp1pppp/5n2/3p4/3P1B2/5N2/PPP1PPPP/RN1QKB1R b KQkq - id \"London\";\n"
     "r1bqkbnr/pp1ppppp/2n5/2p5/4P3/5N2/PPPP1PPP/RNBQKB1R w KQkq - id \"Sicilian\";\n";
 
-bool is_result(const std::string& line) {
-    return line.starts_with("1-0 ") || line.starts_with("0-1 ") || line.starts_with("1/2-1/2 ");
-}
-
 /// The games in the lines of a console, each move of which must be legal, as "1-0 0-1 ".
 std::string replayed(const Lines& lines) {
     std::string results;
@@ -57,7 +53,7 @@ std::string replayed(const Lines& lines) {
         if (word == "move") {
             EXPECT_TRUE(play_if_legal(position, parse_move(position, reader.word()))) << line;
         }
-        if (is_result(line)) {
+        if (test::is_result(line)) {
             if (line.find("mate") != std::string::npos) {
                 EXPECT_EQ(result(position), line);
             }
@@ -99,7 +95,7 @@ TEST_P(RealMatches, ArePlayedToTheirEnd) {
         int games = 0;
         for (int moves = 0; games < 1 || moves < 10;) {  // into the middle of the second game
             lines.push_back(console.next_line().value());
-            if (is_result(lines.back())) ++games;
+            if (test::is_result(lines.back())) ++games;
             if (games == 1 && lines.back().starts_with("move ")) ++moves;
         }
         results = replayed(lines);
