@@ -17,8 +17,9 @@ std::string number_of(Seat seat) { return std::to_string(static_cast<int>(seat))
 
 }  // namespace
 
-EngineSeats::EngineSeats(RefereeState& state, CommandSink& line_sink)
-    : m_state(state), m_line_sink(line_sink), m_rng(instance_id_seed) {}
+EngineSeats::EngineSeats(RefereeState& state, CommandSink& line_sink,
+                         std::chrono::milliseconds probe_interval)
+    : m_state(state), m_line_sink(line_sink), m_probe_interval(probe_interval), m_rng(instance_id_seed) {}
 
 EngineSeats::~EngineSeats() { unload_all(); }
 
@@ -33,7 +34,7 @@ bool EngineSeats::is_current(Seat seat, std::uint64_t instance_id) const {
 
 void EngineSeats::load_engine(Seat seat, const std::string& path, Protocol protocol) {
     unload(seat);
-    auto guest = std::make_unique<GuiEngine>();
+    auto guest = std::make_unique<GuiEngine>(m_probe_interval);
     guest->load_engine(&m_line_sink, static_cast<std::uint32_t>(seat), path, protocol);
     if (!guest->is_alive()) {
         report_failed_load(seat, path);

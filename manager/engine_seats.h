@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <random>
@@ -29,7 +30,7 @@ struct EngineSeat {
 class EngineSeats {
 public:
     /// `line_sink` receives what the engines say, on their reader threads.
-    EngineSeats(RefereeState& state, CommandSink& line_sink);
+    EngineSeats(RefereeState& state, CommandSink& line_sink, std::chrono::milliseconds probe_interval);
     ~EngineSeats();
 
     EngineSeats(const EngineSeats&) = delete;  // the engines' threads hold the sink; each seat has one owner
@@ -89,6 +90,7 @@ private:
 
     RefereeState& m_state;
     CommandSink& m_line_sink;
+    const std::chrono::milliseconds m_probe_interval;
     std::array<EngineSeat, 2> m_seats;
     std::mt19937_64 m_rng;  // fixed seed: the ids differ within a session, which is all that is needed
     bool m_ponder = false;

@@ -95,6 +95,7 @@ void InterfaceCommands::load(text::WordReader& arguments) {
     if (source == "name") m_seats.load_installed_engine(Seat::first, what);
     m_seats.new_game_for_all();
     m_state.position.new_game();
+    m_state.pending = Move();  // of a game that is no more
 }
 
 void InterfaceCommands::load_tournament(text::WordReader& arguments) {

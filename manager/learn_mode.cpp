@@ -1,8 +1,8 @@
 #include "manager/learn_mode.h"
 
 #include <algorithm>
+#include <exception>
 #include <iostream>
-#include <stdexcept>
 #include <utility>
 
 #include "channel/text.h"
@@ -31,7 +31,7 @@ void LearnMode::learn_openings(int hint_mask) {
     }
     try {
         m_book.open();
-    } catch (const std::logic_error& error) {
+    } catch (const std::exception& error) {
         m_state.send("reset mode");
         report_no_book(error.what());
         return;
@@ -47,7 +47,7 @@ void LearnMode::set_book(const std::string& path) {
     m_book.close();
     try {
         m_book.open();
-    } catch (const std::logic_error& error) {
+    } catch (const std::exception& error) {
         report_no_book(error.what());
     }
 }

@@ -1,6 +1,5 @@
 #include "manager/manager.h"
 
-#include <chrono>
 #include <exception>
 #include <iostream>
 #include <utility>
@@ -30,11 +29,11 @@ bool is_quit(const std::string& line) {
 
 }  // namespace
 
-Manager::Manager(CommandSink& window, std::string program_path)
+Manager::Manager(CommandSink& window, std::string program_path, std::chrono::milliseconds probe_interval)
     : m_program_path(std::move(program_path)),
       m_queue(is_engine_info),
       m_state(window),
-      m_seats(m_state, *this),
+      m_seats(m_state, *this, probe_interval),
       m_analyze(m_state, m_seats),
       m_play(m_state, m_seats),
       m_learn(m_state, m_seats),

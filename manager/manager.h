@@ -1,10 +1,12 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 
 #include "channel/command_sink.h"
 #include "channel/line_queue.h"
 #include "engine/engine_variables.h"
+#include "engine/protocol_engine.h"
 #include "manager/analyze_mode.h"
 #include "manager/engine_lines.h"
 #include "manager/engine_seats.h"
@@ -25,8 +27,10 @@ namespace velmora {
 /// the watch looks at the engines. Nothing runs on a timer, so a game is driven by what the engines say.
 class Manager : public CommandSink {
 public:
-    /// `window` must outlive the Manager; `program_path` is argv[0].
-    Manager(CommandSink& window, std::string program_path);
+    /// `window` must outlive the Manager; `program_path` is argv[0]; `probe_interval` is the sleep between
+    /// two looks for the answer of an engine that is being loaded.
+    Manager(CommandSink& window, std::string program_path,
+            std::chrono::milliseconds probe_interval = ProtocolEngine::default_interval);
     ~Manager() override;
 
     Manager(const Manager&) = delete;  // its address is known to the thread and to the engine drivers

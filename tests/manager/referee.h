@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <thread>
@@ -16,7 +17,7 @@ using Lines = std::vector<std::string>;
 /// A Manager on its thread with a recording window, in a working directory of its own; ends with the test.
 class Referee {
 public:
-    Referee() : m_manager(m_window, "velmora"), m_thread(std::ref(m_manager)) {}
+    Referee() : m_manager(m_window, "velmora", std::chrono::milliseconds(2)), m_thread(std::ref(m_manager)) {}
 
     ~Referee() {
         m_window.hold_at({});
