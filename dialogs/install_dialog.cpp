@@ -1,6 +1,7 @@
 #include "dialogs/install_dialog.h"
 
 #include <exception>
+#include <utility>
 
 #include "channel/text.h"
 #include "dialogs/message_box.h"
@@ -24,9 +25,8 @@ std::string entered_line(const Gtk::Entry& entry) {
 
 }  // namespace
 
-InstallDialog::InstallDialog(Gtk::Window& parent, const EngineVariables& engine,
-                             const InstalledEngines& installed)
-    : ModalDialog("Install engine", parent), m_engine(engine), m_installed(installed) {
+InstallDialog::InstallDialog(Gtk::Window& parent, EngineVariables engine, InstalledEngines installed)
+    : ModalDialog("Install engine", parent), m_engine(std::move(engine)), m_installed(std::move(installed)) {
     m_installed.read_engines_cfg();
     const auto known = m_installed.engines().find(m_engine.name);
     const EngineVariables& rated = known == m_installed.engines().end() ? m_engine : known->second;

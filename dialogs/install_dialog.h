@@ -17,8 +17,8 @@ namespace velmora {
 class InstallDialog : public ModalDialog {
 public:
     /// Reads the list, from which an engine of that name takes its Elo and handicap.
-    InstallDialog(Gtk::Window& parent, const EngineVariables& engine,
-                  const InstalledEngines& installed = InstalledEngines());
+    InstallDialog(Gtk::Window& parent, EngineVariables engine,
+                  InstalledEngines installed = InstalledEngines());
 
     /// Runs the dialog. With "OK" the engine is stored, replacing one of that name, and the list is written;
     /// an empty name installs nothing. A list that can't be written is told to the user.

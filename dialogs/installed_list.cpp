@@ -1,6 +1,7 @@
 #include "dialogs/installed_list.h"
 
 #include <exception>
+#include <utility>
 
 #include "dialogs/message_box.h"
 #include "dialogs/shown_text.h"
@@ -12,9 +13,9 @@ enum Answer { uninstall_answer = 0, cancel_answer = 1, load_answer = 2 };
 
 }  // namespace
 
-InstalledList::InstalledList(Gtk::Window& parent, const InstalledEngines& installed)
+InstalledList::InstalledList(Gtk::Window& parent, InstalledEngines installed)
     : ModalDialog("Choose Engine", parent),
-      m_installed(installed),
+      m_installed(std::move(installed)),
       m_list(m_columns, {{m_columns.name, "Engine", 24, true}}) {
     m_installed.read_engines_cfg();
     for (const auto& [name, engine] : m_installed.engines()) {

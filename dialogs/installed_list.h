@@ -21,7 +21,7 @@ public:
     };
 
     /// Reads the list of installed engines.
-    explicit InstalledList(Gtk::Window& parent, const InstalledEngines& installed = InstalledEngines());
+    explicit InstalledList(Gtk::Window& parent, InstalledEngines installed = InstalledEngines());
 
     /// Runs the dialog: "LOAD" gives the selected engine. "UNINSTALL" removes it from the list and gives
     /// nothing; a list that can't be written is told to the user.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <string_view>
+#include <utility>
 
 #include <gtkmm/cellrenderertext.h>
 #include <gtkmm/treeviewcolumn.h>
@@ -19,9 +20,9 @@ bool contains(std::string_view text, std::string_view key) {
 
 }  // namespace
 
-NumberedList::NumberedList(const NumberedColumns& columns, const std::vector<TextColumn>& texts)
+NumberedList::NumberedList(const NumberedColumns& columns, std::vector<TextColumn> texts)
     : m_number(columns.id),
-      m_texts(texts),
+      m_texts(std::move(texts)),
       m_store(Gtk::ListStore::create(columns)),
       m_first_rows(Gtk::ListStore::create(columns)),
       m_view(m_store) {
@@ -87,11 +88,14 @@ void NumberedList::start_bulk() {
         copy[m_number] = row.get_value(m_number);
         for (const auto& text : m_texts) copy[text.column] = row.get_value(text.column);
     }
+    m_in_bulk = true;
     show_store(m_first_rows);
 }
 
 void NumberedList::finish_bulk() {
-    if (m_view.get_model() == m_first_rows) show_store(m_store);
+    if (!m_in_bulk) return;
+    m_in_bulk = false;
+    show_store(m_store);
 }
 
 void NumberedList::show_store(const Glib::RefPtr<Gtk::ListStore>& store) {

@@ -37,7 +37,7 @@ public:
     };
 
     /// `texts` are the columns behind the number, in the order in which they were added to `columns`.
-    NumberedList(const NumberedColumns& columns, const std::vector<TextColumn>& texts);
+    NumberedList(const NumberedColumns& columns, std::vector<TextColumn> texts);
 
     /// Adds a row with the next number.
     void append(const Cells& cells);
@@ -68,9 +68,10 @@ private:
     const Gtk::TreeModelColumn<int> m_number;
     const std::vector<TextColumn> m_texts;
     const Glib::RefPtr<Gtk::ListStore> m_store;
-    const Glib::RefPtr<Gtk::ListStore> m_first_rows;  // on show in place of m_store during a bulk
+    const Glib::RefPtr<Gtk::ListStore> m_first_rows;  // on show during a bulk, in place of m_store
     Gtk::TreeView m_view;
     std::size_t m_size = 0;
+    bool m_in_bulk = false;
     sigc::signal<void> m_answered;
 };
 

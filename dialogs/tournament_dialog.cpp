@@ -1,5 +1,7 @@
 #include "dialogs/tournament_dialog.h"
 
+#include <algorithm>
+#include <iterator>
 #include <stdexcept>
 
 #include <gtkmm/filefilter.h>
@@ -11,15 +13,11 @@
 namespace velmora {
 namespace {
 
-std::vector<std::string> names_of(const InstalledEngines::Map& installed) {
+/// The names of a range, as `name` finds them in its elements.
+template <class Range, class Name>
+std::vector<std::string> names_of(const Range& range, Name name) {
     std::vector<std::string> names;
-    for (const auto& [name, engine] : installed) names.push_back(name);
-    return names;
-}
-
-std::vector<std::string> names_of(const std::vector<TournamentParticipant>& participants) {
-    std::vector<std::string> names;
-    for (const auto& participant : participants) names.push_back(participant.name);
+    std::transform(range.begin(), range.end(), std::back_inserter(names), name);
     return names;
 }
 
@@ -29,7 +27,9 @@ TournamentDialog::TournamentDialog(Gtk::Window& parent, const Tournament& tourna
                                    const InstalledEngines::Map& installed)
     : ModalDialog("Tournament", parent),
       m_installed(installed),
-      m_participants(names_of(installed), names_of(tournament.participants_list())),
+      m_participants(
+          names_of(installed, [](const auto& entry) { return entry.first; }),
+          names_of(tournament.participants_list(), [](const auto& participant) { return participant.name; })),
       m_time_control(tournament.level()) {
     set_default_size(600, 440);
     add_event_page(tournament);

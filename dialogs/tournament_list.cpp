@@ -1,15 +1,17 @@
 #include "dialogs/tournament_list.h"
 
+#include <utility>
+
 #include "dialogs/modal_dialog.h"
 #include "dialogs/shown_text.h"
 
 namespace velmora {
 
-TournamentList::TournamentList(const std::vector<std::string>& names)
-    : TournamentList(names, ModelColumns()) {}
+TournamentList::TournamentList(std::vector<std::string> names)
+    : TournamentList(std::move(names), ModelColumns()) {}
 
-TournamentList::TournamentList(const std::vector<std::string>& names, const ModelColumns& columns)
-    : m_names(names), m_list(columns, {{columns.name, "Tournament", 30, true}}) {
+TournamentList::TournamentList(std::vector<std::string> names, const ModelColumns& columns)
+    : m_names(std::move(names)), m_list(columns, {{columns.name, "Tournament", 30, true}}) {
     for (const auto& name : m_names) m_list.append({shown_bytes(name, longest_cell)});
     pack_start(m_list, Gtk::PACK_EXPAND_WIDGET);
 }

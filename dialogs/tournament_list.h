@@ -18,7 +18,7 @@ public:
         Gtk::TreeModelColumn<Glib::ustring> name;
     };
 
-    explicit TournamentList(const std::vector<std::string>& names);
+    explicit TournamentList(std::vector<std::string> names);
 
     /// The name in the selected row, empty when none is.
     std::string selected();
@@ -28,7 +28,7 @@ public:
     sigc::signal<void>& signal_answered() { return m_list.signal_answered(); }
 
 private:
-    explicit TournamentList(const std::vector<std::string>& names, const ModelColumns& columns);
+    TournamentList(std::vector<std::string> names, const ModelColumns& columns);
 
     const std::vector<std::string> m_names;  // in row order, as they stand on disk
     NumberedList m_list;
