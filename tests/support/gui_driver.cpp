@@ -9,6 +9,9 @@
 #include <gdk/gdkkeysyms.h>
 #include <gdkmm/general.h>
 #include <gtkmm/main.h>
+#include <gtkmm/menu.h>
+#include <gtkmm/separatormenuitem.h>
+#include <gtkmm/tearoffmenuitem.h>
 
 namespace velmora::gui {
 
@@ -180,6 +183,20 @@ std::vector<Gtk::Widget*> descendants(Gtk::Widget& root) {
         found.insert(found.end(), below.begin(), below.end());
     }
     return found;
+}
+
+std::vector<MenuEntry> menu_entries(Gtk::MenuShell& bar) {
+    std::vector<MenuEntry> entries;
+    for (Gtk::Widget* head : bar.get_children()) {
+        auto& menu = dynamic_cast<Gtk::MenuItem&>(*head);
+        for (Gtk::Widget* widget : menu.get_submenu()->get_children()) {
+            auto* item = dynamic_cast<Gtk::MenuItem*>(widget);
+            if (!item || !item->get_visible() || dynamic_cast<Gtk::TearoffMenuItem*>(item)) continue;
+            const bool separates = dynamic_cast<Gtk::SeparatorMenuItem*>(item) != nullptr;
+            entries.push_back({menu.get_label(), separates ? "" : item->get_label(), item});
+        }
+    }
+    return entries;
 }
 
 int distance(const Pixel& left, const Pixel& right) {

@@ -9,6 +9,8 @@
 
 #include <glibmm/main.h>
 #include <gtkmm/container.h>
+#include <gtkmm/menuitem.h>
+#include <gtkmm/menushell.h>
 #include <gtkmm/widget.h>
 #include <gtkmm/window.h>
 
@@ -127,6 +129,16 @@ private:
     sigc::connection m_connection;
     bool m_given = false;
 };
+
+/// One line of the menus below a menu bar; a separator has no label.
+struct MenuEntry {
+    std::string menu;   ///< the label of the menu, with its mnemonic
+    std::string label;  ///< of the item
+    Gtk::MenuItem* item = nullptr;
+};
+
+/// All visible entries of a menu bar's menus, in the order of the screen.
+std::vector<MenuEntry> menu_entries(Gtk::MenuShell& bar);
 
 /// A colour of 8 bits a channel, not multiplied by its alpha.
 struct Pixel {

@@ -1,0 +1,431 @@
+// Every word that the window shows, as it stands on the screen: the menus, what opens from them, and the
+// messages.
+
+#include <algorithm>
+#include <filesystem>
+
+#include <glibmm/miscutils.h>
+#include <gtkmm/aboutdialog.h>
+#include <gtkmm/comboboxtext.h>
+#include <gtkmm/entry.h>
+#include <gtkmm/filechooserdialog.h>
+#include <gtkmm/grid.h>
+#include <gtkmm/label.h>
+#include <gtkmm/messagedialog.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/manager/workplace.h"
+#include "tests/support/gui_driver.h"
+#include "window/interface.h"
+
+namespace velmora {
+namespace {
+
+using testing::ElementsAreArray;
+using Texts = std::vector<std::string>;
+
+/// The children of a container in the order in which they are read.
+std::vector<Gtk::Widget*> children(Gtk::Container& container) {
+    std::vector<Gtk::Widget*> found;
+    const auto collect = [](GtkWidget* child, gpointer list) {
+        static_cast<std::vector<Gtk::Widget*>*>(list)->push_back(Glib::wrap(child));
+    };
+    gtk_container_forall(container.gobj(), collect, &found);
+    if (auto* const grid = dynamic_cast<Gtk::Grid*>(&container)) {
+        std::ranges::sort(found, {}, [grid](Gtk::Widget* child) {
+            return std::pair(grid->child_property_top_attach(*child).get_value(),
+                             grid->child_property_left_attach(*child).get_value());
+        });
+    }
+    return found;
+}
+
+/// What stands in a window: labels (those of buttons, tabs and columns, too), entries in angle brackets, the
+/// choices of a combo box.
+void add_texts(Gtk::Widget& widget, Texts& found) {
+    if (!widget.get_visible()) return;
+    if (const auto* const label = dynamic_cast<Gtk::Label*>(&widget)) {
+        if (!label->get_text().empty()) found.push_back(label->get_text());
+    } else if (const auto* const entry = dynamic_cast<Gtk::Entry*>(&widget)) {
+        found.push_back("<" + entry->get_text() + ">");
+    } else if (auto* const combo = dynamic_cast<Gtk::ComboBoxText*>(&widget)) {
+        for (const auto& row : combo->get_model()->children()) {
+            Glib::ustring choice;
+            row.get_value(combo->get_entry_text_column(), choice);
+            found.push_back(choice);
+        }
+    } else if (auto* const container = dynamic_cast<Gtk::Container*>(&widget)) {
+        for (Gtk::Widget* const child : children(*container)) add_texts(*child, found);
+    }
+}
+
+Texts texts(Gtk::Widget& root) {
+    Texts found;
+    add_texts(root, found);
+    return found;
+}
+
+/// The window with its referee in a directory of its own, and a person who opens and leaves dialogs.
+class WordsTest : public testing::Test {
+protected:
+    WordsTest() {
+        std::filesystem::create_directory_symlink(Glib::getenv("VELMORA_SOURCE_DIR") + "/velmora.files",
+                                                  "velmora.files");
+        m_window = std::make_unique<Interface>("velmora", 480);
+        gui::pump_until([&] {
+            m_window->show();
+            return m_window->get_mapped();
+        });
+    }
+
+    void load_engine() {
+        m_window->send_to_manager(
+            "load 1 filename " +
+            m_place.add_engine("alpha",
+                               "name Alpha\noption name Hash type spin default 16 min 1 max 64\n"
+                               "option name Own Book type check default true\n"
+                               "option name Log type string default none\nplay uci"));
+        ASSERT_TRUE(
+            gui::pump_until([&] { return m_window->get_title() == "Alpha"; }, std::chrono::seconds(30)));
+    }
+
+    void activate(const std::string& menu, const std::string& label) {
+        for (const auto& entry : menus()) {
+            if (entry.menu == menu && entry.label == label) return entry.item->activate();
+        }
+        FAIL() << "no entry " << menu << " / " << label;
+    }
+
+    std::vector<gui::MenuEntry> menus() {
+        return gui::menu_entries(dynamic_cast<Gtk::MenuShell&>(*m_window->actions().menu_bar()));
+    }
+
+    /// The title and the texts of what a menu entry opens; it is left unanswered.
+    Texts opened_by(const std::string& menu, const std::string& label) {
+        Texts found;
+        gui::Answer<Gtk::Dialog> answer([&](Gtk::Dialog& dialog) {
+            found = texts(dialog);
+            found.insert(found.begin(), dialog.get_title());
+            dialog.response(Gtk::RESPONSE_DELETE_EVENT);
+            return true;
+        });
+        activate(menu, label);
+        EXPECT_TRUE(answer.given()) << menu << " / " << label;
+        return found;
+    }
+
+    /// The message that comes after `cause`: window title, headline, details, button.
+    template <class Cause>
+    Texts message_after(Cause cause) {
+        Texts found;
+        gui::Answer<Gtk::MessageDialog> answer([&](Gtk::MessageDialog& box) {
+            found = {box.get_title(), box.property_text().get_value(),
+                     box.property_secondary_text().get_value()};
+            const auto shown = texts(box);
+            found.push_back(shown.back());
+            box.response(Gtk::RESPONSE_OK);
+            return true;
+        });
+        cause();
+        EXPECT_TRUE(gui::pump_until([&] { return answer.given(); }, std::chrono::seconds(30)));
+        return found;
+    }
+
+    test::Workplace m_place;
+    std::unique_ptr<Interface> m_window;
+};
+
+TEST_F(WordsTest, TheMenus) {
+    std::string menu, shown;
+    for (const auto& entry : menus()) {
+        if (entry.menu != menu) shown += (shown.empty() ? "" : "\n") + entry.menu + "\n";
+        menu = entry.menu;
+        shown += "    " + (entry.label.empty() ? "----" : entry.label) + "\n";
+    }
+    EXPECT_EQ(shown, R"(_File
+    New game
+    ----
+    Load game
+    Save game
+    ----
+    Load position
+    Load next position
+    Load previous position
+    Save position
+    ----
+    Polyglot book
+    ----
+    Quit
+
+View
+    Flip View
+    Show Engine Output
+    Show PGN
+    Show Comment Editor
+    Show EPD Code
+    Show FEN
+
+Mode
+    Setup
+    Human - human
+    Human - computer
+    Analysis
+    Learn Opening
+    Tournament
+    ----
+    Start thinking
+
+Tournament
+    New / Edit
+    Load
+
+Engine
+    Load engine...
+    Install engine...
+    Load installed engine...
+
+Options
+    Time Control...
+    Engine...
+    Ponder
+    Debug
+
+Info
+    About...
+)");
+}
+
+TEST_F(WordsTest, TheWindows) {
+    EXPECT_EQ(m_window->get_title(), "Velmora (no engine loaded)");
+    activate("View", "Show FEN");
+    EXPECT_THAT(texts(*m_window), testing::IsSupersetOf({"White: ", "Black: ", "FEN ", "OK"}));
+    struct Row {
+        const char* label;
+        const char* title;
+        Texts texts;
+    };
+    const Row rows[] = {{"Show Engine Output", "Engines: output", {"Black", "White"}},
+                        {"Show PGN", "PGN", {}},
+                        {"Show Comment Editor", "Comment", {}},
+                        {"Show EPD Code", "EPD", {}}};
+    for (const Row& row : rows) {
+        activate("View", row.label);
+        Gtk::Window* shown = nullptr;
+        for (Gtk::Window* const window : Gtk::Window::list_toplevels()) {
+            if (window->get_title() == row.title && window->get_visible()) shown = window;
+        }
+        ASSERT_NE(shown, nullptr) << row.title;
+        EXPECT_THAT(texts(*shown), ElementsAreArray(row.texts));
+    }
+    load_engine();
+}
+
+TEST_F(WordsTest, TheFileChoosers) {
+    load_engine();
+    constexpr auto fen = "('FEN files', [(0, '*.fen'), (0, '*.epd')])";
+    constexpr auto pgn = "('PGN files', [(0, '*.pgn')])";
+    const struct {
+        const char* menu;
+        const char* label;
+        const char* first_filter;
+        bool saves;
+    } rows[] = {{"_File", "Load game", pgn, false},
+                {"_File", "Save game", pgn, true},
+                {"_File", "Load position", fen, false},
+                {"_File", "Save position", fen, true},
+                {"_File", "Polyglot book", "('Polyglot books', [(0, '*.bin')])", false},
+                {"Engine", "Load engine...", "('engine', [(1, 'application/octet-stream')", false}};
+    for (const auto& row : rows) {
+        gui::Answer<Gtk::FileChooserDialog> answer([&](Gtk::FileChooserDialog& chooser) {
+            EXPECT_EQ(chooser.get_title(), "Choose File");
+            EXPECT_EQ(chooser.get_action() == Gtk::FILE_CHOOSER_ACTION_SAVE, row.saves);
+            Texts filters;
+            for (const auto& filter : chooser.list_filters()) {
+                GVariant* const form = g_variant_ref_sink(gtk_file_filter_to_gvariant(filter->gobj()));
+                char* const text = g_variant_print(form, FALSE);
+                filters.push_back(text);
+                g_free(text);
+                g_variant_unref(form);
+            }
+            EXPECT_THAT(filters, testing::ElementsAre(testing::StartsWith(row.first_filter),
+                                                      "('Text files', [(1, 'text/plain')])",
+                                                      "('Any files', [(0, '*')])"));
+            chooser.response(Gtk::RESPONSE_CANCEL);
+            return true;
+        });
+        activate(row.menu, row.label);
+        EXPECT_TRUE(answer.given()) << row.label;
+    }
+}
+
+TEST_F(WordsTest, TheDialogs) {
+    load_engine();
+    const struct {
+        const char* menu;
+        const char* label;
+        Texts shown;
+    } rows[] = {
+        {"Mode",
+         "Learn Opening",
+         {"Learn Openings Hints", "hint white moves", "hint black moves", "CANCEL", "OK"}},
+        {"Options",
+         "Time Control...",
+         {"Time control",
+          "fixed depth",
+          "<>",
+          "fixed nodes",
+          "<>",
+          "fixed movetime (ms)",
+          "<>",
+          "sudden death",
+          " Base (mm:ss): ",
+          "<0:10>",
+          " Inc (sec): ",
+          "<0.1>",
+          "sessions",
+          " Moves: ",
+          "<40>",
+          " Base (mm:ss): ",
+          "<0:10>",
+          " Inc (sec): ",
+          "<0.1>",
+          "CANCEL",
+          "OK"}},
+        {"Options", "Engine...", {"Set Options", "Own Book", "Hash", "<16>", "Log", "<none>", "OK"}},
+        {"Engine",
+         "Install engine...",
+         {"Install engine", "name", "<Alpha>", "Elo: ", "<>", "handicap (%): ", "<>", "Hash:  16",
+          "Log:  none", "Own Book:  yes", "CANCEL", "OK"}},
+        {"Engine",
+         "Load installed engine...",
+         {"Choose Engine", "ID", "Engine", "UNINSTALL", "CANCEL", "LOAD"}},
+        {"Tournament",
+         "New / Edit",
+         {"Tournament",
+          "Event: ",
+          "<Velmora Battles>",
+          "Site:  ",
+          "<?>",
+          "Rounds: ",
+          "<0>",
+          "Type: ",
+          "match",
+          "gauntlet",
+          "roundrobin",
+          "Opening book: ",
+          "(None)",
+          "No book",
+          "openings in random order",
+          "both colors",
+          "ignore loss on time",
+          "Event",
+          "Installed engines",
+          "Engine",
+          "Participants",
+          "Engine",
+          "A click on an engine moves it to the other list.",
+          "Participants",
+          "fixed depth",
+          "<>",
+          "fixed nodes",
+          "<>",
+          "fixed movetime (ms)",
+          "<>",
+          "sudden death",
+          " Base (mm:ss): ",
+          "<0:10>",
+          " Inc (sec): ",
+          "<0.1>",
+          "sessions",
+          " Moves: ",
+          "<40>",
+          " Base (mm:ss): ",
+          "<0:10>",
+          " Inc (sec): ",
+          "<0.1>",
+          "TimeControl",
+          "CANCEL",
+          "OK"}},
+        {"Tournament", "Load", {"Load Tournament", "ID", "Tournament", "DELETE", "CANCEL", "LOAD"}},
+    };
+    for (const auto& row : rows)
+        EXPECT_THAT(opened_by(row.menu, row.label), ElementsAreArray(row.shown)) << row.label;
+
+    gui::Answer<Gtk::AboutDialog> about([](Gtk::AboutDialog& dialog) {
+        EXPECT_EQ(dialog.get_program_name(), "Velmora GUI");
+        EXPECT_EQ(dialog.get_version(), "1.14");
+        dialog.response(Gtk::RESPONSE_DELETE_EVENT);
+        return true;
+    });
+    activate("Info", "About...");
+    EXPECT_TRUE(about.given());
+}
+
+TEST_F(WordsTest, TheMessages) {
+    const auto tell = [this](const std::string& line) {
+        return [this, line] { m_window->send_to_manager(line); };
+    };
+    const auto choose = [this](const char* menu, const char* label) {
+        return [this, menu, label] { activate(menu, label); };
+    };
+    // The start position's key with 1.e4 alone, as one big-endian record.
+    m_place.write("book.bin", std::string("\x46\x3b\x96\x18\x16\x91\xfc\x9c\x03\x1c\0\x01\0\0\0\0", 16));
+    m_place.write("tournaments/Bad.trn",
+                  "event Bad\ntype match\nrounds 1\nparticipant nobody\nparticipant none\n"
+                  "game       1      1    1  -  2     *\n");
+    m_place.write("tournaments/Done.trn",
+                  "event Done\ntype match\nrounds 1\nparticipant nobody\nparticipant none\n"
+                  "game       1      1    1  -  2     1-0\n");
+    const struct {
+        std::function<void()> cause;
+        const char* headline;
+        std::string details;
+    } rows[] = {
+        {choose("Engine", "Install engine..."), "No engine to install",
+         "you should first load an engine\n before installialling an engine"},
+        {choose("Options", "Engine..."), "No engine found", "use menu 'Engine' to load an engine'"},
+        {tell("learnopenings 3"), "No Polyglot book found", " use menu 'File' to load a Polyglot book"},
+        {tell("start_tournament"), "No tournament loaded", ""},
+        {tell("load_tournament nothing"), "Tournament doesn't exist", ""},
+        {tell("load 1 filename /no/such/engine"), "/no/such/engine", " failed"},
+        {[&] {
+             tell("load_tournament Bad")();
+             tell("start_tournament")();
+         },
+         "Oops...", " loading nobody failed"},
+        {[&] {
+             tell("load_tournament Done")();
+             tell("start_tournament")();
+         },
+         "tournament finished", ""},
+        {[&] {
+             tell("polyglotbook " + m_place.path("book.bin"))();
+             tell("learnopenings 1")();
+             tell("setboard rnbqkbnr/pppppppp/8/8/3P4/8/PPP1PPPP/RNBQKBNR b KQkq - 0 1")();
+             tell("usermove e7e5")();
+         },
+         "Polyglotbook:", " no more moves"},
+        {[&] {
+             load_engine();
+             tell("setboard 7k/8/5KQ1/8/8/8/8/8 w - - 0 1")();
+             tell("playother")();
+             tell("usermove g6g7")();
+         },
+         "result:", " 1-0"},
+        {[&] {
+             m_place.kill_engine("alpha");
+             gui::pump_until([&] { return false; }, std::chrono::milliseconds(300));
+             tell("wake_up")();
+         },
+         "engine1", " crashed"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_THAT(message_after(row.cause),
+                    testing::ElementsAre("Message:", row.headline, row.details, "OK"));
+    }
+}
+
+}  // namespace
+}  // namespace velmora
