@@ -69,7 +69,7 @@ bool ChessBoard::explain(int x, int y, bool, const Glib::RefPtr<Gtk::Tooltip>& t
     int board_x = 0, board_y = 0;
     translate_coordinates(m_board, x, y, board_x, board_y);
     if (drawing().square_at(board_x, board_y)) return false;
-    tooltip->set_text("Drag a man, or click him and then the square he is to go to");
+    tooltip->set_text("Drag a man, or click him and then the square he is to go to, or type the move");
     return true;
 }
 

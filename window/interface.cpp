@@ -10,6 +10,8 @@
 #include <gtkmm/editable.h>
 #include <gtkmm/textview.h>
 
+#include "window/typed_move.h"
+
 namespace velmora {
 
 namespace {
@@ -29,6 +31,7 @@ Interface::Interface(std::string program_path, int board_size)
       m_box(Gtk::ORIENTATION_VERTICAL),
       m_clock_frame("", Gtk::ALIGN_START, Gtk::ALIGN_START, 15.0F, false),
       m_board(board_size),
+      m_move_entry(m_board),
       m_manager(*this, std::move(program_path)),
       m_link(m_manager),
       m_screen(m_desk, {*this, m_board, m_clocks, m_navigation_bar, m_fen_entry, m_analysis, m_pgn, m_comment,
@@ -112,6 +115,14 @@ void Interface::connect_views() {
         if (offset >= 0) m_navigation.to_text_offset(static_cast<std::size_t>(offset));
     });
     m_fen_entry.signal_fen_entered().connect([this](const std::string& fen) { m_files.enter_fen(fen); });
+    m_move_entry.signal_move_entered().connect([this](const std::string& text) {
+        const std::string complaint = m_user_moves.on_typed(text);
+        if (complaint.empty()) {
+            m_move_entry.hide();
+        } else {
+            m_move_entry.refuse(complaint);
+        }
+    });
     m_windows.on_closed([this](const char* action) { m_actions.set_active(action, false); });
     // What was typed is kept when the box loses the keyboard or its window is closed.
     m_comment.signal_applied().connect([this] {
@@ -130,25 +141,33 @@ bool Interface::on_key_press_event(GdkEventKey* event) {
     const Gtk::Widget* const focus = get_focus();
     const bool typing =
         dynamic_cast<const Gtk::Editable*>(focus) || dynamic_cast<const Gtk::TextView*>(focus);
-    if (!typing && (event->state & gtk_accelerator_get_default_mod_mask()) == 0) {
-        switch (event->keyval) {
-            case GDK_KEY_Left:
-                m_navigation.back();
-                return true;
-            case GDK_KEY_Right:
-                m_navigation.forward();
-                return true;
-            case GDK_KEY_Home:
-                m_navigation.to_start();
-                return true;
-            case GDK_KEY_End:
-                m_navigation.to_end();
-                return true;
-            default:
-                break;
-        }
+    const auto modifiers = event->state & gtk_accelerator_get_default_mod_mask();
+    const auto character = gdk_keyval_to_unicode(event->keyval);
+    if (!typing && modifiers == 0 && press_navigation_key(event->keyval)) return true;
+    if (!typing && (modifiers & ~unsigned(GDK_SHIFT_MASK)) == 0 && begins_move(character)) {
+        m_move_entry.begin(character);
+        return true;
     }
     return Gtk::Window::on_key_press_event(event);
+}
+
+bool Interface::press_navigation_key(unsigned key) {
+    switch (key) {
+        case GDK_KEY_Left:
+            m_navigation.back();
+            return true;
+        case GDK_KEY_Right:
+            m_navigation.forward();
+            return true;
+        case GDK_KEY_Home:
+            m_navigation.to_start();
+            return true;
+        case GDK_KEY_End:
+            m_navigation.to_end();
+            return true;
+        default:
+            return false;
+    }
 }
 
 void Interface::on_drag_data_received(const Glib::RefPtr<Gdk::DragContext>& context, int /*x*/, int /*y*/,

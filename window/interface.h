@@ -11,6 +11,7 @@
 #include "channel/line_queue.h"
 #include "dialogs/epd_commands_window.h"
 #include "dialogs/fen_entry.h"
+#include "dialogs/move_entry.h"
 #include "manager/manager.h"
 #include "views/analysis_window.h"
 #include "views/chess_board.h"
@@ -75,6 +76,7 @@ private:
     bool on_timeout();
     void lay_out();
     void connect_views();
+    bool press_navigation_key(unsigned key);
 
     // The lines from the referee: there before its thread starts, gone after it has ended.
     LineQueue m_queue;
@@ -85,6 +87,7 @@ private:
     Clocks m_clocks;
     NavigationBar m_navigation_bar;
     FenEntry m_fen_entry;
+    MoveEntry m_move_entry;
     AnalysisWindow m_analysis;
     PgnView m_pgn;
     CommentEditor m_comment;

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "chess/legal_moves.h"
+#include "window/typed_move.h"
 
 namespace velmora {
 
@@ -44,6 +45,17 @@ void UserMoves::on_board(int from, int to) {
     } else {
         play(from, to);
     }
+}
+
+std::string UserMoves::on_typed(const std::string& text) {
+    if (m_desk.setup) return "The board is being set up";
+    if (!may_move()) return "It is not your move";
+    const auto move = read_typed_move(m_desk.position, text);
+    if (!move) return "\"" + text + "\" is no legal move here";
+    m_desk.selected.reset();
+    make(*move);
+    m_screen.show_position();
+    return {};
 }
 
 void UserMoves::on_man_picked(std::optional<int> square) {
@@ -101,23 +113,25 @@ void UserMoves::play(int from, int to) {
             break;
         }
     }
-    if (chosen) {
-        if (!m_desk.clocks_held) m_screen.start_clock(opposite(m_desk.side_to_move()));
-        m_comments.store();
-        try {
-            m_desk.play(*chosen);
-        } catch (...) {
-            std::cerr << "make move failed\n";
-            throw;
-        }
-        m_manager.send("usermove " + chosen->to_string(false));
-        m_comments.show();
-        m_screen.show_game();
-        if (m_desk.clocks_held || m_screen.mode() == Mode::analyze_position) {
-            m_screen.mark_clock(m_desk.side_to_move());
-        }
-    }
+    if (chosen) make(*chosen);
     m_screen.show_position();
+}
+
+void UserMoves::make(const Move& move) {
+    if (!m_desk.clocks_held) m_screen.start_clock(opposite(m_desk.side_to_move()));
+    m_comments.store();
+    try {
+        m_desk.play(move);
+    } catch (...) {
+        std::cerr << "make move failed\n";
+        throw;
+    }
+    m_manager.send("usermove " + move.to_string(false));
+    m_comments.show();
+    m_screen.show_game();
+    if (m_desk.clocks_held || m_screen.mode() == Mode::analyze_position) {
+        m_screen.mark_clock(m_desk.side_to_move());
+    }
 }
 
 }  // namespace velmora

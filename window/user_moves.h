@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "engine/stopwatch.h"
 #include "window/comment_keeper.h"
 #include "window/game_desk.h"
@@ -22,12 +25,16 @@ public:
     /// The board reports a drag from `from` to `to`, or a click when both are the same square.
     void on_board(int from, int to);
 
+    /// A move has been typed. Gives what is wrong with it; empty when it has been played.
+    std::string on_typed(const std::string& text);
+
     /// A man has been picked up: its targets are shown until it is dropped.
     void on_man_picked(std::optional<int> square);
 
 private:
     void on_click(int square);
     void play(int from, int to);
+    void make(const Move& move);
     bool may_move() const;
     bool is_own_man(int square) const;
     int promotion_answer(int from, int to);

@@ -277,6 +277,49 @@ TEST_F(DeskTest, PromotionTakesTheChoosersAnswer) {
     EXPECT_THAT(referee.take(), IsEmpty()) << "a closed chooser makes no move";
 }
 
+TEST_F(DeskTest, TypedMovesAreReadInEachForm) {
+    const struct {
+        const char* fen;
+        const char* typed;
+        const char* sent;  // nothing when the move is refused
+    } rows[] = {
+        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "e2e4", "0 usermove e2e4"},
+        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", " Nf3 ", "0 usermove g1f3"},
+        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "nf3", "0 usermove g1f3"},
+        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "Ng1-f3", "0 usermove g1f3"},
+        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "zf3", nullptr},
+        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "e5", nullptr},
+        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "hello\n", nullptr},
+        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "", nullptr},
+        {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "O-O", "0 usermove e1g1"},
+        {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "0-0-0", "0 usermove e1c1"},
+        {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "o-o", "0 usermove e1g1"},
+        {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "e1g1", "0 usermove e1g1"},
+        {"4k3/8/8/3p4/2P1B3/8/8/4K3 b - - 0 1", "dxc4", "0 usermove d5c4"},
+        {"4k3/8/8/3p4/2B5/1P6/8/4K3 w - - 0 1", "bxd5", "0 usermove c4d5"},
+        {"7k/P7/8/8/8/8/8/4K3 w - - 0 1", "a8=N", "0 usermove a7a8n"},
+        {"7k/P7/8/8/8/8/8/4K3 w - - 0 1", "a7a8r", "0 usermove a7a8r"},
+        {"7k/P7/8/8/8/8/8/4K3 w - - 0 1", "a7a8", nullptr},
+        {"4k3/8/8/8/8/8/4q3/4K3 w - - 0 1", "Kf1", nullptr},
+    };
+    for (const auto& row : rows) {
+        desk.start_from(row.fen);
+        const std::string complaint = moves.on_typed(row.typed);
+        if (row.sent) {
+            EXPECT_EQ(complaint, "") << row.typed;
+            EXPECT_THAT(referee.take(), ElementsAre(row.sent));
+        } else {
+            EXPECT_EQ(complaint, "\"" + std::string(row.typed) + "\" is no legal move here");
+            EXPECT_THAT(referee.take(), IsEmpty());
+        }
+    }
+    desk.start_from("4k3/8/8/8/8/8/8/4K3 w - - 0 1");
+    desk.set_engine_plays(true, false);
+    EXPECT_EQ(moves.on_typed("Kd1"), "It is not your move");
+    desk.setup = true;
+    EXPECT_EQ(moves.on_typed("Kd1"), "The board is being set up");
+}
+
 TEST_F(DeskTest, TheEnginesMenAreNotThePersons) {
     desk.engine_plays[Side::white] = true;
     drag("e2", "e4");

@@ -1,5 +1,37 @@
-"""A person who can't see the board: names, roles, a game by keyboard where there is one, and moves that are said."""
-from driver import Journey, main, wait_until, walk
+"""A person who can't see the board: names, roles, a whole game by the keyboard alone, and moves that are said."""
+import subprocess
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+from driver import Journey, has_state, key, main, wait_until, walk  # noqa: E402
+
+PIECES = {"r": "rook", "n": "knight", "b": "bishop", "q": "queen", "k": "king", "p": "pawn"}
+
+
+def type_keys(text):
+    subprocess.run(["xdotool", "type", "--clearmodifiers", "--delay", "12", text], check=True)
+
+
+class Reader:
+    """Hears what a screen reader would say: announcements, in order."""
+
+    def __init__(self):
+        self.said = []
+        self.listener = Atspi.EventListener.new(lambda event: self.said.append(event.any_data))
+        self.listener.register("object:announcement")
+
+    def wait_for(self, text):
+        def heard():
+            while GLib.MainContext.default().iteration(False):
+                pass
+            return text in self.said
+        wait_until(heard, f"{text!r} to be said, not {self.said}")
+
+    def stop(self):
+        self.listener.deregister("object:announcement")
 
 
 class Accessibility(Journey):
@@ -21,6 +53,79 @@ class Accessibility(Journey):
         wait_until(lambda: any("White: e4" in (n.get_name() + " " + n.get_description()) for n in
                                walk(program.window)), "the last move")
         wait_until(lambda: program.square("e4").get_name() == "e4, white pawn", "the pawn on its square")
+        program.close()
+
+    def focused(self, program):
+        """The widget that has the keyboard."""
+        return next((n for n in walk(program._application()) if has_state(n, Atspi.StateType.FOCUSED)), None)
+
+    def wait_for_focus(self, program, role):
+        return wait_until(lambda: (n := self.focused(program)) and n.get_role_name() == role and n,
+                          f"the keyboard in a {role}")
+
+    def choose_by_keys(self, program, *labels):
+        """Opens the menu bar and walks to a menu and an item, each time until the wanted one is selected."""
+        key("F10")
+        for label, step in zip(labels, ("Right", "Down")):
+            def reached(label=label, step=step):
+                selected = [n for n in walk(program.window) if n.get_role_name().endswith(("menu", "menu item")) and
+                            n.get_name() == label and has_state(n, Atspi.StateType.SELECTED)]
+                if not selected:
+                    key(step)
+                return selected
+            wait_until(reached, label)
+        key("Return")
+
+    def test_a_game_to_mate_by_the_keyboard_alone(self):
+        program = self.start()
+        reader = Reader()
+        self.addCleanup(reader.stop)
+        program.debug_on()
+        path = program.scripted_engine("mate", "name Mate\nline f2f3 e7e5 g2g4 d8h4\nplay uci")
+
+        self.choose_by_keys(program, "Engine", "Load engine...")
+        program.wait_for("file chooser")
+        key("slash")
+        self.wait_for_focus(program, "text")
+        key("ctrl+a")
+        type_keys(path)
+        wait_until(lambda: self.focused(program).get_text_iface().get_text(0, -1) == path, "the whole path")
+        key("Return")
+        program.dialog("Protocol")
+        self.wait_for_focus(program, "radio button")
+        key("Return")
+        program.wait_for_title("Mate")
+        self.choose_by_keys(program, "Mode", "Human - computer")
+        program.wait_for_log("playother")
+
+        # A move that is none stays in the field, with the reason.
+        type_keys("f6")
+        entry = self.wait_for_focus(program, "text")
+        self.assertEqual(entry.get_name(), "Move")
+        key("Return")
+        wait_until(lambda: entry.get_description() == '"f6" is no legal move here', "the complaint")
+        key("Escape")
+        for typed, said in [("f3", ["White: f3", "Black: e5"]), ("g2g4", ["White: g4", "Black: Qh4#"])]:
+            wait_until(lambda: self.focused(program) is None or self.focused(program).get_name() != "Move",
+                       "the end of the field")
+            type_keys(typed)
+            key("Return")
+            for text in said:
+                reader.wait_for(text)
+        self.assertEqual(reader.said, ["White: f3", "Black: e5", "White: g4", "Black: Qh4#"])
+        box = program.wait_for("alert")
+        self.assertIn("0-1", " ".join(n.get_name() for n in walk(box)))
+        key("Return")
+        wait_until(lambda: program.find("alert") is None, "the end of the message")
+
+        # Every square says what stands on it.
+        ranks = "rnb1kbnr/pppp1ppp/8/4p3/6Pq/5P2/PPPPP2P/RNBQKBNR".split("/")
+        for rank, row in zip("87654321", ranks):
+            men = "".join("." * int(c) if c.isdigit() else c for c in row)
+            for file, man in zip("abcdefgh", men):
+                colour = "white" if man.isupper() else "black"
+                content = "empty" if man == "." else f"{colour} {PIECES[man.lower()]}"
+                self.assertEqual(program.square(file + rank).get_name(), f"{file}{rank}, {content}")
         program.close()
 
 

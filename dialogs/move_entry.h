@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+#include <gtkmm/box.h>
+#include <gtkmm/entry.h>
+#include <gtkmm/label.h>
+#include <gtkmm/popover.h>
+
+namespace velmora {
+
+/// The small field that opens over the board when somebody begins to type a move. Enter hands the text over,
+/// Escape and a click elsewhere leave it.
+class MoveEntry : public Gtk::Popover {
+public:
+    explicit MoveEntry(const Gtk::Widget& board);
+
+    /// Opens the field with the first character of the move.
+    void begin(gunichar character);
+    /// Keeps the field open and says what is wrong with the move.
+    void refuse(const std::string& reason);
+
+    sigc::signal<void, const std::string&>& signal_move_entered() { return m_move_entered; }
+
+private:
+    void show_complaint(const std::string& reason);
+
+    Gtk::Box m_box{Gtk::ORIENTATION_VERTICAL};
+    Gtk::Box m_line{Gtk::ORIENTATION_HORIZONTAL};
+    Gtk::Label m_label{"Move: "};
+    Gtk::Entry m_entry;
+    Gtk::Label m_complaint;
+    sigc::signal<void, const std::string&> m_move_entered;
+};
+
+}  // namespace velmora
