@@ -2,7 +2,9 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <sstream>
 #include <utility>
 
 #include <gdk/gdkkeysyms.h>
@@ -26,6 +28,7 @@ namespace velmora::soak {
 namespace {
 
 constexpr const char* engine_log = "engine1.log";
+constexpr const char* referee_log = "manager.log";
 
 const std::vector<std::string> odd_texts = {"",
                                             "0",
@@ -50,6 +53,27 @@ constexpr std::array keys = {GDK_KEY_Left,   GDK_KEY_Right, GDK_KEY_Home,   GDK_
 Gtk::Widget* grabbing_widget() {
     GtkWidget* const grab = gtk_grab_get_current();
     return grab ? Glib::wrap(gtk_widget_get_toplevel(grab)) : nullptr;
+}
+
+std::streamoff size_of(const std::string& path) {
+    std::error_code missing;
+    const auto size = std::filesystem::file_size(path, missing);
+    return missing ? 0 : static_cast<std::streamoff>(size);
+}
+
+/// What has been written to a file from an offset on.
+std::string read_from(const std::string& path, std::streamoff offset) {
+    std::ifstream file(path);
+    file.seekg(offset);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+/// The last lines of a log.
+std::string tail(const std::string& path) {
+    constexpr std::streamoff bytes = 3000;
+    return "...\n" + read_from(path, std::max<std::streamoff>(0, size_of(path) - bytes));
 }
 
 /// The FEN that a UCI "position" command stands for; empty when it can't be played through.
@@ -453,6 +477,24 @@ bool Monkey::is_ready_to_compare() {
     return false;
 }
 
+/// Whether the referee has done all that it was told and the window all that the referee said since the last
+/// call that gave false.
+bool Monkey::is_quiet() {
+    using clock = std::chrono::steady_clock;
+    constexpr std::chrono::milliseconds three_ticks{150};
+    if (m_mark.empty()) {
+        m_mark_start = size_of(referee_log);
+        m_mark = "wake_up " + std::to_string(m_left) + ' ' + std::to_string(m_heartbeat);
+        m_window.send_to_manager(m_mark);
+        m_mark_seen.reset();
+    }
+    if (!m_mark_seen && read_from(referee_log, m_mark_start).find(m_mark) != std::string::npos)
+        m_mark_seen = clock::now();
+    if (!m_mark_seen || clock::now() < *m_mark_seen + three_ticks) return false;
+    m_mark.clear();
+    return true;
+}
+
 /// In the list of installed engines.
 void Monkey::load_alpha(Gtk::Window& dialog) {
     auto& list = *gui::find_widget<Gtk::TreeView>(dialog);
@@ -468,17 +510,18 @@ void Monkey::load_alpha(Gtk::Window& dialog) {
 /// Makes a move, or hands the move to the engine: either way the referee has to tell the engine its position.
 void Monkey::begin_comparison() {
     if (!is_ready_to_compare()) {
+        m_mark.clear();
         // The engine's name comes with a later line of the referee.
         if (--m_patience < 0) m_compares = m_wants_alpha = false;
         return;
     }
     const GameDesk& desk = m_window.desk();
-    if (desk.engine_to_move()) {
+    if (desk.engine_to_move() || !is_quiet()) {
         if (--m_patience < 0) m_compares = false;
         return;
     }
     m_compares = false;
-    m_log_start = m_place.read(engine_log).size();
+    m_log_start = size_of(engine_log);
     m_looks = 0;
     if (m_window.actions().mode() == Mode::human_computer && one_in(2)) {
         m_shown = desk.position.fen();
@@ -494,20 +537,23 @@ void Monkey::begin_comparison() {
 
 void Monkey::look_for_the_position() {
     // Every line that is under way must have arrived after this many looks, a millisecond or more apart.
-    constexpr int most_looks = 20000;
+    constexpr int most_looks = 15000;
     constexpr std::string_view mark = "engine <- position ";
-    const std::string log = m_place.read(engine_log);
-    const auto last = log.rfind(mark);
+    const std::string log = read_from(engine_log, m_log_start);
     std::string told;
-    if (last != std::string::npos && last >= m_log_start) {
-        const auto begin = last + mark.size();
-        told = told_fen(std::string_view(log).substr(begin, log.find('\n', begin) - begin));
+    // An engine that ponders is told what it expects as well.
+    for (auto at = log.find(mark); at != std::string::npos && told != m_shown; at = log.find(mark, at)) {
+        at += mark.size();
+        const auto end = log.find('\n', at);
+        if (end != std::string::npos) told = told_fen(std::string_view(log).substr(at, end - at));
     }
     if (told == m_shown) {
         ++m_comparisons;
         m_shown.clear();
     } else if (++m_looks > most_looks) {
-        m_differences.push_back("window " + m_shown + ", referee " + told + ", after\n" + last_actions());
+        m_differences.push_back("window " + m_shown + ", referee " + told + ", after\n" + last_actions() +
+                                tail(engine_log) + tail(referee_log));
+        note("DIFFERENT: " + m_differences.back());
         m_shown.clear();
     }
 }

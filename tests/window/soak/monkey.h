@@ -2,9 +2,11 @@
 
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <ios>
 #include <optional>
 #include <random>
 #include <string>
@@ -80,6 +82,7 @@ private:
     void restart_the_logs();
 
     bool is_ready_to_compare();
+    bool is_quiet();
     void load_alpha(Gtk::Window& dialog);
     void begin_comparison();
     void look_for_the_position();
@@ -115,10 +118,13 @@ private:
     bool m_compares = false;
     bool m_wants_alpha = false;
     int m_patience = 0;  // steps
+    std::string m_mark;  // a line that says nothing, on its way through the referee
+    std::streamoff m_mark_start = 0;
+    std::optional<std::chrono::steady_clock::time_point> m_mark_seen;
 
     // The comparison under way: what the window shows, and where the engine's log stood before.
     std::string m_shown;
-    std::size_t m_log_start = 0;
+    std::streamoff m_log_start = 0;
     int m_looks = 0;
     int m_comparisons = 0;
     std::vector<std::string> m_differences;
