@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# What a change must pass besides the tests: layout, static analysis, the tests again under the sanitizers, and the
-# Debian package.
-# Usage: scripts/check.sh [format] [tidy] [asan] [tsan] [fuzz] [package]; without a name, all of them.
+# What a change must pass besides the tests: layout, static analysis, the tests again under the sanitizers, a window
+# session under valgrind, the fuzz targets, and the Debian package.
+# Usage: scripts/check.sh [format] [tidy] [asan] [tsan] [valgrind] [fuzz] [package]; without a name, all of them.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/packages.sh
@@ -28,17 +28,20 @@ check_sanitizer() {
     ctest --preset "$1" -j "$(nproc)" -LE journey
 }
 
+check_valgrind() { scripts/valgrind.sh; }
+
 check_fuzz() { scripts/fuzz.sh "${VELMORA_FUZZ_SECONDS:-5}"; }
 
 check_package() { scripts/test-package.sh; }
 
-for check in "${@:-format tidy asan tsan fuzz package}"; do
+for check in "${@:-format tidy asan tsan valgrind fuzz package}"; do
     for name in $check; do
         echo "== $name"
         case "$name" in
             format) check_format ;;
             tidy) check_tidy ;;
             asan | tsan) check_sanitizer "$name" ;;
+            valgrind) check_valgrind ;;
             fuzz) check_fuzz ;;
             package) check_package ;;
             *) echo "unknown check: $name" >&2 && exit 2 ;;

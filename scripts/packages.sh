@@ -9,7 +9,7 @@ test_packages=(
     toga2 fairymax phalanx gnuchess gnuchess-book pgn-extract procps
     desktop-file-utils appstream man-db groff shared-mime-info libglib2.0-bin
 )
-check_packages=(git clang clang-format clang-tidy libclang-rt-14-dev)
+check_packages=(git clang clang-format clang-tidy libclang-rt-14-dev valgrind)
 # dpkg-dev and file find the libraries that the program needs, librsvg2-bin draws the icons.
 package_packages=(dpkg-dev file librsvg2-bin)
 bench_packages=(libbenchmark-dev pgn-extract xvfb xauth)
