@@ -43,7 +43,7 @@ ChooserList::~ChooserList() { stop(); }
 std::optional<ChooserList::Choice> ChooserList::choose(Gtk::Window& parent, const Glib::ustring& title,
                                                        EntryReader::OpenSource open_source) {
     ModalDialog dialog(title, parent);
-    dialog.set_default_size(760, 520);
+    dialog.set_ordinary_size(760, 520);
     dialog.body().pack_start(*this, true, true);
     dialog.add_answer("CANCEL", Gtk::RESPONSE_CANCEL);
     dialog.add_answer("OK", Gtk::RESPONSE_OK);

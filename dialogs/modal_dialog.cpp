@@ -1,5 +1,9 @@
 #include "dialogs/modal_dialog.h"
 
+#include <algorithm>
+
+#include <gdkmm/monitor.h>
+
 namespace velmora {
 
 ModalDialog::ModalDialog(const Glib::ustring& title, Gtk::Window& parent) : Gtk::Dialog(title, parent, true) {
@@ -11,6 +15,20 @@ ModalDialog::ModalDialog(const Glib::ustring& title, Gtk::Window& parent) : Gtk:
     get_content_area()->pack_start(m_body, true, true);
     get_action_area()->set_border_width(margin);
     get_action_area()->set_spacing(row_spacing);
+}
+
+void ModalDialog::set_ordinary_size(int width, int height) {
+    constexpr double ordinary_line = 19;  // pixels, of ten points at 96 dots an inch; taller fonts exist
+    constexpr double most_of_screen = 0.9;
+    int line_width = 0, line_height = 0;
+    create_pango_layout("Xg")->get_pixel_size(line_width, line_height);
+    const double factor = std::max(1.0, line_height / ordinary_line);
+    Gdk::Rectangle screen(0, 0, width, height);
+    if (const auto monitor = get_display()->get_primary_monitor()) monitor->get_workarea(screen);
+    const auto larger = [factor](int size, int room) {
+        return std::max(size, static_cast<int>(std::min(size * factor, room * most_of_screen)));
+    };
+    set_default_size(larger(width, screen.get_width()), larger(height, screen.get_height()));
 }
 
 Gtk::Button& ModalDialog::add_answer(const Glib::ustring& label, int response) {

@@ -21,6 +21,10 @@ public:
     /// Where the content goes, from top to bottom.
     Gtk::Box& body() { return m_body; }
 
+    /// The default size in pixels with a font of ordinary size; a larger font makes it larger, up to the
+    /// screen.
+    void set_ordinary_size(int width, int height);
+
     /// Adds a button. The label stands as it is: underscores are no mnemonics.
     Gtk::Button& add_answer(const Glib::ustring& label, int response);
 

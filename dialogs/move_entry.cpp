@@ -18,7 +18,7 @@ MoveEntry::MoveEntry(const Gtk::Widget& board) : Gtk::Popover(board) {
     m_box.pack_start(m_complaint, Gtk::PACK_SHRINK);
     m_box.show_all();
     add(m_box);
-    set_position(Gtk::POS_BOTTOM);
+    set_position(Gtk::POS_TOP);
     m_entry.signal_activate().connect([this] {
         const std::string text = m_entry.get_text().raw();
         m_move_entered.emit(text);

@@ -31,7 +31,7 @@ TournamentDialog::TournamentDialog(Gtk::Window& parent, const Tournament& tourna
           names_of(installed, [](const auto& entry) { return entry.first; }),
           names_of(tournament.participants_list(), [](const auto& participant) { return participant.name; })),
       m_time_control(tournament.level()) {
-    set_default_size(600, 440);
+    set_ordinary_size(600, 440);
     add_event_page(tournament);
     m_pages.append_page(m_event_page, "Event");
     m_pages.append_page(m_participants, "Participants");

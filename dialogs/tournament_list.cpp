@@ -28,7 +28,7 @@ TournamentChoice choose_tournament(Gtk::Window& parent, const std::vector<std::s
     ModalDialog dialog("Load Tournament", parent);
     TournamentList list(names);
     list.signal_answered().connect([&dialog] { dialog.response(load_answer); });
-    dialog.set_default_size(420, 400);
+    dialog.set_ordinary_size(420, 400);
     dialog.body().pack_start(list, true, true);
     dialog.add_answer("DELETE", delete_answer);
     dialog.add_answer("CANCEL", cancel_answer);
