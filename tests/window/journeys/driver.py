@@ -102,6 +102,8 @@ class Velmora:
             ["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid), "--name", "Velmora"],
             capture_output=True, text=True, check=False).stdout.split(), "the window's number")[0]
         xdotool("windowmove", identifier, 0, 0)
+        # What is measured while the window is on its way would be of two places.
+        wait_until(lambda: place(self.window).x < 40 and place(self.window).y < 60, "the window in its corner")
 
     # -- files of the run --------------------------------------------------------------------------------------
 

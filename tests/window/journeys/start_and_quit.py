@@ -1,7 +1,9 @@
 """The window opens, shows what it should, and goes only when the referee has answered."""
 import os
+import shutil
+import tempfile
 
-from driver import Journey, main, wait_until
+from driver import Journey, main, press, wait_until
 
 
 class StartAndQuit(Journey):
@@ -30,6 +32,34 @@ class StartAndQuit(Journey):
         self.assertEqual(program.board().width // 8 * 8, 560)
         self.assertEqual(program.error_text(), "")
         program.close()
+
+    def test_a_file_to_start_with(self):
+        directory = tempfile.mkdtemp(prefix="velmora-files-")
+        self.addCleanup(shutil.rmtree, directory)
+
+        def file(name, text):
+            path = os.path.join(directory, name)
+            with open(path, "w", encoding="utf-8") as out:
+                out.write(text)
+            return path
+        position = "4k3/8/8/8/8/8/4P3/4K2R w K - 0 1"
+        game = file("a game.pgn", f'[SetUp "1"]\n[FEN "{position}"]\n\n1. e4 *\n')
+        fen = file("one.fen", position + "\n")
+        epd = file("one.epd", "4k3/8/8/8/8/8/4P3/4K2R w K - id \"one\";\n")
+        for arguments, title, size in [((game,), "Choose Game", 560), ((fen,), "Choose Position", 560),
+                                       ((epd,), "Choose Position", 560), (("-s", "400", fen), "Choose Position", 400),
+                                       ((game, "-s", "400"), "Choose Game", 400)]:
+            program = self.start(*arguments)
+            press(program.wait_for("push button", "OK", program.dialog(title)))
+            wait_until(lambda: program.square("h1").get_name() == "h1, white rook" and
+                       program.square("a1").get_name() == "a1, empty", f"the position of {arguments}")
+            self.assertEqual(program.board().width // 8 * 8, size, arguments)
+            self.assertEqual(program.close(), 0)
+        for arguments in [(os.path.join(directory, "missing.pgn"),), (file("notes.txt", "x"),), (fen, game)]:
+            program = self.start(*arguments)
+            self.assertEqual(program.square("a1").get_name(), "a1, white rook")
+            self.assertIsNone(program.find("dialog"), arguments)
+            self.assertEqual(program.close(), 0)
 
     def test_quit_from_the_menu_and_a_second_close(self):
         program = self.start()
