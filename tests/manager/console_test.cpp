@@ -7,6 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/console_process.h"
+#include "workplace.h"
+
 namespace velmora {
 namespace {
 
@@ -83,6 +86,17 @@ TEST(Console, WaitsForARunningMatchAtTheEndOfTheInput) {
         EXPECT_EQ(quits(), row.quits_at_end) << row.name;
         for (const auto& line : row.said_after_end) bench.console.put_command(line);
         EXPECT_EQ(quits(), row.quits_then) << row.name;
+    }
+}
+
+TEST(ConsoleProgram, EndsWithTheInputOrAQuit) {
+    const test::Workplace place;
+    for (const auto* input : {"", "quit\n", "start_tournament", "wake_up\nquit\nlearnopenings 3\n"}) {
+        test::ConsoleProcess console(input);
+        const Lines lines = console.remaining_lines();
+        EXPECT_EQ(lines.back(), "quit") << input;
+        EXPECT_EQ(lines.size(), std::string(input) == "start_tournament" ? 3U : 1U) << input;
+        EXPECT_EQ(console.finish(), 0) << input;
     }
 }
 

@@ -104,6 +104,7 @@ class Velmora:
         xdotool("windowmove", identifier, 0, 0)
         # What is measured while the window is on its way would be of two places.
         wait_until(lambda: place(self.window).x < 40 and place(self.window).y < 60, "the window in its corner")
+        self.identifier = identifier
 
     # -- files of the run --------------------------------------------------------------------------------------
 
@@ -186,11 +187,21 @@ class Velmora:
 
     def choose(self, menu, item):
         """Picks a menu item with the mouse, as items that open a dialog want."""
-        entry = wait_until(lambda: self.find("menu", menu, self.window), f"the menu {menu}")
-        click_on(entry)
-        node = wait_until(lambda: next((n for n in walk(entry) if n.get_name() == item and n is not entry and
-                                        is_showing(n) and place(n).width > 1), None), f"the item {item}")
-        click_on(node)
+        def opened():
+            # The window may still have been on its way to its place when the click fell.
+            entry = self.find("menu", menu, self.window)
+            if entry is None:
+                return None
+            click_on(entry)
+            end = time.monotonic() + 2
+            while time.monotonic() < end:
+                for node in walk(entry):
+                    if node.get_name() == item and node is not entry and is_showing(node) and place(node).width > 1:
+                        return node
+                time.sleep(0.02)
+            key("Escape")
+            return None
+        click_on(wait_until(opened, f"the item {menu} / {item}"))
 
     def is_sensitive(self, menu, item):
         return has_state(self.menu_item(menu, item), Atspi.StateType.SENSITIVE)

@@ -1,16 +1,17 @@
 #include <cstdlib>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
-#include "console_process.h"
-#include "referee.h"
+#include "tests/manager/workplace.h"
+#include "tests/matches/archiving_window.h"
+#include "tests/support/console_process.h"
 
 namespace velmora {
 namespace {
 
 using test::ConsoleProcess;
-using test::Lines;
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool memory_can_be_measured = false;  // the sanitizers keep what is freed
@@ -55,29 +56,24 @@ private:
 
 const std::string play_quick = "load_tournament quick\nstart_tournament\n";
 
-TEST(ConsoleProgram, EndsWithTheInputOrAQuit) {
-    const test::Workplace place;
-    for (const auto* input : {"", "quit\n", "start_tournament", "wake_up\nquit\nlearnopenings 3\n"}) {
-        ConsoleProcess console(input);
-        const Lines lines = console.remaining_lines();
-        EXPECT_EQ(lines.back(), "quit") << input;
-        EXPECT_EQ(lines.size(), std::string(input) == "start_tournament" ? 3U : 1U) << input;
-        EXPECT_EQ(console.finish(), 0) << input;
-    }
-}
-
 /// VELMORA_MATCH_GAMES sets the number of games.
-TEST(ConsoleProgram, ALongMatchLeavesNothingBehind) {
+TEST(QuickMatches, ALongMatchLeavesNothingBehind) {
     const char* const wanted = std::getenv("VELMORA_MATCH_GAMES");
     const int games = wanted != nullptr ? std::atoi(wanted) : 20;
     const QuickGames match(games);
     ConsoleProcess console(play_quick);
     ConsoleProcess::Belongings early;
     ConsoleProcess::Belongings late;
+    test::ArchivingWindow window;
     std::string results;
     std::string expected;
-    for (int number = 1; number <= games; ++number) expected += QuickGames::result(number) + ' ';
+    std::string expected_whites;
+    for (int number = 1; number <= games; ++number) {
+        expected += QuickGames::result(number) + ' ';
+        expected_whites += number % 2 == 0 ? "Alpha " : "Beta ";
+    }
     while (const auto line = console.next_line()) {
+        window.process(*line);
         if (test::is_result(*line)) results += line->substr(0, line->find(' ')) + ' ';
         // The engines of the game are loaded, those of the game before are reaped within moments.
         for (const auto& [round, sample] : {std::pair(10, &early), std::pair(games, &late)}) {
@@ -88,17 +84,22 @@ TEST(ConsoleProgram, ALongMatchLeavesNothingBehind) {
     EXPECT_EQ(console.finish(), 0);
     EXPECT_EQ(results, expected);
     EXPECT_EQ(match.place.read("tournaments/quick.trn"), match.file(games));
+    EXPECT_EQ(test::ArchivingWindow::archived("Result"), expected);
+    EXPECT_EQ(test::ArchivingWindow::archived("White"), expected_whites);
+    EXPECT_EQ(test::ArchivingWindow::complaints(), "");
     EXPECT_EQ(late.children, 2U);
     EXPECT_EQ(late.descriptors, early.descriptors);
     EXPECT_EQ(late.threads, early.threads);
     if (memory_can_be_measured) {
         EXPECT_LT(late.resident_kb, early.resident_kb + 1024);
     }
-    std::printf("game 10: %ld KiB, game %d: %ld KiB, %zu descriptors, %zu threads\n", early.resident_kb,
-                games, late.resident_kb, late.descriptors, late.threads);
+    for (const auto& [number, sample] : {std::pair(10, &early), std::pair(games, &late)}) {
+        std::printf("game %d: %ld KiB resident, %zu descriptors, %zu threads, %zu child processes\n", number,
+                    sample->resident_kb, sample->descriptors, sample->threads, sample->children);
+    }
 }
 
-TEST(ConsoleProgram, AKilledMatchIsTakenUpAgain) {
+TEST(QuickMatches, AKilledMatchIsTakenUpAgain) {
     const QuickGames match(8);
     {
         ConsoleProcess console(play_quick);

@@ -6,16 +6,17 @@
 #include <gtest/gtest.h>
 
 #include "channel/text.h"
-#include "console_process.h"
 #include "manager/game_result.h"
-#include "referee.h"
+#include "tests/manager/workplace.h"
+#include "tests/matches/archiving_window.h"
+#include "tests/support/console_process.h"
 #include "tournament/tournament.h"
 
 namespace velmora {
 namespace {
 
 using test::ConsoleProcess;
-using test::Lines;
+using Lines = std::vector<std::string>;
 
 struct Peer {
     const char* name;
@@ -32,7 +33,6 @@ struct Format {
     TournamentType type;
     std::vector<Peer> peers;
     const char* book;
-    bool is_killed;
 };
 
 const std::string pgn_book =
@@ -41,11 +41,14 @@ const std::string epd_book =
     "rnbqkb1r/ppp1pppp/5n2/3p4/3P1B2/5N2/PPP1PPPP/RN1QKB1R b KQkq - id \"London\";\n"
     "r1bqkbnr/pp1ppppp/2n5/2p5/4P3/5N2/PPPP1PPP/RNBQKB1R w KQkq - id \"Sicilian\";\n";
 
-/// The games in the lines of a console, each move of which must be legal, as "1-0 0-1 ".
+/// The games in the lines of a console, each move of which must be legal, as "1-0 0-1 ". The window archives
+/// them.
 std::string replayed(const Lines& lines) {
     std::string results;
     ChessPosition position;
+    test::ArchivingWindow window;
     for (const auto& line : lines) {
+        window.process(line);
         text::WordReader reader(line);
         const std::string word(reader.word());
         if (word == "new") position.new_game();
@@ -65,7 +68,7 @@ std::string replayed(const Lines& lines) {
 
 class RealMatches : public ::testing::TestWithParam<Format> {};
 
-TEST_P(RealMatches, ArePlayedToTheirEnd) {
+TEST_P(RealMatches, AreTakenUpAgainAndPlayedToTheirEnd) {
     const Format& format = GetParam();
     const test::Workplace place;
     Tournament tournament("tournaments/");
@@ -89,12 +92,12 @@ TEST_P(RealMatches, ArePlayedToTheirEnd) {
 
     const std::string play = "load_tournament real\nstart_tournament\n";
     std::string results;
-    if (format.is_killed) {
-        ConsoleProcess console(play);
+    {
+        ConsoleProcess killed(play);
         Lines lines;
         int games = 0;
         for (int moves = 0; games < 1 || moves < 10;) {  // into the middle of the second game
-            lines.push_back(console.next_line().value());
+            lines.push_back(killed.next_line().value());
             if (test::is_result(lines.back())) ++games;
             if (games == 1 && lines.back().starts_with("move ")) ++moves;
         }
@@ -106,18 +109,25 @@ TEST_P(RealMatches, ArePlayedToTheirEnd) {
 
     tournament.load("real");
     std::string stored;
-    for (const auto& game : tournament.games()) stored += game.result + ' ';
+    std::string whites;
+    for (const auto& game : tournament.games()) {
+        stored += game.result + ' ';
+        whites += game.white.name + ' ';
+    }
     EXPECT_EQ(stored, results);
+    EXPECT_EQ(test::ArchivingWindow::archived("Result"), stored);
+    EXPECT_EQ(test::ArchivingWindow::archived("White"), whites);
+    EXPECT_EQ(test::ArchivingWindow::complaints(), "");
     EXPECT_EQ(stored.find('*'), std::string::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Formats, RealMatches,
     ::testing::Values(
-        Format{"match", TournamentType::match, {stockfish, toga}, "book.pgn", false},
-        Format{"xboard", TournamentType::match, {fairymax, gnuchess}, "book.epd", false},
-        Format{"gauntlet", TournamentType::gauntlet, {toga, stockfish, fairymax}, "book.epd", true},
-        Format{"roundrobin", TournamentType::round_robin, {stockfish, gnuchess, toga}, "book.pgn", false}),
+        Format{"match", TournamentType::match, {stockfish, toga}, "book.pgn"},
+        Format{"xboard", TournamentType::match, {fairymax, gnuchess}, "book.epd"},
+        Format{"gauntlet", TournamentType::gauntlet, {toga, stockfish, fairymax}, "book.epd"},
+        Format{"roundrobin", TournamentType::round_robin, {stockfish, gnuchess, toga}, "book.pgn"}),
     [](const auto& of) { return of.param.name; });
 
 }  // namespace
