@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -45,7 +46,7 @@ public:
         std::stringstream text;
         if (std::system(command.c_str()) != 0) text << "failed: ";
         text << std::ifstream("archive.judged").rdbuf();
-        return text.str();
+        return std::regex_replace(text.str(), std::regex("Games: [0-9]+\r"), "");  // how far it has come
     }
 
 private:

@@ -227,6 +227,17 @@ class Velmora:
         x, y = min(c.x for c in corners), min(c.y for c in corners)
         return Box(x, y, max(c.x + c.width for c in corners) - x, max(c.y + c.height for c in corners) - y)
 
+    def resize(self, width):
+        """Gives the window another width, and a height at which the board can fill it; waits until it stands."""
+        xdotool("windowsize", self.identifier, width + 40, width + 160)
+        boxes = [None]
+
+        def stands():
+            boxes.append(self.board())
+            return boxes[-1] == boxes[-2] and boxes[-1].width >= width - 60
+
+        wait_until(stands, f"a board of {width} pixels")
+
     def center(self, square, flipped=False):
         box = self.board()
         file, rank = ord(square[0]) - ord("a"), int(square[1]) - 1
@@ -242,9 +253,50 @@ class Velmora:
     def click_square(self, square):
         click_at(*self.center(square))
 
+    def show_fen(self):
+        self.choose("View", "Show FEN")
+        self._fen_entry()
+
+    def _fen_entry(self):
+        return self.wait_for("text", root=self.window)
+
+    def fen(self):
+        """The position that the FEN entry shows."""
+        return self._fen_entry().get_text_iface().get_text(0, -1)
+
+    def expect_fen(self, fen):
+        wait_until(lambda: self.fen() == fen, f"{fen}, not {self.fen()}")
+
+    def enter_fen(self, fen):
+        self._fen_entry().get_editable_text_iface().set_text_contents(fen)
+        press(self.wait_for("push button", "OK", self.window))
+        self.wait_for_log("0 setboard " + fen)
+
+    def show_pgn(self):
+        """Opens the PGN window; gives its text's widget."""
+        self.choose("View", "Show PGN")
+        return self.wait_for("text", root=self.wait_for("frame", "PGN"))
+
+    def choose_man(self, column, row, columns=2, rows=2):
+        """Clicks a man in the promotion chooser, or with other sizes in that of the set-up mode."""
+        dialog = wait_until(lambda: self.find("dialog"), "the chooser")
+        box = place(wait_until(lambda: self.find("drawing area", root=dialog), "its images"))
+        click_at(box.x + box.width * (1 + 2 * column) // (2 * columns),
+                 box.y + box.height * (1 + 2 * row) // (2 * rows))
+        wait_until(lambda: self.find("dialog") is None, "the end of the chooser")
+
+    def promote(self, squares, letter):
+        """Drags a pawn to the last rank and picks queen, rook, bishop or knight."""
+        self.drag(squares)
+        self.choose_man("qrbn".index(letter) % 2, "qrbn".index(letter) // 2)
+        self.wait_for_log("usermove " + squares + letter)
+
     def play(self, *moves):
         """Drags moves and waits until each has gone to the referee. Needs the log."""
         for move in moves:
+            if len(move) == 5:
+                self.promote(move[:4], move[4])
+                continue
             sent = sum("usermove" in line for line in self.log())
             self.drag(move)
             self.wait_for_log("usermove", sent + 1)
@@ -333,12 +385,23 @@ class Velmora:
         shutil.rmtree(self.home, ignore_errors=True)
 
 
+PGN_EXTRACT = shutil.which("pgn-extract", path="/usr/games:/usr/bin:/usr/local/bin")
+
+
+def positions_by_pgn_extract(text):
+    """An independent reader's positions of the main line of a game: placement, side, castling rights."""
+    with tempfile.NamedTemporaryFile("w", suffix=".pgn") as file:
+        file.write(text)
+        file.flush()
+        run = subprocess.run([PGN_EXTRACT, "-Wepd", "-s", file.name], capture_output=True, text=True, check=True)
+    return [line.split()[:3] for line in run.stdout.splitlines() if line.strip()]
+
+
 def accepted_by_pgn_extract(path):
     """How many games an independent reader takes without a complaint; nothing where it isn't installed."""
-    program = shutil.which("pgn-extract", path="/usr/games:/usr/bin:/usr/local/bin")
-    if program is None:
+    if PGN_EXTRACT is None:
         return None
-    run = subprocess.run([program, "-s", "-r", path], capture_output=True, text=True, check=False)
+    run = subprocess.run([PGN_EXTRACT, "-s", "-r", path], capture_output=True, text=True, check=False)
     assert not run.stderr.strip(), run.stderr
     with open(path, encoding="utf-8", errors="replace") as file:
         return file.read().count("[Event ")

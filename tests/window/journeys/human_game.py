@@ -1,5 +1,8 @@
 """Two people at the board: moves by mouse, set-up, navigation, flipping, every mode without an engine."""
-from driver import Journey, click_at, key, main, place, press, wait_until
+import re
+import time
+
+from driver import PGN_EXTRACT, Journey, click_at, key, main, positions_by_pgn_extract, press, wait_until
 
 
 class HumanGame(Journey):
@@ -7,30 +10,51 @@ class HumanGame(Journey):
         self.program = self.start()
         self.program.debug_on()
 
-    def fen(self):
-        """The position that the FEN entry shows."""
-        entry = self.program.wait_for("text", root=self.program.window)
-        return entry.get_text_iface().get_text(0, -1)
+    def test_a_whole_game_to_mate(self):
+        """Castling to both sides, en passant, a promotion, and illegal drags that snap back on the way."""
+        program = self.program
+        program.show_fen()
+        text = program.show_pgn().get_text_iface()
+        moves = ("e2e4 d7d5 e4e5 f7f5 e5f6 b8c6 g1f3 c8g4 f1e2 d8d7 e1g1 e8c8 f6g7 a7a6 g7h8q c6e5 f3e5 d7c6 e2g4 "
+                 "c6e6 g4e6 d8d7 h8g8 c8d8 g8f8").split()
+        shown = [program.fen()]
+        for move in moves:
+            program.play(move)
+            wait_until(lambda: program.fen() != shown[-1], "the position after " + move)
+            shown.append(program.fen())
+            if move in ("e8c8", "g4e6"):
+                # Not the side's turn, no such move, off the board: nothing is sent and the man snaps back.
+                for illegal in ("h7h6" if move == "g4e6" else "f3f7", "a1a5", "b1b1"):
+                    program.drag(illegal)
+                self.assertEqual(program.fen(), shown[-1])
+                self.assertTrue(program.square("a1").get_name().endswith("white rook"))
+        self.assertEqual(shown[-1], "3k1Q2/1pprp2p/p3B3/3pN3/8/8/PPPP1PPP/RNBQ1RK1 b - - 0 13")
+        wait_until(lambda: "13.Qxf8#" in text.get_text(0, -1), "the mate in the record")
+        program.screenshot("human-game")
+        program.drag("d8e8")
+        program.drag("d7d6")
+        # The referee has got every move and nothing else.
+        for name, mark in (("interface.log", "--> 0 usermove "), ("manager.log", "-> 0 usermove ")):
+            wait_until(lambda n=name, m=mark: re.findall(m + r"(\S+)", program.read(n)) == moves, name)
+        if PGN_EXTRACT:
+            self.assertEqual(positions_by_pgn_extract(text.get_text(0, -1)), [fen.split()[:3] for fen in shown])
+        program.close()
 
-    def show_fen(self):
-        self.program.choose("View", "Show FEN")
-        self.program.wait_for("text", root=self.program.window)
-
-    def expect_fen(self, fen):
-        wait_until(lambda: self.fen() == fen, f"{fen}, not {self.fen()}")
-
-    def test_a_game_by_drags(self):
-        self.show_fen()
-        # Castling both ways, en passant, a capture, and an illegal drag that snaps back.
-        self.program.play("e2e4", "d7d5", "e4e5", "f7f5", "e5f6", "b8c6", "g1f3", "c8g4", "f1e2", "d8d7", "e1g1", "e8c8")
-        self.expect_fen("2kr1bnr/pppqp1pp/2n2P2/3p4/6b1/5N2/PPPPBPPP/RNBQ1RK1 w - - 7 7")
-        before = len(self.program.log())
-        self.program.drag("f3f6")
-        self.program.drag("a2a4")
-        self.program.wait_for_log("usermove a2a4")
-        self.assertFalse([line for line in self.program.log()[before:] if "f3f6" in line])
-        self.program.screenshot("human-game")
-        self.program.close()
+    def test_the_referee_follows_a_game_move_by_move(self):
+        """Two people play while an engine looks on: what it is given is the referee's copy."""
+        program = self.program
+        path = program.scripted_engine("onlooker", "name Onlooker\nplay uci")
+        program.load_engine(path, "uci", "Onlooker")
+        program.choose("Mode", "Analysis")
+        moves = "e2e4 d7d5 e4e5 f7f5 e5f6 b8c6 g1f3 c8g4 f1e2 d8d7 e1g1 e8c8 f6g7 a7a6 g7h8n".split()
+        for count, move in enumerate(moves, 1):
+            program.play(move)
+            wait_until(lambda n=count: f" moves {' '.join(moves[:n])}\n" in program.read("onlooker.sent"),
+                       "the referee's copy after " + move)
+        program.show_fen()
+        program.expect_fen("2kr1bnN/1ppqp2p/p1n5/3p4/6b1/5N2/PPPPBPPP/RNBQ1RK1 b - - 0 8")
+        program.choose("Mode", "Human - human")
+        program.close()
 
     def test_click_and_click(self):
         self.program.click_square("g1")
@@ -40,48 +64,74 @@ class HumanGame(Journey):
         self.program.close()
 
     def test_promotion_to_each_piece(self):
-        self.show_fen()
-        for column, letter in enumerate("qrbn"):
-            entry = self.program.wait_for("text", root=self.program.window)
-            entry.get_editable_text_iface().set_text_contents("8/P3k3/8/8/8/8/8/4K3 w - - 0 1")
-            press(self.program.wait_for("push button", "OK", self.program.window))
-            self.expect_fen("8/P3k3/8/8/8/8/8/4K3 w - - 0 1")
-            self.program.drag("a7a8")
-            dialog = wait_until(lambda: self.program.find("dialog"), "the promotion chooser")
-            area = wait_until(lambda: self.program.find("drawing area", root=dialog), "its images")
-            box = place(area)
-            click_at(box.x + box.width * (1 + 2 * (column % 2)) // 4, box.y + box.height * (1 + 2 * (column // 2)) // 4)
-            self.program.wait_for_log("usermove a7a8" + letter)
-            wait_until(lambda: self.program.find("dialog") is None, "the end of the chooser")
-        self.program.close()
+        program = self.program
+        program.show_fen()
+        for letter in "qrbn":
+            program.enter_fen("8/P3k3/8/8/8/8/p3K3/8 w - - 0 1")
+            program.play("a7a8" + letter)
+            program.expect_fen(f"{letter.upper()}7/4k3/8/8/8/8/p3K3/8 b - - 0 1")
+            program.play("a2a1" + letter)
+            program.expect_fen(f"{letter.upper()}7/4k3/8/8/8/8/4K3/{letter}7 w - - 0 2")
+        program.enter_fen("8/P3k3/8/8/8/8/p3K3/8 w - - 0 1")
+        program.drag("a7a8")
+        wait_until(lambda: program.find("dialog"), "the promotion chooser")
+        program.screenshot("promotion-chooser")
+        key("Escape")
+        wait_until(lambda: program.find("dialog") is None, "the end of the chooser")
+        program.expect_fen("8/P3k3/8/8/8/8/p3K3/8 w - - 0 1")
+        self.assertTrue(program.square("a7").get_name().endswith("white pawn"))
+        program.close()
 
     def test_set_up_then_play(self):
-        self.show_fen()
-        self.program.choose("Mode", "Setup")
-        self.program.click_square("d8")
-        self.expect_fen("rnb1kbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w - - 0 1")
-        self.program.drag("a2b5")
-        self.program.wait_for_log("0 setboard rnb1kbnr/pppppppp/8/1P6/8/8/1PPPPPPP/RNBQKBNR b - - 0 1")
-        self.program.choose("Mode", "Human - human")
-        self.program.wait_for_log("0 human_human")
-        self.program.play("a7a6", "b5a6")
-        self.expect_fen("rnb1kbnr/1ppppppp/P7/8/8/8/1PPPPPPP/RNBQKBNR b - - 0 2")
-        self.program.close()
+        program = self.program
+        program.show_fen()
+        program.choose("Mode", "Setup")
+        program.click_square("d8")
+        program.expect_fen("rnb1kbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w - - 0 1")
+        program.drag("a2b5")
+        program.wait_for_log("0 setboard rnb1kbnr/pppppppp/8/1P6/8/8/1PPPPPPP/RNBQKBNR b - - 0 1")
+        program.click_square("e4")
+        wait_until(lambda: program.find("dialog"), "the chooser of men")
+        program.screenshot("setup-chooser")
+        program.choose_man(1, 3, 3, 4)
+        program.expect_fen("rnb1kbnr/pppppppp/8/1P6/4q3/8/1PPPPPPP/RNBQKBNR w - - 0 1")
+        program.started = time.monotonic()  # no click counts in the half second after the chooser
+        program.choose("Mode", "Human - human")
+        program.wait_for_log("0 human_human")
+        program.play("d2d3", "a7a6", "b5a6")
+        program.expect_fen("rnb1kbnr/1ppppppp/P7/8/4q3/3P4/1PP1PPPP/RNBQKBNR b - - 0 2")
+        program.close()
 
     def test_navigation_through_a_variation(self):
-        self.show_fen()
-        self.program.play("e2e4", "e7e5")
+        program = self.program
+        start = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1"
+        after_e4 = "rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq - 0 1"
+        after_e5 = "rnbqkbnr/pppp1ppp/8/4p3/4P3/8/PPPP1PPP/RNBQKBNR w KQkq - 0 2"
+        after_nf3 = "rnbqkbnr/pp1ppppp/8/2p5/4P3/5N2/PPPP1PPP/RNBQKB1R b KQkq - 1 2"
+        program.show_fen()
+        program.play("e2e4", "e7e5")
         key("Left")
-        self.program.wait_for_log("0 setboard rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq - 0 1")
-        self.program.play("c7c5", "g1f3")
-        key("Home")
-        self.expect_fen("rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1")
-        key("End")
-        self.expect_fen("rnbqkbnr/pppp1ppp/8/4p3/4P3/8/PPPP1PPP/RNBQKBNR w KQkq - 0 2")
-        back = self.program.wait_for("push button", "One move back")
-        press(back)
-        self.expect_fen("rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq - 0 1")
-        self.program.close()
+        program.wait_for_log("0 setboard " + after_e4)
+        program.play("c7c5", "g1f3")
+        for step, fen in (("Home", start), ("End", after_e5), ("Left", after_e4), ("Right", after_e5)):
+            key(step)
+            program.expect_fen(fen)
+        for button, fen in (("To the start of the game", start), ("One move forward", after_e4),
+                            ("To the end of the game", after_e5), ("One move back", after_e4)):
+            press(program.wait_for("push button", button))
+            program.expect_fen(fen)
+        text = program.show_pgn()
+        content = wait_until(lambda: text.get_text_iface().get_text(0, -1), "the text")
+        self.assertIn("1.e4 e5 ( 1... c5 2.Nf3)", " ".join(content.split()))
+        box = text.get_text_iface().get_character_extents(content.index("2.Nf3") + 3, 0)
+        click_at(box.x + 2, box.y + box.height // 2)
+        program.expect_fen(after_nf3)
+        program.wait_for_log("0 setboard " + after_nf3)
+        program.screenshot("variation")
+        press(program.wait_for("push button", "One move back"))
+        press(program.wait_for("push button", "One move back"))
+        program.expect_fen(after_e4)
+        program.close()
 
     def test_flipped_board(self):
         self.program.choose("View", "Flip View")
@@ -92,15 +142,55 @@ class HumanGame(Journey):
         self.program.screenshot("flipped")
         self.program.close()
 
-    def test_modes_without_an_engine(self):
-        self.program.choose("Mode", "Learn Opening")
-        dialog = self.program.dialog("Learn Openings Hints")
-        self.program.press_button("CANCEL", dialog)
-        self.program.wait_for_log("0 learnopenings 0")
-        self.program.choose("Mode", "Tournament")
-        self.program.answer_message("No tournament loaded")
-        wait_until(lambda: self.program.is_checked("Mode", "Human - human"), "the fall back to two people")
-        self.program.close()
+    def test_every_mode_without_an_engine(self):
+        program = self.program
+        for item in ("Human - computer", "Analysis", "Start thinking"):
+            self.assertFalse(program.is_sensitive("Mode", item), item)
+        program.play("e2e4")
+        for answer, lines in (("CANCEL", ["0 learnopenings 0"]), ("OK", ["0 learnopenings 0"])):
+            program.choose("Mode", "Learn Opening")
+            program.press_button(answer, program.dialog("Learn Openings Hints"))
+            program.wait_for_log(lines[0])
+            program.choose("Mode", "Human - human")
+        program.choose("Mode", "Learn Opening")
+        dialog = program.dialog("Learn Openings Hints")
+        press(program.wait_for("check box", "hint white moves", dialog))
+        program.screenshot("learn-dialog")
+        program.press_button("OK", dialog)
+        program.answer_message("use menu 'File' to load a Polyglot book")
+        wait_until(lambda: program.is_checked("Mode", "Human - human"), "the fall back to two people")
+        program.choose("Mode", "Tournament")
+        program.answer_message("No tournament loaded")
+        wait_until(lambda: program.is_checked("Mode", "Human - human"), "the fall back to two people")
+        program.choose("Mode", "Setup")
+        program.choose("Mode", "Human - human")
+        program.wait_for_log("0 setboard rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b - - 0 1")
+        program.play("e7e5")
+        program.choose("File", "New game")
+        program.wait_for_log("0 new")
+        program.play("d2d4")
+        program.close()
+
+
+class Sizes(Journey):
+    def test_from_360_to_1200_pixels(self):
+        """Every size shows the whole board and takes moves where it shows them."""
+        program = self.start("-s", "360")
+        program.debug_on()
+        moves = iter("e2e4 e7e5 g1f3 b8c6 f1b5 a7a6 b5a4 g8f6".split())
+        for size in (360, 480, 613, 1000, 1190):
+            program.resize(size)
+            program.play(next(moves))
+            program.screenshot(f"size-{size}")
+        box = program.board()
+        self.assertEqual(box.width // 8, box.height // 8)
+        self.assertGreater(box.width, 1100)
+        program.close()
+        large = self.start("-s", "1200")
+        large.debug_on()
+        self.assertEqual(large.board().width // 8 * 8, 1200)
+        large.play("e2e4", "e7e5")
+        large.close()
 
 
 main()

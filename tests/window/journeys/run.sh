@@ -21,8 +21,8 @@ support=$here/../../support
 export LSAN_OPTIONS=suppressions=$support/toolkit-leaks.supp:print_suppressions=0${LSAN_OPTIONS:+:$LSAN_OPTIONS} \
     TSAN_OPTIONS=suppressions=$support/toolkit-races.supp${TSAN_OPTIONS:+:$TSAN_OPTIONS}
 
-dbus-run-session -- xvfb-run -a -s '-screen 0 1280x1024x24 -nolisten tcp' bash -c '
+dbus-run-session -- xvfb-run -a -s "-screen 0 1300x1420x24 -nolisten tcp" bash -c '
     openbox >/dev/null 2>&1 & manager=$!
-    until wmctrl -m >/dev/null 2>&1; do sleep 0.02; done
+    for _ in $(seq 1000); do wmctrl -m >/dev/null 2>&1 && break; sleep 0.02; done
     /usr/bin/python3 -W ignore::DeprecationWarning "$@"; code=$?
     kill $manager; exit $code' _ "$@"
