@@ -34,6 +34,8 @@ std::string style_sheet() {
 
 Clocks::Clocks() : Gtk::Box(Gtk::ORIENTATION_HORIZONTAL), m_style(Gtk::CssProvider::create()) {
     m_style->load_from_data(style_sheet());
+    // A name in bold is wider; nothing shall move when the turn does.
+    set_homogeneous();
     m_labels[Side::white].set_text("White: ");
     m_labels[Side::black].set_text("Black: ");
     m_time_labels[Side::white].set_tooltip_text("White's time left, minutes and seconds");

@@ -127,6 +127,9 @@ class Velmora:
         """The lines of the channel so far, sender's mark and text, without the stamps."""
         return [line[10:] for line in self.read("interface.log").splitlines()]
 
+    def moves_from_referee(self):
+        return [line.split()[-1] for line in self.log() if "-----> move " in line]
+
     def wait_for_log(self, text, count=1, seconds=None):
         return wait_until(lambda: sum(text in line for line in self.log()) >= count,
                           f"{text!r} in the log", seconds)
