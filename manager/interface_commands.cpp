@@ -1,9 +1,11 @@
 #include "manager/interface_commands.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iterator>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace velmora {
@@ -114,7 +116,10 @@ void InterfaceCommands::new_game(text::WordReader&) {
 void InterfaceCommands::playother(text::WordReader&) { m_play.play_other(); }
 
 void InterfaceCommands::polyglotbook(text::WordReader& arguments) {
-    m_learn.set_book(std::string(arguments.word()));
+    // One word in the language; but a person's books may lie in a directory with blanks in its name.
+    const std::string rest(text::trim_blanks(arguments.rest()));
+    std::error_code unreadable;
+    m_learn.set_book(std::filesystem::exists(rest, unreadable) ? rest : std::string(arguments.word()));
 }
 
 void InterfaceCommands::ponder(text::WordReader& arguments) { m_seats.set_ponder(arguments.word() == "on"); }

@@ -308,12 +308,19 @@ class Velmora:
 
     def answer_message(self, expected=None):
         """Closes the message box; gives its texts."""
+        def texts_of(box):
+            return [n.get_name() for n in walk(box) if n.get_role_name() == "label" and n.get_name()]
+
         box = self.wait_for("alert")
-        texts = [n.get_name() for n in walk(box) if n.get_role_name() == "label" and n.get_name()]
+        texts = texts_of(box)
         if expected is not None:
             assert any(expected in text for text in texts), texts
         press(wait_until(lambda: self.find("push button", "OK", box), "OK"))
-        wait_until(lambda: self.find("alert") is None, "the end of the message")
+
+        def gone():  # another message may follow at once
+            box = self.find("alert")
+            return box is None or texts_of(box) != texts
+        wait_until(gone, "the end of the message")
         return texts
 
     def dialog(self, title):
