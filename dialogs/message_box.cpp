@@ -26,11 +26,13 @@ Glib::ustring screenful(std::string_view text, std::size_t bytes, int lines) {
 void message_box(Gtk::Window& parent, std::string_view headline, std::string_view details) {
     constexpr bool markup = false;
     constexpr bool modal = true;
-    constexpr int margin = 12;  // pixels
+    constexpr int margin = 12;        // pixels
+    constexpr int least_width = 280;  // in which the title can be read, pixels
     // A line of the box takes some fifty bytes.
     Gtk::MessageDialog box(parent, screenful(headline, 200, 4), markup, Gtk::MESSAGE_INFO, Gtk::BUTTONS_OK,
                            modal);
     box.set_title("Message:");
+    box.set_size_request(least_width, -1);
     if (!details.empty()) box.set_secondary_text(screenful(details, 1000, 20));
     box.get_message_area()->set_border_width(margin);
     for (Gtk::Widget* part : box.get_message_area()->get_children()) {

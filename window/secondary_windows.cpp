@@ -7,9 +7,18 @@
 #include "dialogs/about_dialog.h"
 #include "views/chess_board.h"
 #include "views/data_directory.h"
-#include "window/window_placement.h"
 
 namespace velmora {
+
+namespace {
+
+ScreenBox frame_of(const Glib::RefPtr<const Gdk::Window>& window) {
+    Gdk::Rectangle frame;
+    window->get_frame_extents(frame);
+    return {frame.get_x(), frame.get_y(), frame.get_width(), frame.get_height()};
+}
+
+}  // namespace
 
 SecondaryWindows::SecondaryWindows(Gtk::Window& main, ChessBoard& board, const std::array<Part, count>& parts,
                                    std::function<void()> refresh)
@@ -33,22 +42,34 @@ void SecondaryWindows::show(SecondaryWindow window, bool on) {
 }
 
 void SecondaryWindows::place(Gtk::Window& window, int index) {
-    // Windows that are open together don't hide each other's title.
+    // Where the screen has no room below the others, open windows shall at least not hide each other's title.
     constexpr int step = 90;
     const auto main_frame = m_main.get_window();
     if (!main_frame) return;
-    Gdk::Rectangle frame;
-    main_frame->get_frame_extents(frame);
     const auto monitor = main_frame->get_display()->get_monitor_at_window(main_frame);
     if (!monitor) return;
     Gdk::Rectangle area;
     monitor->get_workarea(area);
-    ScreenBox wanted{0, frame.get_y() + step * index, 0, 0};
+    const ScreenBox screen{area.get_x(), area.get_y(), area.get_width(), area.get_height()};
+    const ScreenBox main = frame_of(main_frame);
+    ScreenBox wanted{0, 0, 0, 0};
     window.get_default_size(wanted.width, wanted.height);
-    const auto placed =
-        place_beside({frame.get_x(), frame.get_y(), frame.get_width(), frame.get_height()}, wanted,
-                     {area.get_x(), area.get_y(), area.get_width(), area.get_height()});
+    const int title_height = main.height - m_main.get_height();
+    wanted.y = top_below(open_windows(), main.y, wanted.height + title_height, screen, main.y + step * index);
+    const ScreenBox placed = place_beside(main, wanted, screen);
     window.move(placed.x, placed.y);
+}
+
+/// The frames of the secondary windows that are shown.
+std::vector<ScreenBox> SecondaryWindows::open_windows() const {
+    std::vector<ScreenBox> open;
+    for (const Part& part : m_parts) {
+        const auto* const window = dynamic_cast<const Gtk::Window*>(part.widget);
+        if (window && window->get_visible() && window->get_window()) {
+            open.push_back(frame_of(window->get_window()));
+        }
+    }
+    return open;
 }
 
 void SecondaryWindows::hide_all() {

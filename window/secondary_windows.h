@@ -3,8 +3,11 @@
 #include <array>
 #include <cstddef>
 #include <functional>
+#include <vector>
 
 #include <gtkmm/window.h>
+
+#include "window/window_placement.h"
 
 namespace velmora {
 
@@ -41,6 +44,7 @@ public:
 
 private:
     void place(Gtk::Window& window, int index);
+    std::vector<ScreenBox> open_windows() const;
 
     Gtk::Window& m_main;
     ChessBoard& m_board;

@@ -21,4 +21,10 @@ ScreenBox place_beside(const ScreenBox& first, const ScreenBox& second, const Sc
     return placed;
 }
 
+int top_below(const std::vector<ScreenBox>& open, int top, int height, const ScreenBox& screen,
+              int otherwise) {
+    for (const ScreenBox& box : open) top = std::max(top, box.y + box.height);
+    return top + height <= screen.y + screen.height ? top : otherwise;
+}
+
 }  // namespace velmora

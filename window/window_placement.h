@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 namespace velmora {
 
 /// A rectangle on the screen, pixels from its upper left corner.
@@ -14,5 +16,10 @@ struct ScreenBox {
 /// Where a second window goes so that it covers the first one as little as the screen allows: to its right,
 /// to its left, or else at the edge on the wider side. Its height above the bottom of the screen is kept.
 ScreenBox place_beside(const ScreenBox& first, const ScreenBox& second, const ScreenBox& screen);
+
+/// The y at which a window of that height stands below all open ones, from `top` downwards; `otherwise` when
+/// the screen ends before.
+int top_below(const std::vector<ScreenBox>& open, int top, int height, const ScreenBox& screen,
+              int otherwise);
 
 }  // namespace velmora

@@ -22,5 +22,14 @@ TEST(WindowPlacement, CoversTheFirstWindowAsLittleAsTheScreenAllows) {
         EXPECT_EQ(place_beside(row.first, row.second, screen), row.expected) << row.name;
 }
 
+TEST(WindowPlacement, StacksOpenWindowsAsFarAsTheScreenGoes) {
+    const ScreenBox screen{0, 0, 1280, 1024};
+    const ScreenBox output{600, 0, 600, 330}, pgn{600, 330, 600, 430};
+    EXPECT_EQ(top_below({}, 20, 430, screen, 90), 20);
+    EXPECT_EQ(top_below({output}, 20, 430, screen, 90), 330);
+    EXPECT_EQ(top_below({pgn, output}, 20, 264, screen, 90), 760);
+    EXPECT_EQ(top_below({output, pgn}, 20, 265, screen, 90), 90);
+}
+
 }  // namespace
 }  // namespace velmora

@@ -23,6 +23,11 @@ export LSAN_OPTIONS=suppressions=$support/toolkit-leaks.supp:print_suppressions=
 
 dbus-run-session -- xvfb-run -a -s "-screen 0 1300x1420x24 -nolisten tcp" bash -c '
     openbox >/dev/null 2>&1 & manager=$!
-    for _ in $(seq 1000); do wmctrl -m >/dev/null 2>&1 && break; sleep 0.02; done
+    for _ in $(seq 500); do
+        wmctrl -m >/dev/null 2>&1 && break
+        kill -0 $manager 2>/dev/null || { openbox >/dev/null 2>&1 & manager=$!; }
+        sleep 0.04
+    done
+    wmctrl -m >/dev/null || { echo "no window manager runs" >&2; exit 1; }
     /usr/bin/python3 -W ignore::DeprecationWarning "$@"; code=$?
     kill $manager; exit $code' _ "$@"

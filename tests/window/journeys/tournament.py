@@ -53,6 +53,7 @@ class TournamentJourney(Journey):
         self.assertIn("participant Beta", program.read("tournaments/Velmora Battles.trn"))
         program.choose("Mode", "Tournament")
         program.wait_for_log("-----> round 1")
+        program.wait_for_log("-----> move", 12)
         program.screenshot("match")
         program.wait_for_log("-----> telluser tournament_finished", 1, 120)
         program.answer_message("tournament finished")
@@ -62,7 +63,9 @@ class TournamentJourney(Journey):
         wait_until(lambda: program.is_checked("Mode", "Human - human"), "the fall back to two people")
 
         program.choose("Tournament", "Load")
-        program.press_button("LOAD", program.dialog("Load Tournament"))
+        dialog = program.dialog("Load Tournament")
+        program.screenshot("tournament-list")
+        program.press_button("LOAD", dialog)
         program.wait_for_log("0 load_tournament", 2)
         program.choose("Mode", "Tournament")
         program.answer_message("tournament finished")
