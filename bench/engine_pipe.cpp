@@ -10,12 +10,12 @@
 #include <string>
 #include <string_view>
 #include <sys/resource.h>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
 #include <benchmark/benchmark.h>
 
+#include "bench/bare_engine.h"
 #include "channel/line_queue.h"
 #include "chess/position.h"
 #include "engine/engio.h"
@@ -27,14 +27,6 @@ using namespace velmora;
 using Clock = std::chrono::steady_clock;
 
 constexpr int burst = 1000000;
-
-void write_all(int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const auto count = ::write(fd, bytes.data(), bytes.size());
-        if (count <= 0) std::_Exit(1);
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-}
 
 void write_burst() {
     std::string block;
@@ -48,24 +40,14 @@ void write_burst() {
     write_all(STDOUT_FILENO, "done\n");
 }
 
-/// The child: answers "ping" by "pong", a "go" by a move and "burst" by a flood, reading as plainly as can
-/// be.
-int play_engine() {
-    std::string pending;
-    char buffer[4096];
-    for (;;) {
-        const auto count = ::read(STDIN_FILENO, buffer, sizeof buffer);
-        if (count <= 0) return 0;
-        pending.append(buffer, static_cast<std::size_t>(count));
-        for (std::size_t end = 0; (end = pending.find('\n')) != std::string::npos;
-             pending.erase(0, end + 1)) {
-            const std::string_view line = std::string_view(pending).substr(0, end);
-            if (line == "ping") write_all(STDOUT_FILENO, "pong\n");
-            if (line.starts_with("go ")) write_all(STDOUT_FILENO, "bestmove e2e4\n");
-            if (line == "burst") write_burst();
-            if (line == "quit") return 0;
-        }
-    }
+/// The child: answers "ping" by "pong", a "go" by a move and "burst" by a flood.
+void play_engine() {
+    answer_lines([](std::string_view line) {
+        if (line == "ping") write_all(STDOUT_FILENO, "pong\n");
+        if (line.starts_with("go ")) write_all(STDOUT_FILENO, "bestmove e2e4\n");
+        if (line == "burst") write_burst();
+        return line != "quit";
+    });
 }
 
 /// The referee's queue, which notes when a line has been put.
@@ -122,28 +104,13 @@ double seconds_since(Clock::time_point start, Clock::time_point end) {
 }
 
 void bare_pipe_round_trip(benchmark::State& state) {
-    int to_child[2];
-    int to_parent[2];
-    if (pipe(to_child) != 0 || pipe(to_parent) != 0) std::abort();
-    const pid_t child = fork();
-    if (child == 0) {
-        dup2(to_child[0], STDIN_FILENO);
-        dup2(to_parent[1], STDOUT_FILENO);
-        for (int fd : {to_child[0], to_child[1], to_parent[0], to_parent[1]}) close(fd);
-        std::_Exit(play_engine());
-    }
-    close(to_child[0]);
-    close(to_parent[1]);
-    char buffer[64];
+    BareEngine engine(play_engine);
     for (auto _ : state) {
         const auto start = Clock::now();
-        write_all(to_child[1], "ping\n");
-        if (::read(to_parent[0], buffer, sizeof buffer) <= 0) std::abort();
+        engine.send("ping\n");
+        engine.wait_for("pong");
         state.SetIterationTime(seconds_since(start, Clock::now()));
     }
-    close(to_child[1]);
-    close(to_parent[0]);
-    waitpid(child, nullptr, 0);
 }
 BENCHMARK(bare_pipe_round_trip)->UseManualTime();
 
@@ -194,7 +161,10 @@ BENCHMARK(burst_of_lines)->UseManualTime()->Iterations(5)->Unit(benchmark::kMill
 
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
-    if (std::getenv("VELMORA_BENCH_CHILD") != nullptr) return play_engine();
+    if (std::getenv("VELMORA_BENCH_CHILD") != nullptr) {
+        play_engine();
+        return 0;
+    }
     setenv("VELMORA_BENCH_CHILD", "1", 1);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

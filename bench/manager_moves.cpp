@@ -13,12 +13,12 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
 #include <benchmark/benchmark.h>
 
+#include "bench/bare_engine.h"
 #include "manager/manager.h"
 
 namespace {
@@ -35,33 +35,17 @@ const std::string go_text = "go depth 1";
 
 std::int64_t now_ns() { return Clock::now().time_since_epoch().count(); }
 
-void write_all(int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const auto count = ::write(fd, bytes.data(), bytes.size());
-        if (count <= 0) std::_Exit(1);
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-}
-
 /// Answers "go" at once by the time of its arrival and the move.
-int play_engine() {
-    std::string pending;
-    char buffer[4096];
-    for (;;) {
-        const auto count = ::read(STDIN_FILENO, buffer, sizeof buffer);
-        if (count <= 0) return 0;
-        pending.append(buffer, static_cast<std::size_t>(count));
-        for (std::size_t end = 0; (end = pending.find('\n')) != std::string::npos;
-             pending.erase(0, end + 1)) {
-            const std::string_view line = std::string_view(pending).substr(0, end);
-            if (line == "uci") write_all(STDOUT_FILENO, "id name Bench\nuciok\n");
-            if (line == "isready") write_all(STDOUT_FILENO, "readyok\n");
-            if (line == "quit") return 0;
-            if (!line.starts_with("go ")) continue;
+void play_engine() {
+    answer_lines([](std::string_view line) {
+        if (line == "uci") write_all(STDOUT_FILENO, "id name Bench\nuciok\n");
+        if (line == "isready") write_all(STDOUT_FILENO, "readyok\n");
+        if (line.starts_with("go ")) {
             write_all(STDOUT_FILENO,
                       "info string " + std::to_string(now_ns()) + "\nbestmove " + engine_move + "\n");
         }
-    }
+        return line != "quit";
+    });
 }
 
 /// The window's end: notes when the engine had its "go" and when its move has come.
@@ -125,35 +109,15 @@ void through_the_referee(benchmark::State& state) {
 BENCHMARK(through_the_referee)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 void bare_exchange(benchmark::State& state) {
-    int to_child[2];
-    int to_parent[2];
-    if (pipe(to_child) != 0 || pipe(to_parent) != 0) std::abort();
-    const pid_t child = fork();
-    if (child == 0) {
-        dup2(to_child[0], STDIN_FILENO);
-        dup2(to_parent[1], STDOUT_FILENO);
-        for (int fd : {to_child[0], to_child[1], to_parent[0], to_parent[1]}) close(fd);
-        std::_Exit(play_engine());
-    }
-    close(to_child[0]);
-    close(to_parent[1]);
+    BareEngine engine(play_engine);
     const std::string request = position_text + "\n" + go_text + "\n";
     for (auto _ : state) {
         std::this_thread::sleep_for(std::chrono::microseconds(200));
         const auto start = now_ns();
-        write_all(to_child[1], request);
-        std::string answer;
-        while (answer.find("bestmove") == std::string::npos || !answer.ends_with('\n')) {
-            char buffer[4096];
-            const auto count = ::read(to_parent[0], buffer, sizeof buffer);
-            if (count <= 0) std::abort();
-            answer.append(buffer, static_cast<std::size_t>(count));
-        }
+        engine.send(request);
+        engine.wait_for("bestmove");
         state.SetIterationTime(static_cast<double>(now_ns() - start) * 1e-9);
     }
-    close(to_child[1]);
-    close(to_parent[0]);
-    waitpid(child, nullptr, 0);
 }
 BENCHMARK(bare_exchange)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
@@ -161,7 +125,10 @@ BENCHMARK(bare_exchange)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
-    if (std::string_view(argv[0]).ends_with("bench-engine")) return play_engine();
+    if (std::string_view(argv[0]).ends_with("bench-engine")) {
+        play_engine();
+        return 0;
+    }
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

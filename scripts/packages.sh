@@ -12,7 +12,8 @@ test_packages=(
 check_packages=(git clang clang-format clang-tidy libclang-rt-14-dev valgrind)
 # dpkg-dev and file find the libraries that the program needs, librsvg2-bin draws the icons.
 package_packages=(dpkg-dev file librsvg2-bin)
-bench_packages=(libbenchmark-dev pgn-extract xvfb xauth)
+# The chess programs are those that the figures stand beside.
+bench_packages=(libbenchmark-dev libx11-dev stockfish pgn-extract xboard gnome-chess)
 
 # need_packages <package>...: installs what is missing, as root or by sudo; with neither it prints the one line
 # that is missing and ends the script.

@@ -246,10 +246,12 @@ TEST_F(GuiEngineTest, WritesLogAndTrace) {
                                           "~.~   engine <- go depth 1",  "~.~   engine -> bestmove e2e4 TS=~",
                                           "~.~   engine <- " + position, "~.~   engine <- go infinite",
                                           "~.~   engine <- stop",        "~.~   engine <- quit",
-                                          "~.~   engine <- uci",         "~.~   engine -> uciok",
-                                          "~.~   engine <- ucinewgame",  "~.~   engine <- isready",
-                                          "~.~   engine <- quit"};
-    EXPECT_EQ(masked(lines_of(read_file("engine1.log")), logged), logged);
+                                          "~.~   engine <- uci",         "~.~   engine <- ucinewgame",
+                                          "~.~   engine <- isready",     "~.~   engine <- quit"};
+    // Nobody waits for the answer to the second handshake: it may come anywhere.
+    auto lines = lines_of(read_file("engine1.log"));
+    std::erase_if(lines, [](const std::string& line) { return line.ends_with("engine -> uciok"); });
+    EXPECT_EQ(masked(lines, logged), logged);
 }
 
 TEST_F(GuiEngineTest, ACrashWhileThinkingIsSeenAndReloaded) {

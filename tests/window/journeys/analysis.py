@@ -41,8 +41,11 @@ class Analysis(Journey):
         program.load_engine(path, "uci")
         program.choose("Mode", "Analysis")
         program.wait_for_log("-----> white_info")
+        # The one that takes its place lives.
+        program.write("mortal.script", "until uci\nanswer uciok\nuntil go\nanswer info depth 2\n")
         program.play("e2e4", "e7e5")
         program.answer_message("crashed")
+        program.wait_for_log("white_info depth 2")
         program.play("g1f3")
         self.assertEqual(program.close(), 0)
 
