@@ -66,8 +66,8 @@ public:
 
     void send(std::string_view bytes) { write_all(m_to_child, bytes); }
 
-    /// Reads up to the end of the line that contains `word`.
-    void wait_for(std::string_view word) {
+    /// Reads up to the end of a line behind `word`; gives all that was read.
+    std::string wait_for(std::string_view word) {
         std::string answer;
         while (answer.find(word) == std::string::npos || !answer.ends_with('\n')) {
             char buffer[4096];
@@ -75,6 +75,7 @@ public:
             if (count <= 0) std::abort();
             answer.append(buffer, static_cast<std::size_t>(count));
         }
+        return answer;
     }
 
 private:

@@ -143,7 +143,11 @@ void BaseEngine::set_instance_id(std::uint64_t instance_id) {
     m_instance_id = instance_id;
 }
 
-void BaseEngine::send(const std::string& command) { m_engio->send(command); }
+void BaseEngine::send(std::string_view command) { m_engio->send(command); }
+
+void BaseEngine::send_together(std::initializer_list<std::string_view> commands) {
+    m_engio->send_lines(commands);
+}
 
 void BaseEngine::post(std::string_view line) const {
     if (m_manager == nullptr) return;

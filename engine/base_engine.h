@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstdint>
 #include <deque>
+#include <initializer_list>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -97,7 +98,9 @@ protected:
     EngineVariables& variables() { return *m_variables; }
     const EngineVariables& variables() const { return *m_variables; }
     Engio& engio() { return *m_engio; }
-    void send(const std::string& command);
+    void send(std::string_view command);
+    /// Several commands by one write.
+    void send_together(std::initializer_list<std::string_view> commands);
     /// Hands a line to the referee, behind the engine's number and its instance id.
     void post(std::string_view line) const;
     /// Writes "engine<id>" and the text to the trace, if that is wanted.

@@ -169,23 +169,27 @@ bool Engio::hand_over(const std::string& line) {
     return true;
 }
 
-void Engio::send(const std::string& text) {
-    if (text.empty()) return;
+void Engio::send_lines(std::initializer_list<std::string_view> lines) {
     const std::lock_guard lock(m_send_mutex);
-    if (is_alive()) write_line(text);
+    if (is_alive()) write_lines(lines);
 }
 
-void Engio::write_line(std::string_view text) {
-    if (text.size() > longest_command) {
-        log("   Engio::operator() command from interface too big   size=" + std::to_string(text.size()));
-        return;
+void Engio::write_lines(std::initializer_list<std::string_view> lines) {
+    std::string bytes;
+    for (const std::string_view line : lines) {
+        if (line.empty()) continue;
+        if (line.size() > longest_command) {
+            log("   Engio::operator() command from interface too big   size=" + std::to_string(line.size()));
+            continue;
+        }
+        log(std::string("   engine <- ").append(line));
+        bytes += line;
+        if (!line.ends_with('\n') && !line.ends_with('\r')) bytes += m_crlf ? "\r\n" : "\n";
     }
-    log(std::string("   engine <- ").append(text));
-    std::string line(text);
-    if (!line.ends_with('\n') && !line.ends_with('\r')) line += m_crlf ? "\r\n" : "\n";
+    if (bytes.empty()) return;
     // A crashed engine may still take its "quit", but is not waited for again.
     const auto wait = m_crashed_flag ? std::chrono::milliseconds(0) : patience;
-    if (write_all(m_child.stdin_fd(), line, wait)) return;
+    if (write_all(m_child.stdin_fd(), bytes, wait)) return;
     m_crashed_flag = true;
     m_wakeup->wake();
 }
@@ -197,7 +201,7 @@ void Engio::quit() {
     m_wakeup->wake();
     {
         const std::lock_guard lock(m_send_mutex);
-        write_line("quit");
+        write_lines({"quit"});
     }
     {
         std::unique_lock lock(m_reader_mutex);

@@ -20,10 +20,12 @@ void PlayingEngine::process_lines() {
 
 Move PlayingEngine::do_parse_move(const std::string& text) const { return m_position.convert_to_move(text); }
 
-std::string PlayingEngine::coordinates(const Move& move) const {
+bool PlayingEngine::is_chess960() const {
     const auto option = variables().options.find("UCI_Chess960");
-    return move.to_string(option != variables().options.end() && option->second.value == "true");
+    return option != variables().options.end() && option->second.value == "true";
 }
+
+std::string PlayingEngine::coordinates(const Move& move) const { return move.to_string(is_chess960()); }
 
 void PlayingEngine::start_search() {
     variables().clock.start_clock();

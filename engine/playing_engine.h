@@ -23,6 +23,8 @@ protected:
 
     Move do_parse_move(const std::string& text) const override;
 
+    /// Whether the engine was told to write castling as the king taking the rook.
+    bool is_chess960() const;
     /// The move in the coordinate form that this engine reads.
     std::string coordinates(const Move& move) const;
 

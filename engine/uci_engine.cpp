@@ -22,7 +22,11 @@ std::uint32_t arrival_stamp_of(std::string_view line) {
 
 std::string UciEngine::position_text() const {
     std::string text = "position fen " + m_position.start_fen() + " moves";
-    for (const Move& move : m_position.moves()) text += ' ' + coordinates(move);
+    const bool chess960 = is_chess960();
+    for (const Move& move : m_position.moves()) {
+        text += ' ';
+        text += move.to_string(chess960);
+    }
     return text;
 }
 
@@ -66,11 +70,9 @@ void UciEngine::do_go() {
         trace(" <- UciEngine::go()    stop");
     }
     const std::string position = position_text();
-    send(position);
-    send("isready");
-    trace(" <- UciEngine::go()    " + position);
     const std::string command = go_text();
-    send(command);
+    send_together({position, "isready", command});
+    trace(" <- UciEngine::go()    " + position);
     start_search();
     trace(" start_clock()  time=" + std::to_string(variables().clock.time_left()));
     trace(" <- UciEngine::go()    " + command);
@@ -87,9 +89,8 @@ bool UciEngine::ponder_hit() {
 
 void UciEngine::do_go_infinite() {
     const std::string position = position_text();
-    send(position);
+    send_together({position, "go infinite"});
     trace(" <- UciEngine::go_infinite()    " + position);
-    send("go infinite");
     variables().status = EngineStatus::thinking;
     trace(" <- UciEngine::go_infinite()    go infinite");
 }
@@ -103,9 +104,8 @@ void UciEngine::do_goponder() {
     if (variables().status != EngineStatus::idle) {
         throw std::logic_error("UciEngine::goponder() while engine not idle");
     }
-    send(position_text());
     // The clock numbers go out whatever the level's mode is, and also below 1.
-    send(time_text(Overstepped::as_it_is) + " ponder");
+    send_together({position_text(), time_text(Overstepped::as_it_is) + " ponder"});
     variables().status = EngineStatus::pondering;
 }
 
