@@ -75,6 +75,16 @@ void MessageDispatcher::process(const std::string& line) {
 // ---------------------------------------------------------------------------------------------------------------
 // A game as it is played
 
+/// Whether the referee may begin a game or say from which position: in a match always; against an engine,
+/// where it echoes the person's own "New game", until the first step in that game.
+bool MessageDispatcher::awaits_start() const {
+    if (m_screen.mode() == Mode::tournament) return true;
+    ChessPosition start;
+    start.new_game();
+    return m_screen.mode() == Mode::human_computer && m_desk.game.is_empty() &&
+           m_desk.position.fen() == start.fen();
+}
+
 void MessageDispatcher::attach_annotation(Side side) {
     // A node that was there already keeps its comment when the engine had nothing to say.
     if (!m_desk.annotation[side].empty()) m_desk.game.set_comment(m_desk.annotation[side]);
@@ -83,6 +93,7 @@ void MessageDispatcher::attach_annotation(Side side) {
 }
 
 void MessageDispatcher::play_move(Rest& rest) {
+    if (!awaits_move()) return;
     const std::string text(rest.word());
     std::optional<Move> move;
     try {
@@ -114,7 +125,7 @@ void MessageDispatcher::append_move_time(Rest& rest) {
 
 void MessageDispatcher::take_back(Rest& /*rest*/) {
     // The position may have been set by a FEN meanwhile; then there is no move to take back.
-    if (m_desk.position.moves().empty()) return;
+    if (!awaits_take_back() || m_desk.position.moves().empty()) return;
     m_comments.store();
     m_desk.position.undo_move();
     m_desk.game.back();
@@ -126,6 +137,7 @@ void MessageDispatcher::take_back(Rest& /*rest*/) {
 }
 
 void MessageDispatcher::set_board(Rest& rest) {
+    if (!awaits_start()) return;
     std::string fen;
     for (int field = 0; field < 4; ++field) {
         fen += rest.word();
@@ -144,6 +156,7 @@ void MessageDispatcher::set_board(Rest& rest) {
 }
 
 void MessageDispatcher::start_new_game(Rest& /*rest*/) {
+    if (!awaits_start()) return;
     m_desk.clocks_held = false;
     m_desk.selected.reset();
     m_desk.position.new_game();

@@ -12,6 +12,8 @@
 namespace velmora {
 
 /// Carries out the referee's lines on the desk and the screen: the table from first word to handler.
+///
+/// The board changes only where the mode lets the referee move it.
 class MessageDispatcher {
 public:
     MessageDispatcher(GameDesk& desk, Screen& screen, CommentKeeper& comments)
@@ -60,6 +62,12 @@ private:
     void finish_tournament(Rest& rest);
     void close(Rest& rest);
     void ignore(Rest&) {}
+
+    // Lines cross on their way: one that the referee wrote before it heard of the person's last step would
+    // set the board back, while the referee goes on to follow that step. Such lines are dropped.
+    bool awaits_move() const { return m_desk.engine_to_move(); }
+    bool awaits_take_back() const { return m_screen.mode() == Mode::learn_openings; }
+    bool awaits_start() const;
 
     void attach_annotation(Side side);
     std::string clean_name(Rest& rest);

@@ -53,6 +53,13 @@ protected:
     /// A drag on the board, past the delay in which a click after the start doesn't count.
     void drag(const char* from, const char* to) { moves.on_board(square(from), square(to)); }
 
+    /// Selects a mode in which the referee moves the men, and forgets what that brought about.
+    void select(Mode mode) {
+        screen.select_mode(mode);
+        referee.take();
+        screen.calls.clear();
+    }
+
     std::filesystem::path m_home;
     std::filesystem::path m_before;
 
@@ -85,6 +92,7 @@ TEST_F(DeskTest, EveryPrescribedWordHasAHandlerAndNoOther) {
 }
 
 TEST_F(DeskTest, AnEngineMoveCarriesItsAnnotationAndStartsTheOtherClock) {
+    select(Mode::tournament);
     lines({"white_info  depth 5 score cp 20", "white_info  currmove e2e4 currmovenumber 1", "move e2e4"});
     EXPECT_EQ(desk.position.fen(), after_e4);
     EXPECT_EQ(desk.game.comment(), "[%eval 0.2][%depth 5]");
@@ -97,20 +105,46 @@ TEST_F(DeskTest, AnEngineMoveCarriesItsAnnotationAndStartsTheOtherClock) {
 }
 
 TEST_F(DeskTest, AMoveThatDoesNotFitChangesNothing) {
+    select(Mode::tournament);
     lines({"move e2e5", "move", "move xyz", "move e7e5"});
     EXPECT_EQ(desk.position.moves().size(), 0U);
     EXPECT_TRUE(desk.game.is_empty());
 }
 
+TEST_F(DeskTest, LinesThatCrossedAStepOfThePersonAreDropped) {
+    // Each fits the board that is shown, but the referee has the person's step still to come.
+    select(Mode::human_computer);
+    drag("e2", "e4");
+    navigation.to_start();
+    const auto shown = desk.position.fen();
+    lines({"move d2d4", "setboard 4k3/8/8/8/8/8/8/4KR2 b - - 0 1", "takeback", "new"});
+    EXPECT_EQ(desk.position.fen(), shown);
+    EXPECT_FALSE(desk.game.is_empty());
+    // The echo of a new game in which the person has moved already.
+    engine_loaded = true;
+    lines({"engine1name Some Engine"});
+    modes.new_game();
+    desk.set_engine_plays(false, true);
+    drag("d2", "d4");
+    lines({"new"});
+    EXPECT_EQ(desk.position.moves_text(), "d2d4");
+    lines({"move d7d5"});
+    EXPECT_EQ(desk.position.moves_text(), "d2d4 d7d5");
+}
+
 TEST_F(DeskTest, AnEmptyAnnotationLeavesACommentAlone) {
+    select(Mode::tournament);
     lines({"move e2e4"});
     screen.comment = "mine";
+    select(Mode::human_human);
     navigation.back();
+    select(Mode::tournament);
     lines({"move e2e4"});
     EXPECT_EQ(desk.game.comment(), "mine");
 }
 
 TEST_F(DeskTest, TheClockOfASetBoardIsThatOfTheSideNotToMove) {
+    select(Mode::tournament);
     lines({"setboard 4k3/8/8/8/8/8/8/4K2R w K - 17 40"});
     EXPECT_EQ(desk.position.fen(), "4k3/8/8/8/8/8/8/4K2R w K - 0 1");
     EXPECT_EQ(desk.game.tag("SetUp"), "1");
@@ -119,12 +153,15 @@ TEST_F(DeskTest, TheClockOfASetBoardIsThatOfTheSideNotToMove) {
 }
 
 TEST_F(DeskTest, TakingBackGoesNoFurtherThanTheStart) {
-    lines({"move e2e4", "takeback", "takeback"});
+    select(Mode::learn_openings);
+    drag("e2", "e4");
+    lines({"takeback", "takeback"});
     EXPECT_EQ(desk.position.fen(), ChessPosition(desk.position).start_fen());
     EXPECT_EQ(desk.game.current(), 0);
 }
 
 TEST_F(DeskTest, AFinishedGameIsArchivedWithNamesTimeControlAndEnding) {
+    select(Mode::tournament);
     lines({"level sessions 40 5 2", "whitename  A \"quoted\" name ", "blackname", "WhiteElo 2600",
            "move f2f3", "move e7e5", "move g2g4", "move d8h4", "0-1 {Black mates}"});
     EXPECT_THAT(screen.calls, Contains("title A \"quoted\" name  ???"));
@@ -145,6 +182,7 @@ TEST_F(DeskTest, AFinishedGameIsArchivedWithNamesTimeControlAndEnding) {
 }
 
 TEST_F(DeskTest, NewGivesTheDefaultTextsWhateverTheTournamentWasCalled) {
+    select(Mode::tournament);
     lines({"event  Big one", "site  Here", "round 3.2", "white_info score cp 5"});
     EXPECT_EQ(desk.game.tag("Event"), "Big one");
     EXPECT_EQ(desk.game.tag("Round"), "3.2");
@@ -207,6 +245,7 @@ TEST_F(DeskTest, WhatEachModeSends) {
 }
 
 TEST_F(DeskTest, NewGameGoesAgainstTheEngineOnlyWhenThereIsOne) {
+    select(Mode::tournament);
     desk.engine1_name = "???";
     modes.new_game();
     EXPECT_EQ(screen.mode(), Mode::human_human);
