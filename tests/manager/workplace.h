@@ -8,6 +8,7 @@
 #include <sstream>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include <glib.h>
 
@@ -65,14 +66,21 @@ public:
     /// What an engine has been sent.
     std::string sent_to(const std::string& name) const { return read(name + ".sent"); }
 
-    /// Ends an engine's process from outside.
-    void kill_engine(const std::string& name) const {
+    /// The processes of an engine.
+    std::vector<int> processes_of(const std::string& name) const {
         const std::string program = path(name + ".engine");
+        std::vector<int> found;
         for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
             std::string command;
             std::getline(std::ifstream(entry.path() / "cmdline"), command, '\0');
-            if (command == program) ::kill(std::stoi(entry.path().filename()), SIGKILL);
+            if (command == program) found.push_back(std::stoi(entry.path().filename()));
         }
+        return found;
+    }
+
+    /// Ends an engine's process from outside.
+    void kill_engine(const std::string& name) const {
+        for (const int process : processes_of(name)) ::kill(process, SIGKILL);
     }
 
     /// Waits until `holds`, for half a minute at most; what then doesn't hold is seen by the test.

@@ -455,12 +455,19 @@ void Monkey::use(Gtk::Widget& widget) {
 // ---------------------------------------------------------------------------------------------------------------
 // The two positions
 
+/// Whether the engine that the window names has a process.
+bool Monkey::is_seated() const {
+    return !m_place.processes_of(m_window.desk().engine1_name == "Alpha" ? "alpha" : "gamma").empty();
+}
+
 /// Sees to an engine that speaks UCI and a mode in which the referee tells it its position, one step a call;
 /// true when all is there.
 bool Monkey::is_ready_to_compare() {
     const GameDesk& desk = m_window.desk();
     const Mode mode = m_window.actions().mode();
-    if (desk.engine1_name != "Alpha" && desk.engine1_name != "Gamma") {
+    const bool speaks_uci = desk.engine1_name == "Alpha" || desk.engine1_name == "Gamma";
+    // A match that is over before it has begun leaves the seat empty and the name standing.
+    if (!speaks_uci || (m_mark.empty() && !is_seated())) {
         if (!std::exchange(m_wants_alpha, true)) {
             m_place.write("engines.cfg", m_engines);  // it may have been uninstalled
             activate("Load installed engine...");
@@ -516,7 +523,7 @@ void Monkey::begin_comparison() {
         return;
     }
     const GameDesk& desk = m_window.desk();
-    if (desk.engine_to_move() || !is_quiet()) {
+    if (desk.engine_to_move() || !is_quiet() || !is_seated()) {
         if (--m_patience < 0) m_compares = false;
         return;
     }

@@ -81,6 +81,7 @@ private:
     void kill_engines();
     void restart_the_logs();
 
+    bool is_seated() const;
     bool is_ready_to_compare();
     bool is_quiet();
     void load_alpha(Gtk::Window& dialog);
