@@ -146,8 +146,16 @@ std::size_t PgnTokenizer::read_tag(std::size_t at) {
     // The place counts from the bracket and leaves out blanks ahead of the name: "[ White "x"]" has the value
     // "e ". Games with such tags read as they always did.
     auto begin = find(at + 1 + name_size, is_no_blank);
-    // One quote at most: of an empty value, the second one is its end.
-    if (begin < m_text.size() && m_text[begin] == '"') begin = find(begin + 1, is_no_blank);
+    // Some programs quote a nickname twice, [White ""Deep""]; but of an empty value the second quote is its
+    // end.
+    const auto is_empty_value = [&](std::size_t quote) {
+        const auto behind = find(quote + 1, is_no_blank);
+        return behind < m_text.size() && m_text[behind] == ']';
+    };
+    for (int quotes = 0; begin < m_text.size() && m_text[begin] == '"'; ++quotes) {
+        if (quotes > 0 && is_empty_value(begin)) break;
+        begin = find(begin + 1, is_no_blank);
+    }
     auto end = std::min(m_text.find('"', begin), m_text.size());
     while (end < m_text.size() && m_text[end - 1] == '\\')
         end = std::min(m_text.find('"', end + 1), m_text.size());

@@ -55,6 +55,7 @@ TEST(PgnTokenizer, CutsTexts) {
         {"[White \"A B\"]", "[|N:White|V:A B|]"},
         {"[White \"a \\\"b\\\" c\"]", "[|N:White|V:a \\\"b\\\" c|]"},
         {"[WhiteElo \"\"]\n[Black \"y\"]", "[|N:WhiteElo|V:|]|[|N:Black|V:y|]"},
+        {"[White \"\"Deep\" X\"]", "[|N:White|V:Deep|S:X|]"},
         // The value is looked for too far ahead when blanks stand before the name.
         {"[ White \"x\"]", "[|N:White|V:e |S:x|]"},
         {"[White \"open", "[|N:White|V:open"},
