@@ -23,6 +23,8 @@ public:
     }
 
     void clear() { m_size = 0; }
+    /// REQUIRES: !empty().
+    void drop_back() { --m_size; }
     std::size_t size() const { return m_size; }
     bool empty() const { return m_size == 0; }
 

@@ -32,6 +32,7 @@ void MoveSection::load(std::span<const MoveToken> tokens) {
     for (const auto& token : tokens) {
         if (!read_token(token)) break;
     }
+    drop_number_without_move();
     // Once for the whole game, also when the tokens ended inside a variation.
     link_and_number();
 }
@@ -133,7 +134,19 @@ void MoveSection::close_variation() {
     m_lines.pop_back();
 }
 
+/// Many programs write the number of the move that wasn't played any more: "34. 1-0". A comment that stands
+/// there belongs to the end of the game.
+void MoveSection::drop_number_without_move() {
+    const auto& number = m_elements.back();
+    if (!is_opened_by_number(number)) return;
+    auto& last_move = m_elements[static_cast<std::size_t>(number.pid)];
+    if (!number.comment.empty()) last_move.comment += (last_move.comment.empty() ? "" : " ") + number.comment;
+    m_lines.back().current = number.pid;
+    m_elements.drop_back();
+}
+
 void MoveSection::add_result(std::string_view result) {
+    drop_number_without_move();
     const bool at_start = m_elements.back().type == ElementType::start_game;
     if (!at_start && result == "*") return;
     auto& element = append(at_start ? 0 : m_lines.back().current);

@@ -51,6 +51,7 @@ private:
     void open_variation();
     void close_variation();
     void add_result(std::string_view result);
+    void drop_number_without_move();
     MoveSectionElement& append(std::int32_t pid);
     MoveSectionElement& append_move();
     std::int32_t answering_color(std::int32_t pid) const;

@@ -88,7 +88,7 @@ TEST(Game, StopsAheadOfMovesThatCannotBeMade) {
         {"1. e4 e5 2. e5", "e2e4 e7e5", "illegal move \"e5\""},
         {"1. e4 f6 2. Nf3 g5 3. Qh5", "e2e4 f7f6 g1f3 g7g5", "no moving piece found"},
         {"1. e4 e6 2. d4 Bb4 3. Nf3", "e2e4 e7e6 d2d4 f8b4", "illegal move \"Nf3\""},  // leaves the check
-        {"1. e4 2.", "e2e4", "move without text"},
+        {"1. e4 2. (2. d4)", "e2e4", "move without text"},
         {"1. e4 e5 2. Bb5 Nc6 3. O-O", "e2e4 e7e5 f1b5 b8c6", "illegal move \"O-O\""},
     };
     for (const auto& row : rows) {
@@ -185,6 +185,7 @@ TEST(Game, StartsFromFen) {
     Game game;
     game.set_tag("FEN", black_to_move);
     EXPECT_EQ(game.fen(), black_to_move);
+    EXPECT_EQ(movetext(game), " *\n\n") << "a number without a move would read as one";
     play(game, {"d5", "d4"});
     EXPECT_EQ(movetext(game), "1... d5 2.d4 *\n\n") << "the number is not taken over";
     EXPECT_EQ(game.to_start(), black_to_move);

@@ -42,7 +42,7 @@ TEST(Movetext, Prints) {
         {"the doubled number", 1, "e4 {c} e5 (c5)", "1.e4 {c} 1...e5 ( 1... 1...c5) *"},
         {"alternatives to the first move are not printed", 1, "e4 (d4 d5) e5", "1.e4 e5 *"},
         {"result within a variation", 1, "e4 e5 (c5 0-1", "1.e4 e5 ( 1... c5 0-1) *"},
-        {"move without text", 1, "1. e4 2.", "1.e4  *"},
+        {"a number without its move", 1, "1. e4 2.", "1.e4 *"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(tree_of(row.text, row.color, row.color == 1 ? 1 : 12).movetext(), row.printed) << row.name;
