@@ -15,6 +15,10 @@ package_packages=(dpkg-dev file librsvg2-bin)
 # The chess programs are those that the figures stand beside.
 bench_packages=(libbenchmark-dev libx11-dev stockfish pgn-extract xboard gnome-chess)
 
+# Its lessons and puzzles are 1300 games with starts, variations and comments. Only these files are wanted: installed, it
+# would bring an endgame library, a database and much of a desktop along.
+games_package=pychess
+
 # need_packages <package>...: installs what is missing, as root or by sudo; with neither it prints the one line
 # that is missing and ends the script.
 need_packages() {
@@ -37,4 +41,20 @@ need_packages() {
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq >&2
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+}
+
+# fetch_games <directory>: unpacks the games of games_package there, once; the tests that read them are skipped when
+# it can't be had.
+fetch_games() {
+    [ ! -d "$1" ] || return 0
+    local unpacked
+    unpacked=$(mktemp -d)
+    if (cd "$unpacked" && apt-get -qq -o APT::Sandbox::User=root download "$games_package" &&
+        dpkg-deb -x "$games_package"_*.deb .) >&2; then
+        mkdir -p "$1"
+        find "$unpacked/usr/share" -name '*.pgn' -exec cp {} "$1" \;
+    else
+        echo "The games of $games_package can't be had; tests that read them are skipped." >&2
+    fi
+    rm -rf "$unpacked"
 }
