@@ -39,6 +39,13 @@ NumberedList::NumberedList(const NumberedColumns& columns, std::vector<TextColum
                const Gtk::TreeModel::iterator& row) { return is_mismatch(key, row); });
     m_view.signal_row_activated().connect(
         [this](const Gtk::TreeModel::Path&, Gtk::TreeViewColumn*) { m_answered.emit(); });
+    m_view.signal_cursor_changed().connect([this] { m_must_show_selected = true; });
+    m_view.signal_draw().connect(
+        [this](const Cairo::RefPtr<Cairo::Context>&) {
+            if (m_must_show_selected && shows_selected()) m_must_show_selected = false;
+            return false;
+        },
+        false);
     set_policy(Gtk::POLICY_AUTOMATIC, Gtk::POLICY_AUTOMATIC);
     set_shadow_type(Gtk::SHADOW_IN);
     add(m_view);
@@ -100,12 +107,23 @@ void NumberedList::finish_bulk() {
 
 void NumberedList::show_store(const Glib::RefPtr<Gtk::ListStore>& store) {
     const auto row = selected();
+    // Where the list stands tells nothing while it is on its way to the row that was just selected: the new
+    // model would end that.
+    const bool must_show_selected = m_must_show_selected;
     Gtk::TreeModel::Path first_visible, last_visible;
     const bool scrolled = m_view.get_visible_range(first_visible, last_visible);
     m_view.set_model(store);
     m_view.set_search_column(m_texts.front().column);  // a new model makes it the first one
     if (row) m_view.set_cursor(Gtk::TreeModel::Path(std::to_string(*row)));
-    if (scrolled) m_view.scroll_to_row(first_visible, 0);
+    if (scrolled && !must_show_selected) m_view.scroll_to_row(first_visible, 0);
+    m_must_show_selected = must_show_selected;
+}
+
+bool NumberedList::shows_selected() {
+    const auto row = selected();
+    Gtk::TreeModel::Path first, last;
+    if (!row || !m_view.get_visible_range(first, last)) return false;
+    return static_cast<std::size_t>(first[0]) <= *row && *row <= static_cast<std::size_t>(last[0]);
 }
 
 void NumberedList::clear() {

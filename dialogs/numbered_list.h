@@ -63,6 +63,7 @@ private:
     void add_column(const Gtk::TreeModelColumnBase& model_column, const char* title, int width_chars,
                     bool takes_spare_width, float alignment);
     void show_store(const Glib::RefPtr<Gtk::ListStore>& store);
+    bool shows_selected();
     bool is_mismatch(const Glib::ustring& key, const Gtk::TreeModel::iterator& row) const;
 
     const Gtk::TreeModelColumn<int> m_number;
@@ -72,6 +73,7 @@ private:
     Gtk::TreeView m_view;
     std::size_t m_size = 0;
     bool m_in_bulk = false;
+    bool m_must_show_selected = false;  // it was selected, but not drawn since
     sigc::signal<void> m_answered;
 };
 

@@ -174,27 +174,41 @@ TEST_F(ChoosersTest, ListsTheLinesOfAFileOfPositions) {
 
 TEST_F(ChoosersTest, ALongFileIsListedToItsEnd) {
     static constexpr std::size_t lines = 50'000;
+    static const Gtk::TreeModel::Path row_60("60");
     std::string text;
     for (std::size_t i = 1; i <= lines; ++i) text += start_fen + " id \"" + std::to_string(i) + "\";\n";
     const std::string path = write("long.fen", text);
-    FenList list;
-    std::string fen;
-    const auto the_last = [](Gtk::Dialog& dialog) {
-        Gtk::TreeView& view = list_in(dialog);
-        view.set_cursor(Gtk::TreeModel::Path("60"));
-        wait_for_rows(view, lines);
-        EXPECT_TRUE(gui::pump_until([&] {
-            auto* label = gui::find_labelled<Gtk::Label>(dialog, "50\u202F000 positions");
-            auto* bar = gui::find_widget<Gtk::ProgressBar>(dialog);
-            return label && bar && bar->get_opacity() == 0;
-        }));
-        EXPECT_TRUE(view.get_selection()->is_selected(Gtk::TreeModel::Path("60")))
-            << "filling leaves the selection alone";
-        view.set_cursor(Gtk::TreeModel::Path(std::to_string(lines - 1)));
-        press(dialog, "OK");
-    };
-    EXPECT_EQ(answering(the_last, [&] { return list.choose_position(m_parent, path, fen); }), int(lines));
-    EXPECT_EQ(fen, start_fen + " id \"50000\";");
+    for (const bool selects : {true, false}) {
+        FenList list;
+        std::string fen;
+        const auto the_last = [&](Gtk::Dialog& dialog) {
+            Gtk::TreeView& view = list_in(dialog);
+            const auto sees_row_60 = [&] {
+                Gtk::TreeModel::Path first, last;
+                return view.get_visible_range(first, last) && first <= row_60 && row_60 <= last;
+            };
+            if (selects) {
+                view.set_cursor(row_60);  // the list fills while it scrolls there
+            } else {
+                gui::pump_pending();  // a user scrolls what has been drawn
+                view.scroll_to_row(row_60, 0);
+                EXPECT_TRUE(gui::pump_until(sees_row_60));
+            }
+            wait_for_rows(view, lines);
+            EXPECT_TRUE(gui::pump_until([&] {
+                auto* label = gui::find_labelled<Gtk::Label>(dialog, "50\u202F000 positions");
+                auto* bar = gui::find_widget<Gtk::ProgressBar>(dialog);
+                return label && bar && bar->get_opacity() == 0;
+            }));
+            EXPECT_TRUE(view.get_selection()->is_selected(selects ? row_60 : Gtk::TreeModel::Path("0")))
+                << "filling leaves the selection alone";
+            EXPECT_TRUE(gui::pump_until(sees_row_60)) << "and what is on the screen";
+            view.set_cursor(Gtk::TreeModel::Path(std::to_string(lines - 1)));
+            press(dialog, "OK");
+        };
+        EXPECT_EQ(answering(the_last, [&] { return list.choose_position(m_parent, path, fen); }), int(lines));
+        EXPECT_EQ(fen, start_fen + " id \"50000\";");
+    }
 }
 
 /// A file without end.
