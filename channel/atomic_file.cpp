@@ -43,6 +43,16 @@ std::optional<mode_t> permissions_of_old(const std::string& path) {
     return status.st_mode & 07777;
 }
 
+/// Writes the whole text; gives 0, or the reason why it could not.
+int write_all(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = ::write(descriptor, text.data(), text.size());
+        if (written < 0 && errno != EINTR) return errno;
+        if (written > 0) text.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return 0;
+}
+
 /// An open file in the directory of the target, removed when it goes out of scope without a rename.
 class Neighbour {
 public:
@@ -70,11 +80,7 @@ public:
     }
 
     void write(std::string_view text) {
-        while (!text.empty()) {
-            const ssize_t written = ::write(m_descriptor, text.data(), text.size());
-            if (written < 0 && errno != EINTR) fail(m_target, errno);
-            if (written > 0) text.remove_prefix(static_cast<std::size_t>(written));
-        }
+        if (const int error = write_all(m_descriptor, text); error != 0) fail(m_target, error);
     }
 
     /// Forces the text to the disk and gives the file its final name.
@@ -102,6 +108,23 @@ void write_file_atomically(const std::string& path, std::string_view text) {
     if (permissions) neighbour.set_permissions(*permissions);
     neighbour.write(text);
     neighbour.move_into_place();
+}
+
+void append_to_file(const std::string& path, std::string_view text) {
+    // A pipe that nobody reads refuses to open instead of making everybody wait.
+    constexpr int flags = O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK;
+    int descriptor = ::open(path.c_str(), flags | O_CREAT | O_EXCL, 0666);
+    const bool is_new = descriptor >= 0;
+    if (!is_new && errno == EEXIST) descriptor = ::open(path.c_str(), flags | O_CREAT, 0666);
+    if (descriptor < 0) fail(path, errno);
+
+    struct stat before {};
+    int error = ::fstat(descriptor, &before) != 0 ? errno : write_all(descriptor, text);
+    const bool torn = error != 0 && S_ISREG(before.st_mode) && ::ftruncate(descriptor, before.st_size) != 0;
+    if (::close(descriptor) != 0 && error == 0) error = errno;
+    if (error == 0) return;
+    if (is_new) ::unlink(path.c_str());
+    fail(torn ? path + " (a part was written)" : path, error);
 }
 
 }  // namespace velmora

@@ -13,4 +13,9 @@ namespace velmora {
 /// Refuses what is no plain file (a directory, a device) and a file that may not be written.
 void write_file_atomically(const std::string& path, std::string_view text);
 
+/// Adds `text` to the end of the file `path`, which is made when it isn't there.
+///
+/// Throws std::runtime_error with the path and the system's reason; then the file is as it was.
+void append_to_file(const std::string& path, std::string_view text);
+
 }  // namespace velmora

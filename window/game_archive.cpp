@@ -1,18 +1,18 @@
 #include "window/game_archive.h"
 
-#include <cerrno>
-#include <cstring>
-#include <fstream>
+#include <stdexcept>
+
+#include "channel/atomic_file.h"
 
 namespace velmora {
 
 std::optional<std::string> GameArchive::append(const std::string& pgn) const {
-    errno = 0;
-    std::ofstream file(m_path, std::ios::app);
-    file << pgn;
-    file.close();
-    if (file) return std::nullopt;
-    return m_path + ": " + (errno != 0 ? std::strerror(errno) : "can't be written");
+    try {
+        append_to_file(m_path, pgn);
+        return std::nullopt;
+    } catch (const std::runtime_error& error) {
+        return error.what();
+    }
 }
 
 }  // namespace velmora

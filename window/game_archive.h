@@ -11,7 +11,8 @@ class GameArchive {
 public:
     explicit GameArchive(std::string path) : m_path(std::move(path)) {}
 
-    /// Appends the text of one game. Gives the reason when it could not be written.
+    /// Appends the text of one game. Gives the file and the reason when it could not be written; the file is
+    /// then as it was.
     std::optional<std::string> append(const std::string& pgn) const;
 
     const std::string& path() const { return m_path; }

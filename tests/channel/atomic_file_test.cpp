@@ -32,7 +32,7 @@ protected:
     /// The reason without the path ahead of it, empty when the write succeeds.
     std::string failure(const std::string& name, std::string_view text) const {
         try {
-            write_file_atomically(path(name), text);
+            m_write(path(name), text);
         } catch (const std::runtime_error& error) {
             EXPECT_TRUE(std::string(error.what()).starts_with(path(name) + ": ")) << error.what();
             return std::string(error.what()).substr(path(name).size() + 2);
@@ -44,6 +44,7 @@ protected:
     }
 
     fs::path m_directory;
+    void (*m_write)(const std::string& path, std::string_view text) = write_file_atomically;
 };
 
 TEST_F(AtomicFileTest, MakesAndReplacesAFileAndKeepsItsPermissions) {
@@ -80,6 +81,23 @@ TEST_F(AtomicFileTest, NamesTheReasonAndLeavesNothingBehind) {
     EXPECT_EQ(failure(std::string(255, 'n'), "text"), "") << "the longest name that a file can have";
 }
 
+TEST_F(AtomicFileTest, AppendsAndNamesTheReason) {
+    m_write = append_to_file;
+    for (const char* line : {"one\n", "two\n"}) EXPECT_EQ(failure("x", line), "");
+    EXPECT_EQ(content("x"), "one\ntwo\n");
+    fs::create_symlink("far", path("link"));
+    EXPECT_EQ(failure("link", "text"), "");
+    EXPECT_EQ(content("far"), "text");
+    fs::create_directory(path("directory"));
+    ::mkfifo(path("pipe").c_str(), 0600);
+    fs::create_symlink("/dev/full", path("full"));
+    const std::pair<const char*, const char*> rows[] = {{"missing/x", "No such file or directory"},
+                                                        {"directory", "Is a directory"},
+                                                        {"pipe", "No such device or address"},
+                                                        {"full", "No space left on device"}};
+    for (const auto& [name, reason] : rows) EXPECT_EQ(failure(name, "text"), reason) << name;
+}
+
 TEST_F(AtomicFileTest, ADiskThatIsFullLeavesTheOldFileWhole) {
     write_file_atomically(path("x"), "old");
     // A limit on the size of files stands for the full disk: the write is cut short, then refused.
@@ -88,10 +106,14 @@ TEST_F(AtomicFileTest, ADiskThatIsFullLeavesTheOldFileWhole) {
     ::getrlimit(RLIMIT_FSIZE, &limit);
     const rlimit small{4096, limit.rlim_max};
     ::setrlimit(RLIMIT_FSIZE, &small);
-    const std::string reason = failure("x", std::string(10000, 'n'));
+    std::string reasons;
+    for (const auto write : {write_file_atomically, append_to_file}) {
+        m_write = write;
+        for (const char* name : {"x", "new"}) reasons += failure(name, std::string(10000, 'n')) + ". ";
+    }
     ::setrlimit(RLIMIT_FSIZE, &limit);
     std::signal(SIGXFSZ, old_handler);
-    EXPECT_EQ(reason, "File too large");
+    EXPECT_EQ(reasons, "File too large. File too large. File too large. File too large. ");
     EXPECT_EQ(content("x"), "old");
     EXPECT_EQ(entries(), 1);
 }
