@@ -6,6 +6,7 @@
 
 #include "dialogs/install_dialog.h"
 #include "dialogs/installed_list.h"
+#include "dialogs/option_lists.h"
 #include "dialogs/options_dialog.h"
 #include "dialogs/protocol_dialog.h"
 #include "dialogs/time_control_dialog.h"
@@ -49,7 +50,6 @@ void EngineFlows::load() {
     if (path.empty()) return;
     const auto protocol = choose_protocol(m_parent);
     if (!protocol) return;
-    m_engine_file = path;
     send_load("load " + std::to_string(*protocol) + " filename " + path);
 }
 
@@ -91,8 +91,7 @@ void EngineFlows::edit_options() {
         m_screen.tell_user("No_engine_found", "use menu 'Engine' to load an engine'");
         return;
     }
-    std::vector<Option> before;
-    for (const auto& [name, option] : engine.options) before.push_back(option);
+    const std::vector<Option> before = option_lists::for_dialog(engine.options);
     std::vector<Option> after = before;
     try {
         OptionsDialog("Set Options", m_parent, after).run();
@@ -100,9 +99,8 @@ void EngineFlows::edit_options() {
         m_screen.tell_user("The options can't be shown", error.what());
         return;
     }
-    for (std::size_t i = 0; i < before.size(); ++i) {
-        if (after[i].value == before[i].value && after[i].name == before[i].name) continue;
-        m_manager.send("setoption name " + after[i].name + " value " + after[i].value);
+    for (const Option& option : option_lists::changed(before, after)) {
+        m_manager.send("setoption name " + option.name + " value " + option.value);
     }
 }
 

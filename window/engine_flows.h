@@ -29,7 +29,6 @@ public:
     void edit_options();
 
 private:
-    bool has_engine() const;
     void send_load(const std::string& command);
 
     Gtk::Window& m_parent;
@@ -38,7 +37,6 @@ private:
     ManagerLink& m_manager;
     FileChooser& m_chooser;
     const std::function<EngineVariables()> m_engine_variables;
-    std::string m_engine_file;  // chosen last
 };
 
 }  // namespace velmora

@@ -66,8 +66,10 @@ std::string FileChooser::choose(FileKind kind) {
     std::string& folder = kind == FileKind::engine ? m_engine_folder : m_folder;
     dialog.set_current_folder(folder.empty() ? Glib::get_current_dir() : folder);
     if (dialog.run() != Gtk::RESPONSE_ACCEPT) return {};
-    folder = dialog.get_current_folder();
-    return dialog.get_filename();
+    // Not the dialog's folder: it has none while it lists the files used last.
+    const std::string path = dialog.get_filename();
+    folder = Glib::path_get_dirname(path);
+    return path;
 }
 
 }  // namespace velmora

@@ -1,12 +1,13 @@
 #include "window/file_flows.h"
 
-#include <fstream>
+#include <algorithm>
 #include <iostream>
 #include <stdexcept>
 
 #include "channel/atomic_file.h"
 #include "dialogs/fen_list.h"
 #include "dialogs/game_list.h"
+#include "dialogs/position_lines.h"
 #include "game/game_tags.h"
 #include "game/pgn_error.h"
 #include "game/pgn_file.h"
@@ -15,6 +16,12 @@
 #include "window/position_line.h"
 
 namespace velmora {
+
+namespace {
+
+constexpr std::size_t first_position = 1;
+
+}  // namespace
 
 // ---------------------------------------------------------------------------------------------------------------
 // Games
@@ -86,19 +93,20 @@ void FileFlows::load_position_from(const std::string& path) {
 void FileFlows::load_next_position() { step_to_position(m_position_index + 1); }
 
 void FileFlows::load_previous_position() {
-    if (m_position_index > 1) step_to_position(m_position_index - 1);
+    step_to_position(std::max(m_position_index, first_position + 1) - 1);
 }
 
-bool FileFlows::step_to_position(std::size_t index) {
-    if (m_position_file.empty() || m_screen.mode() == Mode::tournament) return false;
+void FileFlows::step_to_position(std::size_t index) {
+    if (m_position_file.empty() || m_screen.mode() == Mode::tournament) return;
     m_screen.select_mode(Mode::human_human);
-    std::ifstream file(m_position_file);
-    const auto line = position_line(file, index);
-    // The last line stays the current one.
-    if (!line) return false;
+    PositionLines lines(m_position_file);
+    std::string line;
+    for (std::size_t number = first_position; number <= index; ++number) {
+        // The last line stays the current one.
+        if (!lines.next(line)) return;
+    }
     m_position_index = index;
-    set_up(*line);
-    return true;
+    set_up(line);
 }
 
 void FileFlows::set_up(const std::string& line) {

@@ -44,7 +44,7 @@ private:
     void load_game_from(const std::string& path);
     void load_position_from(const std::string& path);
     void use_polyglot_book(const std::string& path);
-    bool step_to_position(std::size_t index);
+    void step_to_position(std::size_t index);
     void set_up(const std::string& line);
 
     Gtk::Window& m_parent;

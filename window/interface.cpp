@@ -3,6 +3,7 @@
 #include <functional>
 #include <iostream>
 #include <utility>
+#include <vector>
 
 #include <gdk/gdkkeysyms.h>
 #include <glibmm/convert.h>
@@ -170,15 +171,22 @@ bool Interface::press_navigation_key(unsigned key) {
     }
 }
 
-void Interface::on_drag_data_received(const Glib::RefPtr<Gdk::DragContext>& context, int /*x*/, int /*y*/,
-                                      const Gtk::SelectionData& data, guint /*info*/, guint time) {
-    const auto uris = data.get_uris();
-    context->drag_finish(!uris.empty(), false, time);
+void Interface::on_drag_data_received(const Glib::RefPtr<Gdk::DragContext>& /*context*/, int /*x*/, int /*y*/,
+                                      const Gtk::SelectionData& data, guint /*info*/, guint /*time*/) {
+    // The drop ends behind this handler. A dialog in it would hold up the program that the file comes from.
+    const std::vector<Glib::ustring> uris = data.get_uris();
     if (uris.empty()) return;
+    const auto open = sigc::bind(sigc::mem_fun(*this, &Interface::open_dropped), uris.front().raw());
+    Glib::signal_idle().connect(sigc::bind_return(open, false));
+}
+
+void Interface::open_dropped(const std::string& uri) {
+    // What waits for an answer comes first.
+    if (Gtk::Widget::get_current_modal_grab()) return;
     try {
-        m_files.open(Glib::filename_from_uri(uris.front()));
+        m_files.open(Glib::filename_from_uri(uri));
     } catch (const Glib::Error& error) {
-        std::cerr << error.what().raw() << '\n';
+        m_screen.tell_user("The file can't be opened", error.what().raw());
     }
 }
 

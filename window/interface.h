@@ -74,6 +74,7 @@ protected:
 
 private:
     bool on_timeout();
+    void open_dropped(const std::string& uri);
     void lay_out();
     void connect_views();
     bool press_navigation_key(unsigned key);

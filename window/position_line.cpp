@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <optional>
 
 #include "channel/text.h"
 
@@ -114,16 +115,6 @@ std::vector<std::pair<std::string, std::string>> roster_tags(std::string_view li
         tags.emplace_back(*tag, value);
     }
     return tags;
-}
-
-std::optional<std::string> position_line(std::istream& stream, std::size_t n) {
-    std::string line;
-    std::size_t found = 0;
-    while (std::getline(stream, line)) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        if (!line.empty() && ++found == n) return line;
-    }
-    return std::nullopt;
 }
 
 }  // namespace velmora

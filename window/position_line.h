@@ -1,8 +1,5 @@
 #pragma once
 
-#include <cstddef>
-#include <istream>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -24,9 +21,5 @@ std::vector<std::pair<std::string, std::string>> roster_tags(std::string_view li
 /// The operations of an EPD line as they stand, empty when there are none. The two counters of a FEN are
 /// none.
 std::string_view epd_operations(std::string_view line);
-
-/// The n-th line that isn't empty, counted from 1, without the carriage return of a DOS file; nothing when
-/// the stream has fewer.
-std::optional<std::string> position_line(std::istream& stream, std::size_t n);
 
 }  // namespace velmora

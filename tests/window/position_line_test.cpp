@@ -1,6 +1,8 @@
 #include "window/position_line.h"
 
-#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -42,16 +44,6 @@ TEST(PositionLine, OperationsBecomeRosterTags) {
     EXPECT_EQ(roster_tags(start + " w KQkq - 0 1"), Tags{});
     EXPECT_EQ(epd_operations(start + " w KQkq - 0 1"), "");
     EXPECT_EQ(epd_operations(start + " w KQkq -  bm e4; "), "bm e4;");
-}
-
-TEST(PositionLine, LinesAreCountedWithoutTheEmptyOnes) {
-    const std::string text = "first\r\n\n\r\nsecond\nthird";
-    const std::pair<std::size_t, std::optional<std::string>> rows[] = {
-        {1, "first"}, {2, "second"}, {3, "third"}, {4, std::nullopt}};
-    for (const auto& [n, expected] : rows) {
-        std::istringstream stream(text);
-        EXPECT_EQ(position_line(stream, n), expected) << n;
-    }
 }
 
 }  // namespace
