@@ -329,7 +329,8 @@ class Velmora:
     def press_button(self, label, root=None):
         press(self.wait_for("push button", label, root))
 
-    def choose_file(self, path, button="Open"):
+    def choose_file(self, path, button="Open", answered=None):
+        """Enters a path and presses the button until the chooser has gone, or what `answered` looks for has come."""
         chooser = self.wait_for("file chooser")
         entry = self.find("text", root=chooser)
         if entry is None:
@@ -339,7 +340,7 @@ class Velmora:
 
         def gone():
             again = self.find("file chooser")
-            if again is None:
+            if again is None or (answered and answered()):
                 return True
             node = self.find("push button", button, again)
             if node:

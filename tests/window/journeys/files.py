@@ -1,7 +1,14 @@
 """Games and positions from and to files, through the choosers; wrong files everywhere."""
+import glob
 import os
+import subprocess
+import unittest
 
-from driver import Journey, click_at, click_on, key, main, wait_until, walk
+from driver import (BINARY, SOURCE, Journey, click_at, click_on, key, main, wait_until, walk,
+                    xdotool)
+
+REAL_GAMES = os.path.join(SOURCE, "build", "games")
+PGN_EXTRACT = "/usr/games/pgn-extract"
 
 GAMES = """[Event "One"]
 [White "Ann"]
@@ -121,6 +128,114 @@ class Files(Journey):
             program.press_button("OK", program.dialog("Choose Position"))
             wait_until(lambda: program.find("dialog") is None, "the end of the list")
         program.play("e2e4")
+        program.close()
+
+    def test_saves_that_fail_are_told_and_leave_the_file_whole(self):
+        program = self.program
+        for name in ["full.pgn", "full.fen"]:
+            os.symlink("/dev/full", program.path(name))
+        program.play("e2e4")
+        program.choose("File", "Save game")
+        program.choose_file(program.path("full.pgn"), "Save")
+        program.answer_message("No space left on device")
+        # A position replaces what is there, which is asked first.
+        for name, answer in [("full.fen", "Replace"), ("old.fen", "Cancel")]:
+            if answer == "Cancel":
+                program.write(name, "old")
+            program.choose("File", "Save position")
+            program.choose_file(program.path(name), "Save", lambda: program.find("alert"))
+            program.press_button(answer, program.find("alert"))
+            if answer == "Replace":
+                program.answer_message("Invalid argument")
+        wait_until(lambda: program.find("alert") is None, "the end of the question")
+        key("Escape")
+        wait_until(lambda: program.find("file chooser") is None, "the end of the chooser")
+        self.assertEqual(program.read("old.fen"), "old")
+        program.close()
+
+    def test_a_chooser_opens_in_the_folder_used_last(self):
+        program = self.program
+        os.mkdir(program.path("folder"))
+        self.load("Load position", program.write("folder/positions.epd", POSITIONS))
+        program.press_button("OK", program.dialog("Choose Position"))
+        program.wait_for_log("0 setboard")
+        program.choose("File", "Save position")
+        program.choose_file("here.fen", "Save")
+        wait_until(lambda: program.read("folder/here.fen"), "the position beside the file that was loaded")
+        program.close()
+
+    def drop(self, path):
+        """Drags a file from another program's window onto the board."""
+        with subprocess.Popen([os.path.join(BINARY, "tests", "support", "drag_source"), path]) as source:
+            number = wait_until(lambda: subprocess.run(
+                ["xdotool", "search", "--onlyvisible", "--pid", str(source.pid), "--name", "Drag from here"],
+                capture_output=True, text=True, check=False).stdout.split(), "the other window")[0]
+            xdotool("windowmove", number, 900, 600)
+            box = self.program.board()
+            x, y = box.x + box.width // 2, box.y + box.height // 2
+            wait_until(lambda: "Position: 90" in subprocess.run(
+                ["xdotool", "getwindowgeometry", number], capture_output=True, text=True,
+                check=True).stdout, "the other window's place")
+            xdotool("mousemove", 1000, 700, "mousedown", 1)
+            for step in range(1, 11):
+                xdotool("mousemove", 1000 + (x - 1000) * step // 10, 700 + (y - 700) * step // 10, "sleep", 0.02)
+            xdotool("mouseup", 1)
+            # The drop has ended when the other program says so, whatever dialog it has opened here.
+            source.wait(20)
+
+    def test_dropped_files_are_opened_by_the_flow_of_their_kind(self):
+        program = self.program
+        self.drop(program.write("games.PGN", GAMES))
+        program.press_button("OK", program.dialog("Choose Game"))
+        program.wait_for_log("0 setboard rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1")
+        self.drop(program.write("positions.epd", POSITIONS))
+        program.press_button("OK", program.dialog("Choose Position"))
+        program.wait_for_log("0 setboard 4k3/8/8/8/8/8/4P3/4K3 w - - 0 1")
+        self.drop(program.write("book.bin", ""))
+        program.wait_for_log("0 polyglotbook " + program.path("book.bin"))
+        program.close()
+
+    def test_texts_are_copied_and_pasted_by_the_keys(self):
+        program = self.program
+        self.load("Load game", program.write("games.pgn", GAMES))
+        program.press_button("OK", program.dialog("Choose Game"))
+        program.wait_for_log("0 setboard")
+        program.choose("View", "Show PGN")
+        click_on(program.wait_for("text", root=program.wait_for("frame", "PGN")))
+        key("ctrl+a", "ctrl+c")
+        program.choose("View", "Show Comment Editor")
+        comment = program.wait_for("text", root=program.wait_for("frame", "Comment"))
+        click_on(comment)
+        key("ctrl+v")
+        wait_until(lambda: '[White "Ann"]' in comment.get_text_iface().get_text(0, -1), "the game as a comment")
+        program.choose("View", "Show FEN")
+        click_on(program.wait_for("text", root=program.window))
+        key("ctrl+a", "ctrl+c")
+        click_on(comment)
+        key("ctrl+a", "ctrl+v")
+        wait_until(lambda: comment.get_text_iface().get_text(0, -1).endswith("RNBQKBNR w KQkq - 0 1"),
+                   "the FEN as a comment")
+        program.close()
+
+    @unittest.skipUnless(os.path.isdir(REAL_GAMES) and os.path.exists(PGN_EXTRACT), "no games to be had")
+    def test_games_of_another_program_end_where_it_says(self):
+        program = self.program
+        files = sorted(glob.glob(os.path.join(REAL_GAMES, "*chess-studies-2*"))) + \
+            [os.path.join(REAL_GAMES, "mate_in_4.pgn")]
+        for count, path in enumerate(files, 1):
+            self.load("Load game", path)
+            program.dialog("Choose Game")
+            key("Down", "Down", "Return")
+            program.wait_for_log("0 setboard", 2 * count - 1)
+            key("End")
+            program.wait_for_log("0 setboard", 2 * count)
+            ends = subprocess.run([PGN_EXTRACT, "-s", "-F", "-V", "-C", "-w10000", "--selectonly", "3", path],
+                                  capture_output=True, text=True, check=True).stdout
+            self.assertIn('{ "' + [line for line in program.log() if "0 setboard" in line][-1].split()[4], ends)
+            program.choose("File", "Save game")
+            program.choose_file(program.path("saved.pgn"), "Save")
+            wait_until(lambda: program.read("saved.pgn").count("[Event ") == count, "the saved game")
+        self.assertEqual(count, 2)
         program.close()
 
     def test_a_bad_fen_is_reported_and_changes_nothing(self):
