@@ -5,7 +5,6 @@
 // The program is its own engine: started under the name "bench-engine" it plays one.
 
 #include <atomic>
-#include <charconv>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -19,43 +18,17 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/bare_engine.h"
+#include "bench/stamping_engine.h"
 #include "manager/manager.h"
 
 namespace {
 
 using namespace velmora;
-using Clock = std::chrono::steady_clock;
-
-// A middle game: the person moves a bishop, the engine a knight.
-const std::string board = "r1bq1rk1/pp2bppp/2n1pn2/3p4/3P4/2NBPN2/PP3PPP/R1BQ1RK1 w - - 0 9";
-const std::string user_move = "d3c2";
-const std::string engine_move = "f6e4";
-const std::string position_text = "position fen " + board + " moves " + user_move;
-const std::string go_text = "go depth 1";
-
-std::int64_t now_ns() { return Clock::now().time_since_epoch().count(); }
-
-/// Answers "go" at once by the time of its arrival and the move.
-void play_engine() {
-    answer_lines([](std::string_view line) {
-        if (line == "uci") write_all(STDOUT_FILENO, "id name Bench\nuciok\n");
-        if (line == "isready") write_all(STDOUT_FILENO, "readyok\n");
-        if (line.starts_with("go ")) {
-            write_all(STDOUT_FILENO,
-                      "info string " + std::to_string(now_ns()) + "\nbestmove " + engine_move + "\n");
-        }
-        return line != "quit";
-    });
-}
-
 /// The window's end: notes when the engine had its "go" and when its move has come.
 class TimedWindow : public CommandSink {
 public:
     void put_command(const std::string& line) override {
-        constexpr std::string_view arrival = "black_info string ";
-        if (line.starts_with(arrival)) {
-            std::from_chars(line.data() + arrival.size(), line.data() + line.size(), m_at_engine);
-        }
+        if (const auto arrival = arrival_at_engine(line)) m_at_engine = *arrival;
         if (line.starts_with("move ")) m_shown = now_ns();
         if (line != "shout" && !line.starts_with("engine1name")) return;  // the last line of each exchange
         m_count.fetch_add(1);
@@ -76,9 +49,7 @@ private:
 };
 
 void through_the_referee(benchmark::State& state) {
-    const auto engine = std::filesystem::temp_directory_path() / "bench-engine";
-    std::filesystem::remove(engine);
-    std::filesystem::create_symlink("/proc/" + std::to_string(::getpid()) + "/exe", engine);
+    const auto engine = link_to_stamping_engine();
     TimedWindow window;
     Manager manager(window, "bench");
     std::thread referee(std::ref(manager));
@@ -109,7 +80,7 @@ void through_the_referee(benchmark::State& state) {
 BENCHMARK(through_the_referee)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 void bare_exchange(benchmark::State& state) {
-    BareEngine engine(play_engine);
+    BareEngine engine(play_stamping_engine);
     const std::string request = position_text + "\n" + go_text + "\n";
     for (auto _ : state) {
         std::this_thread::sleep_for(std::chrono::microseconds(200));
@@ -125,8 +96,8 @@ BENCHMARK(bare_exchange)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
-    if (std::string_view(argv[0]).ends_with("bench-engine")) {
-        play_engine();
+    if (std::string_view(argv[0]).ends_with(stamping_engine_name)) {
+        play_stamping_engine();
         return 0;
     }
     benchmark::Initialize(&argc, argv);

@@ -1,6 +1,6 @@
 #!/bin/bash
 # The program as a whole: start-up to a mapped window and closing, in turn with a minimal gtkmm window and with other
-# chess programs where they are installed; what an idle window costs; memory after a long analysis.
+# chess programs where they are installed; what an idle window costs; the road of a move; memory after a long analysis.
 #   bench/window_figures.sh [BUILD_DIR] [ROUNDS]
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -43,4 +43,5 @@ xvfb-run -a -s '-screen 0 1280x1024x24' bash -c '
 '
 
 export VELMORA_SOURCE_DIR=$here VELMORA_BINARY_DIR=$build
+"$here/tests/support/with-display.sh" "$build/bench/window_moves" 2>/dev/null
 "$here/tests/window/journeys/run.sh" "$here/bench/window/analysis_memory.py" 2>&1 | grep -E '^analysis|Error|FAILED'
