@@ -37,12 +37,15 @@ void Navigation::go(const Step& step) {
     m_screen.clear_arrows();
     m_comments.store();
     m_desk.selected.reset();
+    const auto node = m_desk.game.current();
     std::string fen;
     try {
         fen = step(m_desk.game);
     } catch (const std::exception& error) {
-        // The record stays at the last node that could be reached; the board follows it.
         m_screen.tell_user("The move can't be played", error.what());
+        if (m_desk.game.current() == node) return;
+        // On the way to the end, the record stays at the last node that could be reached; the board follows
+        // it.
         fen = m_desk.game.fen();
     }
     m_comments.show();

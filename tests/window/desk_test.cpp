@@ -452,6 +452,9 @@ TEST_F(DeskTest, AMoveThatCannotBePlayedIsReported) {
     EXPECT_THAT(screen.calls, Contains(HasSubstr("tell The move can't be played|")));
     EXPECT_EQ(desk.position.fen(), desk.game.fen());
     EXPECT_EQ(desk.position.piece_on(Square("e5")), Piece(9));
+    referee.take();
+    navigation.forward();
+    EXPECT_THAT(referee.take(), IsEmpty()) << "where no step is made, nobody is moved";
 }
 
 // ---------------------------------------------------------------------------------------------------------------
