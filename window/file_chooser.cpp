@@ -67,7 +67,7 @@ std::string FileChooser::choose(FileKind kind) {
     dialog.set_current_folder(folder.empty() ? Glib::get_current_dir() : folder);
     if (dialog.run() != Gtk::RESPONSE_ACCEPT) return {};
     // Not the dialog's folder: it has none while it lists the files used last.
-    const std::string path = dialog.get_filename();
+    std::string path = dialog.get_filename();
     folder = Glib::path_get_dirname(path);
     return path;
 }
