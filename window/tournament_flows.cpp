@@ -1,32 +1,15 @@
 #include "window/tournament_flows.h"
 
-#include <filesystem>
 #include <iostream>
 #include <stdexcept>
-#include <vector>
 
 #include "dialogs/tournament_dialog.h"
 #include "dialogs/tournament_list.h"
 #include "engine/home_dir.h"
 #include "engine/installed_engines.h"
+#include "tournament/tournament_store.h"
 
 namespace velmora {
-
-namespace {
-
-constexpr const char* extension = ".trn";
-
-/// The names of the tournaments on disk; a directory that can't be read has none.
-std::vector<std::string> tournament_names(const std::string& directory) {
-    std::vector<std::string> names;
-    std::error_code fault;
-    for (const auto& entry : std::filesystem::directory_iterator(directory, fault)) {
-        if (entry.path().extension() == extension) names.push_back(entry.path().stem().string());
-    }
-    return names;
-}
-
-}  // namespace
 
 void TournamentFlows::edit() {
     try {
@@ -55,10 +38,10 @@ void TournamentFlows::edit() {
 void TournamentFlows::load() {
     try {
         const std::string directory = HomeDir().tournaments_path();
-        const auto choice = choose_tournament(m_parent, tournament_names(directory));
+        const auto choice = choose_tournament(m_parent, tournament_store::names(directory));
         switch (choice.action) {
             case TournamentChoice::Action::remove:
-                std::filesystem::remove(directory + choice.name + extension);
+                tournament_store::remove(directory, choice.name);
                 break;
             case TournamentChoice::Action::cancel:
                 leave();
