@@ -44,4 +44,4 @@ xvfb-run -a -s '-screen 0 1280x1024x24' bash -c '
 
 export VELMORA_SOURCE_DIR=$here VELMORA_BINARY_DIR=$build
 "$here/tests/support/with-display.sh" "$build/bench/window_moves" 2>/dev/null
-"$here/tests/window/journeys/run.sh" "$here/bench/window/analysis_memory.py" 2>&1 | grep -E '^analysis|Error|FAILED'
+"$here/tests/window/journeys/run.sh" "$here/bench/window/analysis_memory.py" 2>&1 | grep -E '^analysis|^[A-Z][A-Za-z]*Error|^FAILED'
