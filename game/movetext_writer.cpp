@@ -45,21 +45,20 @@ std::string MovetextWriter::text() {
     for (std::int32_t id = 0; id < m_tree.end_id(); ++id) {
         if (m_tree.has_node(id)) m_tree.node(id).printed = false;
     }
+    write_start();
     // Node 1 wherever there is one. A game that was loaded without moves gives its first move another id.
-    const auto first = m_tree.node(0).child_at(0);
-    write_start(first > 0 && m_tree.node(first).type == ElementType::move);
-    if (first > 0) write_lines(first);
+    if (const auto first = m_tree.node(0).child_at(0); first > 0) write_lines(first);
     if (!has_result()) m_text += " *";
     return std::move(m_text);
 }
 
-void MovetextWriter::write_start(bool has_moves) {
+void MovetextWriter::write_start() {
     const auto& root = m_tree.node(0);
     m_text.clear();
     m_text_offset = 0;
     if (!root.comment.empty()) {
         m_text.append("{").append(root.comment).append("} \n");
-    } else if (m_tree.start_color() == 0 && has_moves) {
+    } else if (m_tree.start_color() == 0) {
         append_number(m_text, m_tree.start_move_number());
         m_text += "...";
         m_text_offset = m_text.size();

@@ -23,7 +23,7 @@ public:
     /// The movetext, with " *" behind a main line without a result.
     std::string text();
 
-    /// Bytes of the text ahead of the first move: "12..." of a game whose first move Black made, else none.
+    /// Bytes of the text ahead of the first move: "12..." of a game that Black begins, else none.
     std::uint64_t text_offset() const { return m_text_offset; }
 
 private:
@@ -33,7 +33,7 @@ private:
         std::size_t next_child;
     };
 
-    void write_start(bool has_moves);
+    void write_start();
     void write_lines(std::int32_t first);
     bool next_line(std::int32_t& id);
     void open_variation(std::int32_t id);

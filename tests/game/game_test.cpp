@@ -185,7 +185,7 @@ TEST(Game, StartsFromFen) {
     Game game;
     game.set_tag("FEN", black_to_move);
     EXPECT_EQ(game.fen(), black_to_move);
-    EXPECT_EQ(movetext(game), " *\n\n") << "a number without a move would read as one";
+    EXPECT_EQ(movetext(game), "1... *\n\n") << "the number stands there also without a move";
     play(game, {"d5", "d4"});
     EXPECT_EQ(movetext(game), "1... d5 2.d4 *\n\n") << "the number is not taken over";
     EXPECT_EQ(game.to_start(), black_to_move);
