@@ -94,6 +94,7 @@ void Interface::lay_out() {
         m_box.pack_start(*menu_bar, Gtk::PACK_SHRINK);
         add_accel_group(m_actions.accelerators());
     }
+    m_clock_frame.unset_label();  // an empty one would still take up a line
     m_clock_frame.set_shadow_type(Gtk::SHADOW_NONE);
     m_clock_frame.add(m_clocks);
     m_box.pack_start(m_clock_frame, Gtk::PACK_SHRINK);
