@@ -121,4 +121,43 @@ class BadMoments(Journey):
         self.assertEqual(program.close(), 0)
 
 
+    def test_a_match_that_is_interrupted(self):
+        program = self.start()
+        for name in ("Alpha", "Beta"):
+            program.scripted_engine(name, f"name {name}\nthink 20\nplay uci")
+        program.write("engines.cfg", "".join(f"name {n}\nfilename {program.path(n + '.engine')}\nprotocol uci\n\n"
+                                             for n in ("Alpha", "Beta")))
+        os.mkdir(program.path("tournaments"))
+        games = "".join(f"game {n} {n} {2 - n % 2} - {1 + n % 2} *\n" for n in (1, 2, 3))
+        file = program.write("tournaments/Long.trn", "event Long\nparticipant Alpha\nparticipant Beta\n" + games)
+        program.debug_on()
+        program.choose("Tournament", "Load")
+        program.press_button("LOAD", program.dialog("Load Tournament"))
+
+        def start(times):
+            program.choose("Mode", "Tournament")
+            program.wait_for_log("-----> whitename", times)
+            moves = len(program.moves_from_referee())
+            program.wait_for_log("-----> move", moves + 5)
+
+        start(1)
+        program.drag("a2a3")  # only looks on
+        program.choose("File", "New game")
+        wait_until(lambda: program.is_checked("Mode", "Human - computer"), "the game that was asked for")
+        program.play("e2e4")
+        wait_until(lambda: len(program.moves_from_referee()) > 5 and program.square("e4").get_name() == "e4, white pawn",
+                   "the engine's answer")
+        start(2)
+        program.choose("Engine", "Load installed engine...")
+        program.press_button("LOAD", program.dialog("Choose Engine"))
+        program.wait_for_log("-----> tournament_finished")
+        wait_until(lambda: program.is_checked("Mode", "Human - human"), "the fall back to two people")
+        program.choose("Mode", "Human - computer")
+        start(3)
+        self.assertEqual(program.close(), 0)
+        with open(file, encoding="utf-8") as text:
+            self.assertEqual(text.read().count("*"), 3, "no game of the match has got a result")
+        self.assertEqual(subprocess.run(["pgrep", "-f", program.home], capture_output=True, check=False).stdout, b"")
+
+
 main()
