@@ -167,9 +167,12 @@ class Files(Journey):
     def drop(self, path):
         """Drags a file from another program's window onto the board."""
         with subprocess.Popen([os.path.join(BINARY, "tests", "support", "drag_source"), path]) as source:
-            number = wait_until(lambda: subprocess.run(
-                ["xdotool", "search", "--onlyvisible", "--pid", str(source.pid), "--name", "Drag from here"],
-                capture_output=True, text=True, check=False).stdout.split(), "the other window")[0]
+            def titled(title):
+                return wait_until(lambda: subprocess.run(
+                    ["xdotool", "search", "--onlyvisible", "--pid", str(source.pid), "--name", title],
+                    capture_output=True, text=True, check=False).stdout.split(), f"the other window {title!r}")[0]
+
+            number = titled("Drag from here")
             xdotool("windowmove", number, 900, 600)
             box = self.program.board()
             x, y = box.x + box.width // 2, box.y + box.height // 2
@@ -179,6 +182,7 @@ class Files(Journey):
             xdotool("mousemove", 1000, 700, "mousedown", 1)
             for step in range(1, 11):
                 xdotool("mousemove", 1000 + (x - 1000) * step // 10, 700 + (y - 700) * step // 10, "sleep", 0.02)
+            titled("Drop it now")
             xdotool("mouseup", 1)
             # The drop has ended when the other program says so, whatever dialog it has opened here.
             source.wait(20)
