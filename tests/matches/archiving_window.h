@@ -19,6 +19,12 @@ namespace velmora::test {
 /// the working directory.
 class ArchivingWindow {
 public:
+    /// As the real one stands when a match has been started: it only looks on.
+    ArchivingWindow() {
+        m_screen.select_mode(Mode::tournament);
+        m_desk.set_engine_plays(true, true);
+    }
+
     void process(const std::string& line) {
         m_dispatcher.process(line);
         m_screen.calls.clear();
