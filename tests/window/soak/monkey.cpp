@@ -1,34 +1,20 @@
 #include "tests/window/soak/monkey.h"
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <sstream>
 #include <utility>
 
 #include <gdk/gdkkeysyms.h>
 #include <glibmm/main.h>
 #include <gtkmm/button.h>
-#include <gtkmm/combobox.h>
 #include <gtkmm/entry.h>
 #include <gtkmm/main.h>
-#include <gtkmm/menu.h>
-#include <gtkmm/messagedialog.h>
-#include <gtkmm/notebook.h>
-#include <gtkmm/spinbutton.h>
-#include <gtkmm/textview.h>
-#include <gtkmm/treeview.h>
 
-#include "channel/text.h"
 #include "chess/legal_moves.h"
 
 namespace velmora::soak {
 
 namespace {
-
-constexpr const char* engine_log = "engine1.log";
-constexpr const char* referee_log = "manager.log";
 
 const std::vector<std::string> odd_texts = {"",
                                             "0",
@@ -55,49 +41,6 @@ Gtk::Widget* grabbing_widget() {
     return grab ? Glib::wrap(gtk_widget_get_toplevel(grab)) : nullptr;
 }
 
-std::streamoff size_of(const std::string& path) {
-    std::error_code missing;
-    const auto size = std::filesystem::file_size(path, missing);
-    return missing ? 0 : static_cast<std::streamoff>(size);
-}
-
-/// What has been written to a file from an offset on.
-std::string read_from(const std::string& path, std::streamoff offset) {
-    std::ifstream file(path);
-    file.seekg(offset);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
-/// The last lines of a log.
-std::string tail(const std::string& path) {
-    constexpr std::streamoff bytes = 3000;
-    return "...\n" + read_from(path, std::max<std::streamoff>(0, size_of(path) - bytes));
-}
-
-/// The FEN that a UCI "position" command stands for; empty when it can't be played through.
-std::string told_fen(std::string_view command) {
-    text::WordReader reader(command);
-    ChessPosition position;
-    position.new_game();
-    auto word = reader.word();
-    if (word == "fen") {
-        std::string fen;
-        for (word = reader.word(); !word.empty() && word != "moves"; word = reader.word()) {
-            fen.append(word) += ' ';
-        }
-        position.set_fen(fen);
-    }
-    while (!word.empty() && word != "moves") word = reader.word();
-    for (word = reader.word(); !word.empty(); word = reader.word()) {
-        const auto move = find_legal(position, position.convert_to_move(std::string(word)));
-        if (!move) return {};
-        position.do_move(*move);
-    }
-    return position.fen();
-}
-
 }  // namespace
 
 Monkey::Monkey(Interface& window, test::Workplace& place, std::uint32_t seed, int actions)
@@ -106,6 +49,7 @@ Monkey::Monkey(Interface& window, test::Workplace& place, std::uint32_t seed, in
       m_board(*gui::find_widget<Board>(window)),
       m_engines(place.read("engines.cfg")),
       m_random(seed),
+      m_check(window),
       m_left(actions) {
     // The window stays open to the end, and the logs on.
     for (const char* const action : {"Quit", "Debug"}) window.actions().set_sensitive(action, false);
@@ -131,6 +75,10 @@ void Monkey::note(const std::string& action) {
         std::cerr << g_get_monotonic_time() / 1000 << ' ' << m_left << ' ' << action << '\n';
 }
 
+unsigned Monkey::any_key() { return unsigned(keys[below(keys.size())]); }
+
+const std::string& Monkey::any_text() { return any(odd_texts); }
+
 void Monkey::next_step(unsigned delay_ms) {
     // Behind redraws and the window's tick, as a person would be.
     Glib::signal_timeout().connect_once([this] { step(); }, delay_ms, Glib::PRIORITY_DEFAULT_IDLE);
@@ -147,7 +95,7 @@ void Monkey::step() {
     Gtk::Widget* const grab = grabbing_widget();
     if (m_left <= 0) return close_all();
     if (auto* const dialog = dynamic_cast<Gtk::Dialog*>(grab)) {
-        m_shown.clear();  // a message: the comparison is off
+        m_check.give_up();  // a message: the comparison is off
         return act_on(*dialog);
     }
     if (grab) {
@@ -155,7 +103,7 @@ void Monkey::step() {
         note("key in an open menu");
         // Escape often enough to come out of it.
         auto& menu = *grab;
-        const auto key = one_in(2) ? GDK_KEY_Escape : keys[below(keys.size())];
+        const unsigned key = one_in(2) ? GDK_KEY_Escape : any_key();
         if (dynamic_cast<Gtk::Window*>(menu.get_toplevel()) && menu.get_toplevel()->get_window()) {
             gui::press_key(menu, key);
         } else {
@@ -163,7 +111,7 @@ void Monkey::step() {
         }
         return;
     }
-    if (!m_shown.empty()) return look_for_the_position();
+    if (m_check.is_waiting()) return look_for_the_position();
     if (m_compares) return begin_comparison();
     if (one_in(25)) {
         m_compares = true;
@@ -256,7 +204,7 @@ void Monkey::press_a_navigation_button() {
 }
 
 void Monkey::press_a_key() {
-    const auto key = keys[below(keys.size())];
+    const auto key = any_key();
     note("key " + std::to_string(key));
     if (one_in(5)) {
         gui::press_key(m_window, one_in(2) ? GDK_KEY_n : GDK_KEY_p, Gdk::CONTROL_MASK);
@@ -314,7 +262,7 @@ void Monkey::use_the_fen_entry() {
     auto* const entry = gui::find_widget<Gtk::Entry>(m_window);
     if (!entry) return;
     note("enter a FEN");
-    entry->set_text(any(odd_texts));
+    entry->set_text(any_text());
     entry->activate();
 }
 
@@ -347,112 +295,6 @@ void Monkey::restart_the_logs() {
 }
 
 // ---------------------------------------------------------------------------------------------------------------
-// Dialogs
-
-void Monkey::act_on(Gtk::Window& dialog) {
-    if (auto* const chooser = dynamic_cast<Gtk::FileChooserDialog*>(&dialog)) return choose_file(*chooser);
-    if (m_wants_alpha && dialog.get_title() == "Choose Engine") return load_alpha(dialog);
-    --m_left;
-    if (!dialog.get_mapped()) return;
-    if (one_in(6)) {
-        note("leave " + dialog.get_title());
-        if (one_in(2)) return dialog.close();
-        return gui::press_key(dialog, one_in(2) ? GDK_KEY_Escape : GDK_KEY_Return);
-    }
-    const auto widgets = usable(dialog);
-    if (widgets.empty()) return dialog.close();
-    note("in the dialog " + dialog.get_title());
-    use(*any(widgets));
-}
-
-void Monkey::choose_file(Gtk::FileChooserDialog& chooser) {
-    static const std::vector<std::string> files = {
-        "games.pgn",   "broken.pgn",   "positions.epd", "book.bin", "alpha.engine",
-        "beta.engine", "gamma.engine", "delta.engine",  "empty",    "missing.pgn"};
-    const bool saves = chooser.get_action() == Gtk::FILE_CHOOSER_ACTION_SAVE;
-    if (m_wanted_file.empty()) {
-        --m_left;
-        const Glib::ustring filter = chooser.list_filters().front()->get_name();
-        std::string name = any(files);
-        if (!one_in(6)) {
-            if (filter == "engine") name = files[4 + below(4)];
-            if (filter == "PGN files") name = files[below(2)];
-            if (filter == "FEN files") name = files[2];
-            if (filter == "Polyglot books") name = files[3];
-        }
-        if (saves) name = "saved-" + name;
-        m_wanted_file = m_place.path(name);
-        m_waited = 0;
-        note("choose " + name);
-        if (one_in(5)) {
-            m_wanted_file.clear();
-            chooser.response(one_in(2) ? Gtk::RESPONSE_CANCEL : Gtk::RESPONSE_DELETE_EVENT);
-            return;
-        }
-    }
-    if (chooser.get_filename() == m_wanted_file) {
-        m_wanted_file.clear();
-        return chooser.response(Gtk::RESPONSE_ACCEPT);
-    }
-    // The chooser reads the folder in its own time.
-    if (m_waited % 20 == 0 && saves) {
-        chooser.set_current_folder(m_place.path(""));
-        chooser.set_current_name(std::filesystem::path(m_wanted_file).filename().string());
-    } else if (m_waited % 20 == 0) {
-        chooser.set_filename(m_wanted_file);
-    }
-    if (++m_waited > 200) {
-        m_wanted_file.clear();
-        chooser.response(Gtk::RESPONSE_CANCEL);
-    }
-}
-
-std::vector<Gtk::Widget*> Monkey::usable(Gtk::Widget& root) {
-    std::vector<Gtk::Widget*> widgets;
-    for (Gtk::Widget* const widget : gui::descendants(root)) {
-        const bool takes_part = dynamic_cast<Gtk::Button*>(widget) || dynamic_cast<Gtk::Entry*>(widget) ||
-                                dynamic_cast<Gtk::ComboBox*>(widget) ||
-                                dynamic_cast<Gtk::TreeView*>(widget) ||
-                                dynamic_cast<Gtk::TextView*>(widget) ||
-                                dynamic_cast<Gtk::Notebook*>(widget) || dynamic_cast<Gtk::EventBox*>(widget);
-        // What a list to choose from is made of opens it only for a real pointer.
-        const bool of_combo =
-            widget->get_ancestor(GTK_TYPE_COMBO_BOX) && !dynamic_cast<Gtk::ComboBox*>(widget);
-        if (takes_part && !of_combo && widget->get_mapped() && widget->is_sensitive())
-            widgets.push_back(widget);
-    }
-    return widgets;
-}
-
-void Monkey::use(Gtk::Widget& widget) {
-    const gui::Point point{double(below(std::size_t(std::max(1, widget.get_allocated_width())))),
-                           double(below(std::size_t(std::max(1, widget.get_allocated_height()))))};
-    if (auto* const spin = dynamic_cast<Gtk::SpinButton*>(&widget)) {
-        double low = 0, high = 0;
-        spin->get_range(low, high);
-        spin->set_value(one_in(3) ? low : one_in(2) ? high : low + (high - low) * below(100) / 100);
-    } else if (auto* const entry = dynamic_cast<Gtk::Entry*>(&widget)) {
-        entry->set_text(any(odd_texts));
-    } else if (auto* const combo = dynamic_cast<Gtk::ComboBox*>(&widget)) {
-        combo->set_active(int(below(4)));
-    } else if (auto* const notebook = dynamic_cast<Gtk::Notebook*>(&widget)) {
-        notebook->set_current_page(int(below(std::size_t(notebook->get_n_pages()))));
-    } else if (auto* const view = dynamic_cast<Gtk::TreeView*>(&widget)) {
-        if (one_in(3)) return gui::press_key(*view, keys[below(keys.size())]);
-        (one_in(3) ? gui::double_click : [](const gui::Target& target, gui::Point at) {
-            gui::click(target, at);
-        })(view->get_bin_window(), point);
-    } else if (auto* const text = dynamic_cast<Gtk::TextView*>(&widget)) {
-        if (text->get_editable()) return text->get_buffer()->set_text(any(odd_texts));
-        gui::click(text->get_window(Gtk::TEXT_WINDOW_TEXT), point);
-    } else if (auto* const button = dynamic_cast<Gtk::Button*>(&widget)) {
-        button->clicked();
-    } else {
-        gui::click(widget, point);
-    }
-}
-
-// ---------------------------------------------------------------------------------------------------------------
 // The two positions
 
 /// Whether the engine that the window names has a process.
@@ -467,7 +309,7 @@ bool Monkey::is_ready_to_compare() {
     const Mode mode = m_window.actions().mode();
     const bool speaks_uci = desk.engine1_name == "Alpha" || desk.engine1_name == "Gamma";
     // A match that is over before it has begun leaves the seat empty and the name standing.
-    if (!speaks_uci || (m_mark.empty() && !is_seated())) {
+    if (!speaks_uci || (!m_check.is_under_way() && !is_seated())) {
         if (!std::exchange(m_wants_alpha, true)) {
             m_place.write("engines.cfg", m_engines);  // it may have been uninstalled
             activate("Load installed engine...");
@@ -484,54 +326,20 @@ bool Monkey::is_ready_to_compare() {
     return false;
 }
 
-/// Whether the referee has done all that it was told and the window all that the referee said since the last
-/// call that gave false.
-bool Monkey::is_quiet() {
-    using clock = std::chrono::steady_clock;
-    constexpr std::chrono::milliseconds three_ticks{150};
-    if (m_mark.empty()) {
-        m_mark_start = size_of(referee_log);
-        m_mark = "wake_up " + std::to_string(m_left) + ' ' + std::to_string(m_heartbeat);
-        m_window.send_to_manager(m_mark);
-        m_mark_seen.reset();
-    }
-    if (!m_mark_seen && read_from(referee_log, m_mark_start).find(m_mark) != std::string::npos)
-        m_mark_seen = clock::now();
-    if (!m_mark_seen || clock::now() < *m_mark_seen + three_ticks) return false;
-    m_mark.clear();
-    return true;
-}
-
-/// In the list of installed engines.
-void Monkey::load_alpha(Gtk::Window& dialog) {
-    auto& list = *gui::find_widget<Gtk::TreeView>(dialog);
-    for (const auto& row : list.get_model()->children()) {
-        Glib::ustring name;
-        row.get_value(1, name);
-        if (name == "alpha") list.get_selection()->select(row);
-    }
-    note("load alpha");
-    gui::find_labelled<Gtk::Button>(dialog, "LOAD")->clicked();
-}
-
 /// Makes a move, or hands the move to the engine: either way the referee has to tell the engine its position.
 void Monkey::begin_comparison() {
-    if (!is_ready_to_compare()) {
-        m_mark.clear();
-        // The engine's name comes with a later line of the referee.
+    const GameDesk& desk = m_window.desk();
+    const bool ready = is_ready_to_compare();
+    if (!ready) m_check.disturb();
+    if (!ready || desk.engine_to_move() || !m_check.is_quiet() || !is_seated()) {
+        // The engine's name, or its move, comes with a later line of the referee.
         if (--m_patience < 0) m_compares = m_wants_alpha = false;
         return;
     }
-    const GameDesk& desk = m_window.desk();
-    if (desk.engine_to_move() || !is_quiet() || !is_seated()) {
-        if (--m_patience < 0) m_compares = false;
-        return;
-    }
     m_compares = false;
-    m_log_start = size_of(engine_log);
-    m_looks = 0;
+    m_check.prepare();
     if (m_window.actions().mode() == Mode::human_computer && one_in(2)) {
-        m_shown = desk.position.fen();
+        m_check.expect(desk.position.fen());
         activate("Start thinking");
         return;
     }
@@ -539,29 +347,15 @@ void Monkey::begin_comparison() {
     note("compare by " + move->to_string(false));
     const auto before = desk.position.fen();
     gui::drag(m_board, on_board(int(move->from().value())), on_board(int(move->to().value())));
-    if (desk.position.fen() != before) m_shown = desk.position.fen();
+    if (desk.position.fen() != before) m_check.expect(desk.position.fen());
 }
 
 void Monkey::look_for_the_position() {
-    // Every line that is under way must have arrived after this many looks, a millisecond or more apart.
-    constexpr int most_looks = 15000;
-    constexpr std::string_view mark = "engine <- position ";
-    const std::string log = read_from(engine_log, m_log_start);
-    std::string told;
-    // An engine that ponders is told what it expects as well.
-    for (auto at = log.find(mark); at != std::string::npos && told != m_shown; at = log.find(mark, at)) {
-        at += mark.size();
-        const auto end = log.find('\n', at);
-        if (end != std::string::npos) told = told_fen(std::string_view(log).substr(at, end - at));
-    }
-    if (told == m_shown) {
-        ++m_comparisons;
-        m_shown.clear();
-    } else if (++m_looks > most_looks) {
-        m_differences.push_back("window " + m_shown + ", referee " + told + ", after\n" + last_actions() +
-                                tail(engine_log) + tail(referee_log));
-        note("DIFFERENT: " + m_differences.back());
-        m_shown.clear();
+    const auto state = m_check.look();
+    if (state == PositionCheck::State::agrees) ++m_comparisons;
+    if (state == PositionCheck::State::differs) {
+        m_differences.push_back(m_check.report() + "after\n" + last_actions());
+        note("DIFFERENT");
     }
 }
 

@@ -2,11 +2,9 @@
 
 #include <array>
 #include <atomic>
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <ios>
 #include <optional>
 #include <random>
 #include <string>
@@ -18,6 +16,7 @@
 #include "chess/move.h"
 #include "tests/manager/workplace.h"
 #include "tests/support/gui_driver.h"
+#include "tests/window/soak/position_check.h"
 #include "views/board.h"
 #include "window/interface.h"
 
@@ -83,7 +82,6 @@ private:
 
     bool is_seated() const;
     bool is_ready_to_compare();
-    bool is_quiet();
     void load_alpha(Gtk::Window& dialog);
     void begin_comparison();
     void look_for_the_position();
@@ -95,6 +93,8 @@ private:
     const T& any(const std::vector<T>& list) {
         return list[below(list.size())];
     }
+    unsigned any_key();
+    const std::string& any_text();
     std::optional<Move> legal_move(bool without_promotions);
     gui::Point on_board(int square);
     Gtk::MenuShell& menu_bar() { return dynamic_cast<Gtk::MenuShell&>(*m_window.actions().menu_bar()); }
@@ -105,6 +105,7 @@ private:
     Board& m_board;
     const std::string m_engines;  // the list of installed engines, as it was
     std::minstd_rand m_random;
+    PositionCheck m_check;
     int m_left;
     bool m_closing = false;
     bool m_closed = false;
@@ -115,18 +116,10 @@ private:
     std::string m_wanted_file;  // in the file chooser that is open
     int m_waited = 0;           // steps for it
 
-    // The comparison that is prepared.
+    // The comparison that is wanted.
     bool m_compares = false;
     bool m_wants_alpha = false;
     int m_patience = 0;  // steps
-    std::string m_mark;  // a line that says nothing, on its way through the referee
-    std::streamoff m_mark_start = 0;
-    std::optional<std::chrono::steady_clock::time_point> m_mark_seen;
-
-    // The comparison under way: what the window shows, and where the engine's log stood before.
-    std::string m_shown;
-    std::streamoff m_log_start = 0;
-    int m_looks = 0;
     int m_comparisons = 0;
     std::vector<std::string> m_differences;
 };
