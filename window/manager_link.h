@@ -17,6 +17,10 @@ public:
     /// Puts a command, without sender id and line end, on the referee's queue.
     void send(const std::string& command);
 
+    /// Whether an engine may be on the move by what has been sent: a move of the person or "go", and no other
+    /// position since.
+    bool has_asked_engine() const { return m_asked_engine; }
+
     /// Notes a line that came from the referee.
     void log_received(const std::string& line);
 
@@ -27,6 +31,7 @@ private:
     std::string stamp() const;
 
     CommandSink& m_manager;
+    bool m_asked_engine = false;
     LogFile m_log;
     Stopwatch m_session;  // runs from construction; the log's stamps count from the program's start
 };

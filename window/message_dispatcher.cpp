@@ -75,6 +75,11 @@ void MessageDispatcher::process(const std::string& line) {
 // ---------------------------------------------------------------------------------------------------------------
 // A game as it is played
 
+bool MessageDispatcher::awaits_move() const {
+    return m_screen.mode() == Mode::tournament ||
+           (m_screen.mode() == Mode::human_computer && m_manager.has_asked_engine());
+}
+
 /// Whether the referee may begin a game or say from which position: in a match always; against an engine,
 /// where it echoes the person's own "New game", until the first step in that game.
 bool MessageDispatcher::awaits_start() const {
@@ -107,6 +112,8 @@ void MessageDispatcher::play_move(Rest& rest) {
         return;
     }
     const Side side = m_desk.side_to_move();
+    // "Start thinking" may have crossed the engine's move on its way: then the engine has changed sides.
+    if (!m_desk.engine_plays[side]) m_desk.set_engine_plays(side == Side::white, side == Side::black);
     m_comments.store();
     m_desk.play(*move);
     attach_annotation(side);

@@ -7,6 +7,7 @@
 #include "chess/side.h"
 #include "window/comment_keeper.h"
 #include "window/game_desk.h"
+#include "window/manager_link.h"
 #include "window/screen.h"
 
 namespace velmora {
@@ -16,8 +17,8 @@ namespace velmora {
 /// The board changes only where the mode lets the referee move it.
 class MessageDispatcher {
 public:
-    MessageDispatcher(GameDesk& desk, Screen& screen, CommentKeeper& comments)
-        : m_desk(desk), m_screen(screen), m_comments(comments) {}
+    MessageDispatcher(GameDesk& desk, Screen& screen, CommentKeeper& comments, const ManagerLink& manager)
+        : m_desk(desk), m_screen(screen), m_comments(comments), m_manager(manager) {}
 
     /// Handles one line; a line whose first word is in no table is ignored.
     /// @throws whatever a handler throws; the caller's loop contains it
@@ -65,7 +66,7 @@ private:
 
     // Lines cross on their way: one that the referee wrote before it heard of the person's last step would
     // set the board back, while the referee goes on to follow that step. Such lines are dropped.
-    bool awaits_move() const { return m_desk.engine_to_move(); }
+    bool awaits_move() const;
     bool awaits_take_back() const { return m_screen.mode() == Mode::learn_openings; }
     bool awaits_start() const;
 
@@ -75,6 +76,7 @@ private:
     GameDesk& m_desk;
     Screen& m_screen;
     CommentKeeper& m_comments;
+    const ManagerLink& m_manager;
 
     static const Command* find(std::string_view word);
 };

@@ -57,9 +57,11 @@ public:
 
 private:
     GameDesk m_desk;
+    RecordingSink m_referee;
+    ManagerLink m_link{m_referee};
     RecordingScreen m_screen;
     CommentKeeper m_comments{m_desk, m_screen};
-    MessageDispatcher m_dispatcher{m_desk, m_screen, m_comments};
+    MessageDispatcher m_dispatcher{m_desk, m_screen, m_comments, m_link};
 };
 
 }  // namespace velmora::test

@@ -69,7 +69,7 @@ protected:
     bool engine_loaded = false;
     ManagerLink link{referee};
     CommentKeeper comments{desk, screen};
-    MessageDispatcher dispatcher{desk, screen, comments};
+    MessageDispatcher dispatcher{desk, screen, comments, link};
     ModeController modes{desk, screen, comments, link, [this] { return engine_loaded; }};
     UserMoves moves{desk, screen, comments, link, 0.0};
     Navigation navigation{desk, screen, comments, link};
@@ -130,6 +130,13 @@ TEST_F(DeskTest, LinesThatCrossedAStepOfThePersonAreDropped) {
     EXPECT_EQ(desk.position.moves_text(), "d2d4");
     lines({"move d7d5"});
     EXPECT_EQ(desk.position.moves_text(), "d2d4 d7d5");
+    // The engine has answered already when it is told to move: it takes the other side, too.
+    drag("c2", "c4");
+    modes.start_thinking();
+    lines({"move d5c4", "move e2e3"});
+    EXPECT_EQ(desk.position.moves_text(), "d2d4 d7d5 c2c4 d5c4 e2e3");
+    EXPECT_TRUE(desk.engine_plays[Side::white]);
+    EXPECT_FALSE(desk.engine_plays[Side::black]);
 }
 
 TEST_F(DeskTest, AnEmptyAnnotationLeavesACommentAlone) {

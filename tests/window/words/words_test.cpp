@@ -220,6 +220,14 @@ TEST_F(WordsTest, TheWindows) {
         EXPECT_THAT(texts(*shown), ElementsAreArray(row.texts));
     }
     load_engine();
+    // All of them go with the main window, also the one that the keyboard is in.
+    for (Gtk::Window* const window : Gtk::Window::list_toplevels()) {
+        if (window->get_title() != "Comment") continue;
+        window->get_window()->focus(GDK_CURRENT_TIME);
+        EXPECT_TRUE(gui::pump_until([&] { return window->has_toplevel_focus(); }));
+    }
+    m_window.reset();
+    gui::pump_pending();
 }
 
 TEST_F(WordsTest, TheFileChoosers) {
