@@ -80,8 +80,8 @@ Interface::~Interface() {
     // A second "quit" is harmless, and without one the thread would never end.
     m_link.send("quit");
     m_manager_thread.join();
-    // Windows that are still open, and a comment that has the keyboard, would tell the rooms of their end when
-    // those have gone.
+    // Windows that are still open, and a comment that has the keyboard, would tell the rooms of their end
+    // when those have gone.
     m_windows.hide_all();
     m_comment.signal_applied().clear();
 }

@@ -353,7 +353,8 @@ void Monkey::begin_comparison() {
 void Monkey::look_for_the_position() {
     const auto state = m_check.look();
     if (state == PositionCheck::State::agrees) ++m_comparisons;
-    if (state == PositionCheck::State::differs) {
+    // One that died meanwhile was told nothing.
+    if (state == PositionCheck::State::differs && is_seated()) {
         m_differences.push_back(m_check.report() + "after\n" + last_actions());
         note("DIFFERENT");
     }

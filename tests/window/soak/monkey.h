@@ -115,6 +115,7 @@ private:
 
     std::string m_wanted_file;  // in the file chooser that is open
     int m_waited = 0;           // steps for it
+    bool m_leaves_chooser = false;
 
     // The comparison that is wanted.
     bool m_compares = false;

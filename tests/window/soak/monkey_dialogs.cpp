@@ -51,27 +51,23 @@ void Monkey::choose_file(Gtk::FileChooserDialog& chooser) {
         if (saves) name = "saved-" + name;
         m_wanted_file = m_place.path(name);
         m_waited = 0;
+        m_leaves_chooser = one_in(5);
         note("choose " + name);
-        if (one_in(5)) {
-            m_wanted_file.clear();
-            chooser.response(one_in(2) ? Gtk::RESPONSE_CANCEL : Gtk::RESPONSE_DELETE_EVENT);
-            return;
-        }
     }
-    if (chooser.get_filename() == m_wanted_file) {
+    // The chooser reads the folder in its own time; it does not stand an answer in the middle of that.
+    constexpr int first_answer = 80, last_answer = 300;
+    const bool leaves = m_leaves_chooser || m_waited > last_answer;
+    if (++m_waited > first_answer && (leaves || chooser.get_filename() == m_wanted_file)) {
         m_wanted_file.clear();
-        return chooser.response(Gtk::RESPONSE_ACCEPT);
+        return chooser.response(!leaves     ? Gtk::RESPONSE_ACCEPT
+                                : one_in(2) ? Gtk::RESPONSE_CANCEL
+                                            : Gtk::RESPONSE_DELETE_EVENT);
     }
-    // The chooser reads the folder in its own time.
-    if (m_waited % 20 == 0 && saves) {
+    if (m_waited % 100 == 1 && saves) {
         chooser.set_current_folder(m_place.path(""));
         chooser.set_current_name(std::filesystem::path(m_wanted_file).filename().string());
-    } else if (m_waited % 20 == 0) {
+    } else if (m_waited % 100 == 1) {
         chooser.set_filename(m_wanted_file);
-    }
-    if (++m_waited > 200) {
-        m_wanted_file.clear();
-        chooser.response(Gtk::RESPONSE_CANCEL);
     }
 }
 
