@@ -112,7 +112,7 @@ private:
 };
 
 TEST(Soak, AMonkeyFindsNoFault) {
-    const int actions = setting("VELMORA_SOAK_ACTIONS", 400);
+    const int actions = setting("VELMORA_SOAK_ACTIONS", 200);
     const int seed = setting("VELMORA_SOAK_SEED", 1);
     Complaints complaints;
     auto handler = Glib::add_exception_handler([&complaints] {
