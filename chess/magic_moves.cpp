@@ -17,37 +17,41 @@ enum class Slider { bishop, rook };
 // Numbers of BitTables::rays(): straight directions are even, diagonal ones odd.
 constexpr int first_direction(Slider slider) { return slider == Slider::rook ? 0 : 1; }
 
-/// The squares whose men can stop the slider: its lines without the edge square of each direction.
-Bitboard relevant_occupancy(Slider slider, Square square) {
-    Bitboard mask;
-    for (int direction = first_direction(slider); direction < BitTables::directions; direction += 2) {
-        for (Bitboard ray = bit_tables.rays(direction, square); ray.any();) {
-            const Square target = ray.pop_square();
-            if (bit_tables.rays(direction, target).any()) mask.set(target);
-        }
-    }
-    return mask;
-}
-
-/// The attack set by walking: each ray up to and including the first man.
-Bitboard walk(Slider slider, Square square, Bitboard occupied) {
+/// One attack set of a square, and the occupancies that have it.
+struct AttackSet {
     Bitboard attacks;
-    for (int direction = first_direction(slider); direction < BitTables::directions; direction += 2) {
-        Bitboard ray = bit_tables.rays(direction, square);
-        for (Bitboard men = ray & occupied; men.any();) ray &= ~bit_tables.rays(direction, men.pop_square());
-        attacks |= ray;
-    }
-    return attacks;
-}
+    Bitboard blockers;  ///< the first man of each direction that is stopped short of the edge
+    Bitboard hidden;    ///< what may stand behind them, edges left out
+};
 
-/// The n-th subset of the mask: its squares for the set bits of n, the lowest square for bit 0.
-Bitboard subset(Bitboard mask, std::uint32_t n) {
-    Bitboard result;
-    for (; n != 0; n >>= 1) {
-        const Bitboard bit = mask.pop_bit();
-        if ((n & 1) != 0) result |= bit;
+/// All attack sets of a slider, ascending as numbers, each once. `relevant` becomes the squares whose men can
+/// stop the slider: its lines without the edge square of each direction.
+std::vector<AttackSet> attack_sets(Slider slider, Square square, Bitboard& relevant) {
+    std::vector<AttackSet> sets(1);
+    for (int direction = first_direction(slider); direction < BitTables::directions; direction += 2) {
+        const Bitboard ray = bit_tables.rays(direction, square);
+        std::vector<AttackSet> reaches{{ray, no_squares, no_squares}};
+        Bitboard line;
+        for (Bitboard targets = ray; targets.any();) {
+            const Square target = targets.pop_square();
+            const Bitboard behind = bit_tables.rays(direction, target);
+            if (!behind.any()) continue;  // the edge, which is reached whether a man stands there or not
+            line.set(target);
+            reaches.push_back({ray & ~behind, target.bit(), behind});
+        }
+        std::vector<AttackSet> longer;
+        for (const AttackSet& set : sets) {
+            for (const AttackSet& reach : reaches) {
+                longer.push_back({set.attacks | reach.attacks, set.blockers | reach.blockers,
+                                  set.hidden | (reach.hidden & line)});
+            }
+        }
+        sets = std::move(longer);
+        relevant |= line;
     }
-    return result;
+    std::sort(sets.begin(), sets.end(),
+              [](const AttackSet& one, const AttackSet& other) { return one.attacks < other.attacks; });
+    return sets;
 }
 
 /// Sets that stand twice in one square's list.
@@ -88,37 +92,44 @@ bool report_wrong_slot(const SlotTables& tables, int square) {
 }  // namespace
 
 MagicMoves::MagicMoves(FullTables full_tables) {
-    const auto build = [full_tables](Slider slider, Square square, Lookup& lookup, auto& moves, auto& index,
-                                     auto& attacks) {
+    const auto build = [full_tables](Slider slider, Square square, Lookup& lookup, auto& all_moves,
+                                     auto& all_index, auto& all_attacks) {
         const std::size_t s = at(square);
         const bool rook = slider == Slider::rook;
-        lookup.mask = relevant_occupancy(slider, square);
+        const auto sets = attack_sets(slider, square, lookup.mask);
         lookup.magic = rook ? magic_constants::rook_multipliers[s] : magic_constants::bishop_multipliers[s];
         lookup.shift = rook ? magic_constants::rook_shifts[s] : magic_constants::bishop_shifts[s];
 
-        moves[s].resize(std::size_t{1} << (64 - lookup.shift));
-        for (std::uint32_t n = 0; n < 1U << lookup.mask.count(); ++n) {
-            const Bitboard occupied = subset(lookup.mask, n);
-            moves[s][slot(lookup, occupied)] = walk(slider, square, occupied);
+        // The number of each slot's set from 1; the 0 of an unused slot is the empty set's.
+        auto& index = all_index[s];
+        index.resize(std::size_t{1} << (64 - lookup.shift));
+        auto& moves = all_moves[s];
+        moves.resize(full_tables == FullTables::keep ? index.size() : 10);
+        for (std::size_t n = 0; n < sets.size(); ++n) {
+            const auto number = static_cast<std::uint8_t>(n + 1);
+            const std::uint64_t hidden = sets[n].hidden.value();
+            std::uint64_t men = 0;  // each subset of the hidden squares in turn
+            do {
+                const auto place = slot(lookup, sets[n].blockers | Bitboard(men));
+                auto& number_in_slot = index[place];
+                if (number_in_slot != 0 && number_in_slot != number) {
+                    throw std::logic_error(rook ? "MagicMoves error(2) in constructor"
+                                                : "MagicMoves error(1) in constructor");
+                }
+                number_in_slot = number;
+                if (full_tables == FullTables::keep) moves[place] = sets[n].attacks;
+                men = (men - hidden) & hidden;
+            } while (men != 0);
         }
-
-        attacks[s] = moves[s];  // the 0 of unused slots is one of the sets
-        std::sort(attacks[s].begin(), attacks[s].end());
-        attacks[s].erase(std::unique(attacks[s].begin(), attacks[s].end()), attacks[s].end());
-
-        for (const Bitboard set : moves[s]) {
-            const auto place = std::find(attacks[s].begin(), attacks[s].end(), set);
-            if (place != attacks[s].end()) {
-                index[s].push_back(static_cast<std::uint8_t>(place - attacks[s].begin()));
-            }
+        auto& attacks = all_attacks[s];
+        if (std::find(index.begin(), index.end(), 0) != index.end()) {
+            attacks.emplace_back();  // the lowest of all, and so the first
+        } else {
+            for (auto& number : index) --number;
         }
-        if (index[s].size() != moves[s].size()) {
-            throw std::logic_error(rook ? "MagicMoves error(2) in constructor"
-                                        : "MagicMoves error(1) in constructor");
-        }
-        lookup.index = index[s].data();
-        lookup.attacks = attacks[s].data();
-        if (full_tables == FullTables::drop) moves[s] = std::vector<Bitboard>(10);
+        for (const AttackSet& set : sets) attacks.push_back(set.attacks);
+        lookup.index = index.data();
+        lookup.attacks = attacks.data();
     };
     for (Square s(0); s.on_board(); ++s) {
         build(Slider::bishop, s, m_bishops[at(s)], m_magic_bishop_moves, m_bishop_index, m_bishop_attacks);
