@@ -17,9 +17,12 @@ public:
     /// Puts a command, without sender id and line end, on the referee's queue.
     void send(const std::string& command);
 
-    /// Whether an engine may be on the move by what has been sent: a move of the person or "go", and no other
-    /// position since.
-    bool has_asked_engine() const { return m_asked_engine; }
+    /// Whether a move of the engine can be meant for the game as it stands: since the last position that was
+    /// sent, the engine has been asked for one, by a move of the person or "go", and the referee has heard of
+    /// it.
+    bool awaits_engine_move() const { return m_asked_engine && m_heard; }
+    /// Notes that the referee has named the players, as it does whenever it hears that the engine is asked.
+    void note_names() { m_heard = m_asked_engine; }
 
     /// Notes a line that came from the referee.
     void log_received(const std::string& line);
@@ -32,6 +35,7 @@ private:
 
     CommandSink& m_manager;
     bool m_asked_engine = false;
+    bool m_heard = false;
     LogFile m_log;
     Stopwatch m_session;  // runs from construction; the log's stamps count from the program's start
 };

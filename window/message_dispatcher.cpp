@@ -77,7 +77,7 @@ void MessageDispatcher::process(const std::string& line) {
 
 bool MessageDispatcher::awaits_move() const {
     return m_screen.mode() == Mode::tournament ||
-           (m_screen.mode() == Mode::human_computer && m_manager.has_asked_engine());
+           (m_screen.mode() == Mode::human_computer && m_manager.awaits_engine_move());
 }
 
 /// Whether the referee may begin a game or say from which position: in a match always; against an engine,
@@ -254,6 +254,7 @@ std::string MessageDispatcher::clean_name(Rest& rest) {
 
 template <Side side>
 void MessageDispatcher::set_name(Rest& rest) {
+    m_manager.note_names();
     m_desk.players[side] = {clean_name(rest), ""};
     m_screen.set_title(m_desk.players[Side::white].name + "  " + m_desk.players[Side::black].name);
 }

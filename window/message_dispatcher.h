@@ -17,7 +17,7 @@ namespace velmora {
 /// The board changes only where the mode lets the referee move it.
 class MessageDispatcher {
 public:
-    MessageDispatcher(GameDesk& desk, Screen& screen, CommentKeeper& comments, const ManagerLink& manager)
+    MessageDispatcher(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager)
         : m_desk(desk), m_screen(screen), m_comments(comments), m_manager(manager) {}
 
     /// Handles one line; a line whose first word is in no table is ignored.
@@ -76,7 +76,7 @@ private:
     GameDesk& m_desk;
     Screen& m_screen;
     CommentKeeper& m_comments;
-    const ManagerLink& m_manager;
+    ManagerLink& m_manager;
 
     static const Command* find(std::string_view word);
 };

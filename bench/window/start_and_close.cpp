@@ -1,10 +1,10 @@
-// Measures, in milliseconds, the time from starting a program to its first window being mapped, and from asking that
-// window to close to the end of the process:
+// Measures, in milliseconds, the time from starting a program to its first window being mapped, and from
+// asking that window to close to the end of the process:
 //
 //   start_and_close PROGRAM [ARGUMENT...]        prints e.g. "71.3 38.0"
 //
-// Needs a display without a window manager (which would wrap the window in a frame of its own). A program that doesn't
-// end within five seconds is ended, and "-" stands for its second figure.
+// Needs a display without a window manager (which would wrap the window in a frame of its own). A program
+// that doesn't end within five seconds is ended, and "-" stands for its second figure.
 #include <X11/Xlib.h>
 #include <chrono>
 #include <csignal>

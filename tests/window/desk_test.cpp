@@ -128,7 +128,7 @@ TEST_F(DeskTest, LinesThatCrossedAStepOfThePersonAreDropped) {
     drag("d2", "d4");
     lines({"new"});
     EXPECT_EQ(desk.position.moves_text(), "d2d4");
-    lines({"move d7d5"});
+    lines({"blackname Some Engine", "whitename Human", "move d7d5"});
     EXPECT_EQ(desk.position.moves_text(), "d2d4 d7d5");
     // The engine has answered already when it is told to move: it takes the other side, too.
     drag("c2", "c4");
@@ -137,6 +137,15 @@ TEST_F(DeskTest, LinesThatCrossedAStepOfThePersonAreDropped) {
     EXPECT_EQ(desk.position.moves_text(), "d2d4 d7d5 c2c4 d5c4 e2e3");
     EXPECT_TRUE(desk.engine_plays[Side::white]);
     EXPECT_FALSE(desk.engine_plays[Side::black]);
+    // An answer to the game before, when the person has gone back and played on, until the referee has heard
+    // of that.
+    navigation.to_start();
+    select(Mode::human_computer);
+    drag("e2", "e4");
+    lines({"move e7e5"});
+    EXPECT_EQ(desk.position.moves_text(), "e2e4");
+    lines({"whitename Human", "blackname Some Engine", "move c7c5"});
+    EXPECT_EQ(desk.position.moves_text(), "e2e4 c7c5");
 }
 
 TEST_F(DeskTest, AnEmptyAnnotationLeavesACommentAlone) {
