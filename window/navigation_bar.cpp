@@ -4,7 +4,7 @@
 
 #include <gdkmm/pixbuf.h>
 #include <glibmm/error.h>
-#include <gtkmm/image.h>
+#include <glibmm/main.h>
 
 #include "views/data_directory.h"
 #include "window/navigation.h"
@@ -39,24 +39,39 @@ NavigationBar::NavigationBar() : Gtk::ButtonBox(Gtk::ORIENTATION_HORIZONTAL) {
 void NavigationBar::connect(Navigation& navigation) {
     for (std::size_t i = 0; i < rows.size(); ++i) {
         Gtk::Button& button = m_buttons[i];
-        const std::string path = data_directory() + "velmora.files/svg/" + rows[i].image;
-        try {
-            const int scale = button.get_scale_factor();
-            const auto pixbuf =
-                Gdk::Pixbuf::create_from_file(path, image_size * scale, image_size * scale, true);
-            auto* const image = Gtk::make_managed<Gtk::Image>();
-            // The surface knows its scale, so that the image is sharp where a pixel of the window is several.
-            image->set(Cairo::RefPtr<Cairo::Surface>(new Cairo::Surface(
-                gdk_cairo_surface_create_from_pixbuf(pixbuf->gobj(), scale, nullptr), true)));
-            button.set_image(*image);
-            button.set_always_show_image(true);
-        } catch (const Glib::Error& error) {
-            std::cerr << path << ": " << error.what().raw() << '\n';
-            button.set_label(rows[i].text);
-        }
+        m_images[i].set_size_request(image_size, image_size);
+        button.set_image(m_images[i]);
+        button.set_always_show_image(true);
         button.set_tooltip_text(rows[i].name);
         button.get_accessible()->set_name(rows[i].name);
         button.signal_clicked().connect([&navigation, step = rows[i].step] { (navigation.*step)(); });
+    }
+}
+
+/// The library that reads the images takes its time to load: the window is shown first.
+void NavigationBar::on_map() {
+    Gtk::ButtonBox::on_map();
+    if (m_loaded) return;
+    m_loaded = true;
+    Glib::signal_idle().connect_once(sigc::mem_fun(*this, &NavigationBar::load_images));
+}
+
+void NavigationBar::load_images() {
+    for (std::size_t i = 0; i < rows.size(); ++i) load_image(i);
+}
+
+void NavigationBar::load_image(std::size_t number) {
+    const std::string path = data_directory() + "velmora.files/svg/" + rows[number].image;
+    try {
+        const int scale = get_scale_factor();
+        const auto pixbuf = Gdk::Pixbuf::create_from_file(path, image_size * scale, image_size * scale, true);
+        // The surface knows its scale, so that the image is sharp where a pixel of the window is several.
+        m_images[number].set(Cairo::RefPtr<Cairo::Surface>(
+            new Cairo::Surface(gdk_cairo_surface_create_from_pixbuf(pixbuf->gobj(), scale, nullptr), true)));
+    } catch (const Glib::Error& error) {
+        std::cerr << path << ": " << error.what().raw() << '\n';
+        m_buttons[number].set_always_show_image(false);
+        m_buttons[number].set_label(rows[number].text);
     }
 }
 
@@ -66,7 +81,7 @@ void NavigationBar::set_possible(bool back, bool forward) {
         const bool possible = i < 2 ? back : forward;
         m_buttons[i].set_sensitive(possible);
         // The toolkit leaves an image of our own as it is.
-        if (Gtk::Widget* image = m_buttons[i].get_image()) image->set_opacity(possible ? 1 : faded);
+        m_images[i].set_opacity(possible ? 1 : faded);
     }
 }
 

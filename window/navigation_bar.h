@@ -4,6 +4,7 @@
 
 #include <gtkmm/button.h>
 #include <gtkmm/buttonbox.h>
+#include <gtkmm/image.h>
 
 namespace velmora {
 
@@ -14,14 +15,22 @@ class NavigationBar : public Gtk::ButtonBox {
 public:
     NavigationBar();
 
-    /// Loads the images and connects the clicks. A missing image leaves a button with a text.
     void connect(Navigation& navigation);
 
     /// Greys the buttons that lead nowhere, images included.
     void set_possible(bool back, bool forward);
 
+protected:
+    void on_map() override;
+
 private:
+    void load_images();
+    /// A missing image leaves the button with a text.
+    void load_image(std::size_t number);
+
     std::array<Gtk::Button, 4> m_buttons;
+    std::array<Gtk::Image, 4> m_images;
+    bool m_loaded = false;
 };
 
 }  // namespace velmora

@@ -43,7 +43,8 @@ int main(int argc, char** argv) {
         // The toolkit takes the locale from the environment; numbers in protocols and files have a decimal
         // point.
         std::setlocale(LC_NUMERIC, "C");
-        Gtk::Window::set_default_icon_name("velmora");
+        // Finding the icon takes a good part of the start: the window is shown first.
+        Glib::signal_idle().connect_once([] { Gtk::Window::set_default_icon_name("velmora"); });
         Glib::add_exception_handler(sigc::ptr_fun(&report_exception));
         velmora::Interface window(arguments.empty() ? "" : arguments.front(), command_line.board_size);
         if (!command_line.file.empty()) {
