@@ -31,7 +31,7 @@ def wait_until(condition, what, seconds=None):
     while True:
         try:
             value = condition()
-        except GLib.Error:  # the tree changed while it was walked
+        except (GLib.Error, AttributeError):  # the tree changed while it was walked, or a node isn't there yet
             value = None
         if value:
             return value
