@@ -96,10 +96,7 @@ BENCHMARK(bare_exchange)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
-    if (std::string_view(argv[0]).ends_with(stamping_engine_name)) {
-        play_stamping_engine();
-        return 0;
-    }
+    if (has_played_stamping_engine(argv[0])) return 0;
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

@@ -51,6 +51,14 @@ inline void play_stamping_engine() {
     });
 }
 
+/// In a process that was started under the engine's name, plays the engine to its end; else gives false at
+/// once.
+inline bool has_played_stamping_engine(std::string_view program) {
+    if (!program.ends_with(stamping_engine_name)) return false;
+    play_stamping_engine();
+    return true;
+}
+
 /// When the engine had its "go", from the line that tells the window so.
 inline std::optional<std::int64_t> arrival_at_engine(std::string_view line) {
     constexpr std::string_view head = "black_info string ";

@@ -56,12 +56,7 @@ void FileFlows::load_game_from(const std::string& path) {
     m_desk.clear_annotations();
     m_desk.position.set_fen(m_desk.game.to_start());
     m_desk.tag_opening_of_main_line();
-    m_comments.show();
-    m_screen.clear_arrows();
-    m_screen.show_game();
-    m_screen.mark_clock(m_desk.side_to_move());
-    m_screen.show_position();
-    m_manager.send("setboard " + m_desk.position.fen());
+    show_loaded();
 }
 
 void FileFlows::save_game() {
@@ -125,6 +120,11 @@ void FileFlows::set_up(const std::string& line) {
     m_desk.reset_record();
     for (const auto& [tag, value] : roster_tags(line)) m_desk.game.set_tag(tag, tag_safe(value));
     m_desk.start_from(readable.fen());
+    show_loaded();
+}
+
+/// A game or a position has come from outside: the views and the referee follow.
+void FileFlows::show_loaded() {
     m_comments.show();
     m_screen.clear_arrows();
     m_screen.show_game();

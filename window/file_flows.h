@@ -46,6 +46,7 @@ private:
     void use_polyglot_book(const std::string& path);
     void step_to_position(std::size_t index);
     void set_up(const std::string& line);
+    void show_loaded();
 
     Gtk::Window& m_parent;
     GameDesk& m_desk;

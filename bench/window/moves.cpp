@@ -139,10 +139,7 @@ int measure(int moves) {
 
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
-    if (std::string_view(argv[0]).ends_with(stamping_engine_name)) {
-        play_stamping_engine();
-        return 0;
-    }
+    if (has_played_stamping_engine(argv[0])) return 0;
     Gtk::Main toolkit(argc, argv);
     return measure(argc > 1 ? std::max(1, std::atoi(argv[1])) : 100);
 }
