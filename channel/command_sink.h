@@ -14,6 +14,10 @@ public:
 
     /// Takes one line, without a line end.
     virtual void put_command(const std::string& line) = 0;
+
+    /// Nothing follows soon: a sink that gathers lines passes them on now. The writer calls it ahead of each
+    /// wait, so that lines which come together may travel together.
+    virtual void flush() {}
 };
 
 }  // namespace velmora

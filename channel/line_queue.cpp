@@ -22,23 +22,29 @@ void LineQueue::drop_expendable_front() {
     if (victim != m_lines.end()) m_lines.erase(victim);
 }
 
-std::optional<std::string> LineQueue::wait_and_pop(std::chrono::milliseconds timeout) {
+std::string LineQueue::wait_and_pop() {
     std::unique_lock lock(m_mutex);
-    if (!m_filled.wait_for(lock, timeout, [this] { return !m_lines.empty(); })) return std::nullopt;
+    m_filled.wait(lock, [this] { return !m_lines.empty(); });
+    return pop();
+}
+
+std::optional<std::string> LineQueue::try_pop() {
+    const std::lock_guard lock(m_mutex);
+    if (m_lines.empty()) return std::nullopt;
+    return pop();
+}
+
+std::string LineQueue::pop() {
     std::string line = std::move(m_lines.front());
     m_lines.pop_front();
     if (m_search_from > 0) --m_search_from;
     return line;
 }
 
-std::optional<std::string> LineQueue::try_pop() { return wait_and_pop(std::chrono::milliseconds(0)); }
-
 void LineQueue::drain(const std::function<void(const std::string&)>& handle) {
     const std::lock_guard lock(m_mutex);
     while (!m_lines.empty()) {
-        const std::string line = std::move(m_lines.front());
-        m_lines.pop_front();
-        if (m_search_from > 0) --m_search_from;
+        const std::string line = pop();
         handle(line);
     }
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <condition_variable>
 #include <cstddef>
 #include <deque>
@@ -33,8 +32,8 @@ public:
     /// Appends a line and wakes one waiting reader.
     void put(const std::string& line);
 
-    /// The front line; waits for one until `timeout` has passed, then gives nothing.
-    std::optional<std::string> wait_and_pop(std::chrono::milliseconds timeout);
+    /// The front line; waits for one.
+    std::string wait_and_pop();
 
     /// The front line if there is one now.
     std::optional<std::string> try_pop();
@@ -51,6 +50,7 @@ public:
     std::size_t size() const;
 
 private:
+    std::string pop();
     void drop_expendable_front();
 
     const Expendable m_expendable;

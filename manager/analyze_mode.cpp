@@ -33,6 +33,7 @@ void AnalyzeMode::step() {
     const Move move = std::exchange(m_state.pending, Move());
     if (!play_if_legal(m_state.position, move)) return;
     engine.stop();
+    m_state.flush();
     std::this_thread::sleep_for(settling_time);
     engine.set_position(m_state.position);
     engine.go_infinite();

@@ -69,6 +69,7 @@ void EngineSeats::load_installed_engine(Seat seat, const std::string& name) {
 }
 
 void EngineSeats::reload(Seat seat) {
+    m_state.flush();
     auto& guest = *engine(seat);
     const EngineVariables variables = guest.get_enginevariables();
     guest.reload_engine();
@@ -95,6 +96,7 @@ void EngineSeats::replace_crashed(Seat seat) {
 }
 
 void EngineSeats::unload(Seat seat) {
+    m_state.flush();
     const auto guest = std::move(at(seat).engine);
     if (seat == Seat::first) m_published.publish(std::nullopt);
     if (guest != nullptr) guest->unload_engine();

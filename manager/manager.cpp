@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <iostream>
+#include <sys/prctl.h>
 #include <utility>
 
 #include "channel/text.h"
@@ -10,9 +11,6 @@
 namespace velmora {
 
 namespace {
-
-/// How long the loop waits before it looks at its flag again; the game takes no step by itself.
-constexpr std::chrono::milliseconds idle_wait{500};
 
 /// An engine's search line: sender 1 or 2, the instance id, "info".
 bool is_engine_info(const std::string& line) {
@@ -46,9 +44,13 @@ Manager::~Manager() = default;
 void Manager::put_command(const std::string& line) { m_queue.put(line); }
 
 void Manager::operator()() {
+    // The pauses of a match end when they should: by default the kernel may stretch a sleep by 50 us.
+    prctl(PR_SET_TIMERSLACK, 1);
     while (!m_state.quit) {
-        if (const auto line = m_queue.wait_and_pop(idle_wait)) take_turn(*line);
+        take_turn(m_queue.wait_and_pop());
+        if (m_queue.empty()) m_state.flush();
     }
+    m_state.flush();
 }
 
 void Manager::take_turn(const std::string& line) {

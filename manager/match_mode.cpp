@@ -20,7 +20,7 @@ constexpr std::int32_t forgiven_overstep = 500;
 /// ms.
 constexpr std::int32_t hopeless_overstep = 20000;
 
-/// Pause between two moves; the queue waits, and the window can show the position meanwhile.
+/// From a move's arrival to the next search; the queue waits, and the window can show the position meanwhile.
 constexpr std::chrono::milliseconds move_pause{10};
 
 std::string log_name(Seat seat) { return seat == Seat::first ? "engine1" : "engine2"; }
@@ -151,6 +151,7 @@ GameEnd MatchMode::step() {
 }
 
 GameEnd MatchMode::engine_moved(Seat seat, Move move) {
+    const auto arrival = std::chrono::steady_clock::now();
     const std::string line = "move " + move.to_string(false);
     m_state.send(line);
     m_state.log.write(" interface <- " + line);
@@ -172,7 +173,7 @@ GameEnd MatchMode::engine_moved(Seat seat, Move move) {
     play(seat, move);
     if (is_adjudicated_draw(m_state.position)) return "1/2-1/2 {adjudicated}";
     if (result(m_state.position) != game_goes_on) return by_the_rules;
-    start_search(other(seat));
+    start_search(other(seat), arrival + move_pause);
     return {};
 }
 
@@ -189,10 +190,11 @@ void MatchMode::play(Seat seat, Move move) {
     }
 }
 
-void MatchMode::start_search(Seat seat) {
+void MatchMode::start_search(Seat seat, std::chrono::steady_clock::time_point start) {
     auto& mover = engine(seat);
     prepare_to_move(mover, m_state.position);
-    std::this_thread::sleep_for(move_pause);
+    m_state.flush();
+    std::this_thread::sleep_until(start);
     if (m_state.log.is_on())
         m_state.log.write(" " + log_name(seat) + " <- position " + m_state.position.fen());
     mover.go();
@@ -219,6 +221,7 @@ void MatchMode::game_over(std::string_view result_word) {
 }
 
 void MatchMode::save_tournament() {
+    m_state.flush();  // no result stands in the file that hasn't been told
     try {
         m_tournament.save();
     } catch (const std::exception& error) {

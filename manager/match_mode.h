@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -56,7 +57,7 @@ private:
     GameEnd engine_moved(Seat seat, Move move);
     bool oversteps(const GuiEngine& engine) const;
     void play(Seat seat, Move move);
-    void start_search(Seat seat);
+    void start_search(Seat seat, std::chrono::steady_clock::time_point start);
     void save_tournament();
     void finish_run();
 

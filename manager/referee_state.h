@@ -18,6 +18,9 @@ struct RefereeState {
     /// Sends one line to the window.
     void send(const std::string& line) { window.put_command(line); }
 
+    /// Lets the window have what was sent; called ahead of all that takes its time.
+    void flush() { window.flush(); }
+
     bool white_to_move() const { return position.side_to_move() == Side::white; }
 
     CommandSink& window;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -26,11 +27,10 @@ struct Bench {
     Bench() { console.set_referee(referee); }
     ~Bench() { std::fclose(out); }
 
+    /// What has left the buffer.
     std::string printed() const {
-        std::fflush(out);
-        std::rewind(out);
         std::string text(4096, '\0');
-        text.resize(std::fread(text.data(), 1, text.size(), out));
+        text.resize(static_cast<std::size_t>(pread(fileno(out), text.data(), text.size(), 0)));
         return text;
     }
 
@@ -56,6 +56,8 @@ TEST(Console, PrintsWhatTheRefereeSays) {
     bench.console.put_command("move e2e4");
     EXPECT_EQ(bench.left, 0);
     bench.console.put_command("quit");
+    EXPECT_EQ(bench.printed(), "") << "lines travel together";
+    bench.console.flush();
     EXPECT_EQ(bench.printed(), "move e2e4\nquit\n");
     EXPECT_EQ(bench.left, 1);
 }

@@ -47,14 +47,18 @@ void Console::command(std::string_view line) {
 
 void Console::put_command(const std::string& line) {
     const std::lock_guard lock(m_mutex);
-    const bool printed = std::fputs((line + '\n').c_str(), m_out) >= 0 && std::fflush(m_out) == 0;
+    std::fputs((line + '\n').c_str(), m_out);
     if (line == "quit") m_leave();
     if (line == "tournament_finished") m_match_running = false;
-    if (!printed) {
-        // Nobody reads any more, so nobody waits for a match either.
-        m_input_ended = true;
-        m_match_running = false;
-    }
+    quit_when_done();
+}
+
+void Console::flush() {
+    const std::lock_guard lock(m_mutex);
+    if (std::fflush(m_out) == 0 && std::ferror(m_out) == 0) return;
+    // Nobody reads any more, so nobody waits for a match either.
+    m_input_ended = true;
+    m_match_running = false;
     quit_when_done();
 }
 

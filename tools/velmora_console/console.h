@@ -29,8 +29,11 @@ public:
     /// The input is at its end; what stands there without a line end is a line.
     void end_input();
 
-    /// Prints a line of the referee and flushes.
+    /// Prints a line of the referee; with the next flush() it is on its way.
     void put_command(const std::string& line) override;
+
+    /// Writes the lines since the last one by one write.
+    void flush() override;
 
 private:
     void command(std::string_view line);
