@@ -1,6 +1,7 @@
 #include "engine/base_engine.h"
 
 #include <utility>
+#include <vector>
 
 #include "channel/text.h"
 #include "engine/engio.h"
@@ -100,7 +101,9 @@ void BaseEngine::set_variables(const EngineVariables& variables) {
 void BaseEngine::send_options(const Options& options) {
     const std::lock_guard lock(m_mutex);
     m_variables->options = options;
-    for (const auto& [name, option] : options) send(option_command(option));
+    std::vector<std::string> commands;
+    for (const auto& [name, option] : options) commands.push_back(option_command(option));
+    m_engio->send_lines(std::vector<std::string_view>(commands.begin(), commands.end()));
 }
 
 std::string BaseEngine::option_command(const Option& option) const {
@@ -146,7 +149,7 @@ void BaseEngine::set_instance_id(std::uint64_t instance_id) {
 void BaseEngine::send(std::string_view command) { m_engio->send(command); }
 
 void BaseEngine::send_together(std::initializer_list<std::string_view> commands) {
-    m_engio->send_lines(commands);
+    m_engio->send_lines({commands.begin(), commands.size()});
 }
 
 void BaseEngine::post(std::string_view line) const {

@@ -169,12 +169,12 @@ bool Engio::hand_over(const std::string& line) {
     return true;
 }
 
-void Engio::send_lines(std::initializer_list<std::string_view> lines) {
+void Engio::send_lines(std::span<const std::string_view> lines) {
     const std::lock_guard lock(m_send_mutex);
     if (is_alive()) write_lines(lines);
 }
 
-void Engio::write_lines(std::initializer_list<std::string_view> lines) {
+void Engio::write_lines(std::span<const std::string_view> lines) {
     std::string bytes;
     for (const std::string_view line : lines) {
         if (line.empty()) continue;
@@ -201,7 +201,8 @@ void Engio::quit() {
     m_wakeup->wake();
     {
         const std::lock_guard lock(m_send_mutex);
-        write_lines({"quit"});
+        const std::string_view command = "quit";
+        write_lines({&command, 1});
     }
     {
         std::unique_lock lock(m_reader_mutex);

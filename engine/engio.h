@@ -3,9 +3,9 @@
 #include <atomic>
 #include <condition_variable>
 #include <cstdint>
-#include <initializer_list>
 #include <memory>
 #include <mutex>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -53,9 +53,9 @@ public:
 
     /// Writes one line to the engine. Nothing without a living process. An engine that takes nothing for two
     /// seconds counts as crashed.
-    void send(std::string_view text) { send_lines({text}); }
+    void send(std::string_view text) { send_lines({&text, 1}); }
     /// Several lines by one write, so that the engine is woken once.
-    void send_lines(std::initializer_list<std::string_view> lines);
+    void send_lines(std::span<const std::string_view> lines);
 
     /// Whether the engine has read all that was sent. REQUIRES: called on the owner's thread.
     bool has_taken_input() const { return m_child.has_taken_input(); }
@@ -84,7 +84,7 @@ private:
     bool wait_for_output() const;
     void hand_over_lines();
     bool hand_over(const std::string& line);
-    void write_lines(std::initializer_list<std::string_view> lines);
+    void write_lines(std::span<const std::string_view> lines);
     void log(std::string_view text);
 
     // Atomic: read and set by the owner, the reader and whoever sends.
