@@ -70,12 +70,17 @@ public:
     std::string wait_for(std::string_view word) {
         std::string answer;
         while (answer.find(word) == std::string::npos || !answer.ends_with('\n')) {
-            char buffer[4096];
-            const auto count = ::read(m_from_child, buffer, sizeof buffer);
-            if (count <= 0) std::abort();
-            answer.append(buffer, static_cast<std::size_t>(count));
+            answer += read_some();
         }
         return answer;
+    }
+
+    /// What the child has written, at least a byte.
+    std::string read_some() {
+        char buffer[4096];
+        const auto count = ::read(m_from_child, buffer, sizeof buffer);
+        if (count <= 0) std::abort();
+        return std::string(buffer, static_cast<std::size_t>(count));
     }
 
 private:

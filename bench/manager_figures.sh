@@ -22,61 +22,27 @@ write_tournament() { # games
     for i in $(seq "$1"); do echo "game $i $i $((i % 2 + 1)) - $((2 - i % 2)) *"; done
 }
 
-start_console() { # games output
+# Plays $1 games and prints what match_watch tells of them.
+play() {
     write_tournament "$1" >tournaments/m.trn
-    [ -p input ] || mkfifo input
-    "$build/tools/velmora_console/velmora-console" <input >"$2" &
-    console=$!
-    exec 3>input
-    printf 'load_tournament m\nstart_tournament\n' >&3
+    "$build/bench/match_watch" "$build/tools/velmora_console/velmora-console"
 }
 
-end_console() {
+# Plays $1 games into a file, which wakes nobody. Prints: plies, own CPU ms of the console alone.
+cpu() {
+    write_tournament "$1" >tournaments/m.trn
+    [ -p input ] || mkfifo input
+    "$build/tools/velmora_console/velmora-console" <input >output &
+    local console=$! ms
+    exec 3>input
+    printf 'load_tournament m\nstart_tournament\n' >&3
+    while grep -q '\*$' tournaments/m.trn; do sleep 0.3; done
+    # The 14th and 15th field: ticks of 10 ms in user and kernel mode.
+    ms=$(awk '{print ($14 + $15) * 10}' "/proc/$console/stat")
     echo quit >&3
     exec 3>&-
     wait "$console"
-}
-
-# Plays $1 games. Prints: plies, their elapsed ms (from a game's first move to its end), games' gaps, and the ms from
-# results to the next game's first position, the longest behind it.
-play() {
-    start_console "$1" output
-    exec 4< <(tail -f --pid="$console" -n +1 output)
-    local line now first=0 result=0 plies=0 elapsed=0 gaps=0 gap_ms=0 longest=0
-    while read -r -u 4 line; do
-        now=${EPOCHREALTIME/./}
-        case $line in
-            setboard*)
-                if ((result)); then
-                    ((gaps += 1, gap_ms += now - result)) || true
-                    ((now - result > longest)) && longest=$((now - result))
-                fi
-                first=0
-                ;;
-            move*) if ((first == 0)); then first=$now; else ((plies += 1)); fi ;;
-            1-0* | 0-1* | 1/2-1/2*)
-                result=$now
-                ((elapsed += now - first)) || true
-                ;;
-            tournament_finished) break ;;
-        esac
-    done
-    exec 4<&-
-    end_console
-    rm output
-    echo "$plies $((elapsed / 1000)) $gaps $((gap_ms / 1000)) $((longest / 1000))"
-}
-
-# Plays $1 games with nobody reading their lines as they come. Prints: plies, own CPU ms of the console alone.
-cpu() {
-    start_console "$1" output
-    while grep -q '\*$' tournaments/m.trn; do sleep 0.3; done
-    # The 14th and 15th field: ticks of 10 ms in user and kernel mode.
-    local ms
-    ms=$(awk '{print ($14 + $15) * 10}' "/proc/$console/stat")
-    end_console
     echo "$(grep -c '^move' output) $ms"
-    rm output
 }
 
 "$build/bench/bare_match" "$engine" "$games"
