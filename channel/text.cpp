@@ -1,7 +1,6 @@
 #include "channel/text.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <locale>
 #include <sstream>
@@ -89,8 +88,6 @@ std::optional<double> WordReader::real() {
     return read_number<double>(m_rest);
 }
 
-bool WordReader::at_end() const { return m_rest.find_first_not_of(white_space) == std::string_view::npos; }
-
 std::string_view first_word(std::string_view line) { return WordReader(line).word(); }
 
 std::string_view trim_blanks(std::string_view text) { return trim(text, " "); }
@@ -98,10 +95,6 @@ std::string_view trim_blanks(std::string_view text) { return trim(text, " "); }
 std::string_view trim_leading_blanks(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     return text;
-}
-
-std::string_view trim_trailing_blanks(std::string_view text) {
-    return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
 std::string_view trim_white_space(std::string_view text) { return trim(text, white_space); }
@@ -123,8 +116,6 @@ std::string join(const std::vector<std::string_view>& words) {
 }
 
 std::string underscores_to_blanks(std::string_view text) { return replaced(text, "_", ' '); }
-
-std::string blanks_to_underscores(std::string_view text) { return replaced(text, " ", '_'); }
 
 std::string one_line(std::string_view text) { return replaced(text, "\r\n", ' '); }
 

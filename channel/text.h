@@ -36,9 +36,6 @@ public:
     /// All that has not been read, leading blanks included.
     std::string_view rest() const { return m_rest; }
 
-    /// Whether nothing but white space is left.
-    bool at_end() const;
-
 private:
     void skip_white_space();
     std::optional<std::int64_t> signed_integer();
@@ -52,7 +49,6 @@ std::string_view first_word(std::string_view line);
 
 std::string_view trim_blanks(std::string_view text);
 std::string_view trim_leading_blanks(std::string_view text);
-std::string_view trim_trailing_blanks(std::string_view text);
 std::string_view trim_white_space(std::string_view text);
 
 /// The words of a text.
@@ -62,7 +58,6 @@ std::vector<std::string_view> words(std::string_view text);
 std::string join(const std::vector<std::string_view>& words);
 
 std::string underscores_to_blanks(std::string_view text);
-std::string blanks_to_underscores(std::string_view text);
 
 /// Line feeds and carriage returns become blanks, so that any text fits into one line of the channel.
 std::string one_line(std::string_view text);

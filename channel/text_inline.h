@@ -1,7 +1,7 @@
 #pragma once
 
 #include <charconv>
-#include <limits>
+#include <type_traits>
 #include <utility>
 
 #include "channel/text.h"

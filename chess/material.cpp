@@ -1,7 +1,5 @@
 #include "chess/material.h"
 
-#include <string_view>
-
 #include "chess/board_position.h"
 
 namespace velmora {

@@ -1,12 +1,9 @@
 #pragma once
 
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <mutex>
-#include <new>
 #include <string>
 
 #include "chess/bitboard.h"

@@ -1,7 +1,5 @@
 #include "chess/position.h"
 
-#include <algorithm>
-
 #include "chess/chess960.h"
 #include "chess/move_generator.h"
 #include "chess/move_list.h"

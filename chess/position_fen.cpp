@@ -1,5 +1,3 @@
-#include <array>
-#include <charconv>
 #include <stdexcept>
 
 #include "chess/fen_fields.h"

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <array>
 #include <cstdlib>
 

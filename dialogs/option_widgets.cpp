@@ -1,6 +1,5 @@
 #include "dialogs/option_widgets.h"
 
-#include <cmath>
 #include <stdexcept>
 #include <string>
 

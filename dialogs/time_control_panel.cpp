@@ -1,7 +1,6 @@
 #include "dialogs/time_control_panel.h"
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
 #include "channel/text.h"

@@ -95,10 +95,6 @@ void TournamentDialog::add_row(const char* label, Gtk::Widget& field) {
     m_event_page.attach(field, 1, m_row++);
 }
 
-void TournamentDialog::set_book_folder(const std::string& folder) {
-    if (m_book.empty()) m_book_button.set_current_folder(folder);
-}
-
 std::string TournamentDialog::entered_event() const {
     return std::string(text::trim_blanks(text::one_line(m_event.get_text().raw())));
 }

@@ -32,9 +32,6 @@ public:
     TournamentDialog(Gtk::Window& parent, const Tournament& tournament,
                      const InstalledEngines::Map& installed);
 
-    /// The folder in which the choice of an opening book begins while there is none.
-    void set_book_folder(const std::string& folder);
-
     /// Puts the user's values into `tournament` and makes its schedule.
     ///
     /// Throws what Tournament::make_schedule() throws, with the flags not yet set, and std::logic_error with

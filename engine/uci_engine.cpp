@@ -1,7 +1,6 @@
 #include "engine/uci_engine.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 #include <stdexcept>
 

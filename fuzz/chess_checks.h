@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 #include <iostream>
-#include <string>
 #include <string_view>
 
 #include "chess/legal_moves.h"

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "channel/command_sink.h"
-#include "channel/text.h"
 #include "engine/engine_variables.h"
 #include "engine/engio.h"
 #include "fuzz/chess_checks.h"

@@ -1,6 +1,5 @@
 // Any text as a game: it is loaded or refused, can be walked and printed, and what is printed loads again.
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -4,10 +4,10 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "fuzz/memory_file.h"
 #include "game/pgn_error.h"
 #include "game/pgn_file.h"
 #include "game/tag_scanner.h"
+#include "tests/support/memory_file.h"
 
 namespace {
 
@@ -29,7 +29,7 @@ std::string read_at(PgnFile& file, std::uint64_t offset) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const fuzzing::MemoryFile memory(data, size);
+    const test::MemoryFile memory({reinterpret_cast<const char*>(data), size});
     PgnFile file;
     PgnFile other;
     require(file.open(memory.path()) && other.open(memory.path()));

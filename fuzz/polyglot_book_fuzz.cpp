@@ -6,16 +6,16 @@
 #include <cstring>
 #include <string_view>
 
-#include "fuzz/memory_file.h"
 #include "openings/fen_key.h"
 #include "openings/polyglot_book.h"
+#include "tests/support/memory_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace velmora;
     std::uint64_t key = 0;
     if (size < sizeof key) return 0;
     std::memcpy(&key, data, sizeof key);
-    const fuzzing::MemoryFile memory(data + sizeof key, size - sizeof key);
+    const test::MemoryFile memory({reinterpret_cast<const char*>(data) + sizeof key, size - sizeof key});
     PolyglotBook book(memory.path());
     if (book.record_count() != (size - sizeof key) / 16) std::abort();
     const auto entries = book.entries(key);

@@ -1,5 +1,6 @@
 // Lines of a UCI engine and orders between them: every line is posted as it came, with at most its mark.
 
+#include "channel/text.h"
 #include "engine/uci_engine.h"
 #include "fuzz/driver_checks.h"
 

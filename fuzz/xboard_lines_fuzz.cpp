@@ -1,6 +1,7 @@
 // Lines of an xboard engine and orders between them, the first byte choosing its features: what is posted is
 // the line, a resignation, a move or thinking output in the words of UCI, or nothing.
 
+#include "channel/text.h"
 #include "engine/xboard_engine.h"
 #include "fuzz/driver_checks.h"
 

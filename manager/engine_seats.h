@@ -9,7 +9,6 @@
 
 #include "channel/command_sink.h"
 #include "engine/gui_engine.h"
-#include "engine/level.h"
 #include "manager/manager_mode.h"
 #include "manager/published_engine.h"
 #include "manager/referee_state.h"

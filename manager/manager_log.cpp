@@ -1,7 +1,6 @@
 #include "manager/manager_log.h"
 
 #include <cstdint>
-#include <string>
 
 #include "channel/text.h"
 

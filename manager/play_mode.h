@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "manager/engine_seats.h"
 #include "manager/game_result.h"
 #include "manager/referee_state.h"

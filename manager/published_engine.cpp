@@ -1,7 +1,6 @@
 #include "manager/published_engine.h"
 
 #include <stdexcept>
-#include <utility>
 
 namespace velmora {
 

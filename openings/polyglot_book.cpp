@@ -1,7 +1,6 @@
 #include "openings/polyglot_book.h"
 
 #include <stdexcept>
-#include <type_traits>
 
 #include "openings/fen_key.h"
 

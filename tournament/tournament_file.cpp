@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <iostream>
-#include <optional>
 #include <stdexcept>
 #include <string_view>
 

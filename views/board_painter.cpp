@@ -1,7 +1,6 @@
 #include "views/board_painter.h"
 
 #include <array>
-#include <cmath>
 #include <numbers>
 
 namespace velmora {

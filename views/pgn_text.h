@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 /// The arithmetic of the PGN view, on valid UTF-8.

@@ -1,6 +1,5 @@
 #include "views/shown_position.h"
 
-#include <cctype>
 #include <sstream>
 #include <stdexcept>
 

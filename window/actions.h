@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-#include <string>
 #include <vector>
 
 #include <gtkmm/actiongroup.h>

@@ -16,9 +16,8 @@ namespace velmora {
 /// The Engine and Options menus: loading, installing, setting up an engine, and the time control.
 class EngineFlows {
 public:
-    /// @param engine_variables  the referee's record of the engine in the first seat; throws std::logic_error
-    /// when
-    ///                          there is none
+    /// @param engine_variables  gives the referee's record of the engine in the first seat; throws
+    ///                          std::logic_error when there is none
     EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager,
                 FileChooser& chooser, std::function<EngineVariables()> engine_variables);
 

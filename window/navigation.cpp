@@ -1,7 +1,5 @@
 #include "window/navigation.h"
 
-#include <stdexcept>
-
 namespace velmora {
 
 void Navigation::to_start() {

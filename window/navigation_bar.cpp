@@ -61,7 +61,7 @@ void NavigationBar::load_images() {
 }
 
 void NavigationBar::load_image(std::size_t number) {
-    const std::string path = data_directory() + "velmora.files/svg/" + rows[number].image;
+    const std::string path = image_path(rows[number].image);
     try {
         const int scale = get_scale_factor();
         const auto pixbuf = Gdk::Pixbuf::create_from_file(path, image_size * scale, image_size * scale, true);

@@ -89,9 +89,7 @@ void SecondaryWindows::flip_board() {
     m_refresh();
 }
 
-void SecondaryWindows::about() {
-    show_about(m_main, data_directory() + "velmora.files/svg/velmora_100x50.svg");
-}
+void SecondaryWindows::about() { show_about(m_main, image_path("velmora_100x50.svg")); }
 
 void SecondaryWindows::on_closed(const std::function<void(const char* action)>& clear) {
     for (const Part& part : m_parts) {

@@ -1,7 +1,5 @@
 #include "window/setup_editor.h"
 
-#include <stdexcept>
-
 namespace velmora {
 
 namespace {

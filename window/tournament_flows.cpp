@@ -1,7 +1,6 @@
 #include "window/tournament_flows.h"
 
 #include <iostream>
-#include <stdexcept>
 
 #include "dialogs/tournament_dialog.h"
 #include "dialogs/tournament_list.h"

@@ -2,33 +2,21 @@
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <stdexcept>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
+#include "tests/support/scratch_directory.h"
+
 namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
 
-class AtomicFileTest : public testing::Test {
+class AtomicFileTest : public testing::Test, public ScratchDirectory {
 protected:
-    AtomicFileTest() {
-        std::string name = (fs::temp_directory_path() / "atomic_file_XXXXXX").string();
-        m_directory = ::mkdtemp(name.data());
-    }
-    ~AtomicFileTest() override { fs::remove_all(m_directory); }
-
-    std::string path(const std::string& name) const { return (m_directory / name).string(); }
-    std::string content(const std::string& name) const {
-        std::ostringstream text;
-        text << std::ifstream(path(name)).rdbuf();
-        return text.str();
-    }
     /// The reason without the path ahead of it, empty when the write succeeds.
     std::string failure(const std::string& name, std::string_view text) const {
         try {
@@ -40,10 +28,9 @@ protected:
         return "";
     }
     std::ptrdiff_t entries() const {
-        return std::distance(fs::directory_iterator(m_directory), fs::directory_iterator());
+        return std::distance(fs::directory_iterator(path("")), fs::directory_iterator());
     }
 
-    fs::path m_directory;
     void (*m_write)(const std::string& path, std::string_view text) = write_file_atomically;
 };
 

@@ -5,20 +5,18 @@
 
 #include "chess/chess960.h"
 #include "chess/legal_moves.h"
-#include "chess/position.h"
-#include "tests/chess/thrown_text.h"
+#include "tests/support/positions.h"
+#include "tests/support/thrown_text.h"
 
 namespace velmora {
 namespace {
 
-using testing::thrown_text;
-
-const std::string start = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1";
+using test::thrown_text;
+const std::string start = test::start_fen;
 
 TEST(Fen, ReadAndWritten) {
     struct Row {
-        std::string read;
-        std::string written;
+        std::string read, written;
     };
     for (const Row& row : {
              Row{start, start},
@@ -51,8 +49,7 @@ TEST(Fen, StartFenKeepsTheFields) {
 
 TEST(Fen, Faults) {
     struct Row {
-        std::string text;
-        std::string expected;
+        std::string text, expected;
     };
     const std::string kings_rest = "/8/8/8/8/8/8/K6k w - - 0 1";
     const auto kings = [](const std::string& text) {
@@ -125,14 +122,12 @@ TEST(Fen, XfenNamesTheRooks) {
 }
 
 TEST(Chess960, Numbers) {
-    struct Row {
-        std::uint32_t number;
-        const char* rank;
-    };
     ChessPosition position;
-    for (const Row& row : {Row{0, "BBQNNRKR"}, {518, "RBKNBQRN"}, {385, "RNBQKBNR"}}) {
-        position.new_chess960(row.number);
-        EXPECT_EQ(position.fen().substr(35, 8), row.rank);
+    const std::pair<std::uint32_t, const char*> known[] = {
+        {0, "BBQNNRKR"}, {518, "RBKNBQRN"}, {385, "RNBQKBNR"}};
+    for (const auto& [number, rank] : known) {
+        position.new_chess960(number);
+        EXPECT_EQ(position.fen().substr(35, 8), rank);
     }
     EXPECT_EQ(position.fen(), start);
 

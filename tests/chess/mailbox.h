@@ -10,7 +10,7 @@
 #include <tuple>
 #include <vector>
 
-namespace velmora::testing {
+namespace velmora::test {
 
 /// A slow chess board of letters that shares nothing with the library: moves are walked square by square,
 /// made on a copy, and dropped when the king stands attacked. What it says is held against the library.
@@ -209,4 +209,4 @@ private:
     std::vector<int> m_castling_rooks;
 };
 
-}  // namespace velmora::testing
+}  // namespace velmora::test

@@ -1,33 +1,24 @@
 #include "chess/move_generator.h"
 
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include "chess/legal_moves.h"
-#include "chess/position.h"
+#include "tests/support/positions.h"
 
 namespace velmora {
 namespace {
 
-ChessPosition position_of(const std::string& fen) {
-    ChessPosition position;
-    position.fen(fen);
-    return position;
-}
+using test::position_of;
 
 // The order of the list is fixed, for both colours.
 TEST(MoveGenerator, Lists) {
     struct Row {
-        const char* name;
-        const char* fen;
-        const char* moves;
+        const char *name, *fen, *moves;
     };
     for (const Row& row : {
-             Row{"start", "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1",
-                 "b1a3 b1c3 g1f3 g1h3 a2a3 a2a4 b2b3 b2b4 c2c3 c2c4 d2d3 d2d4 e2e3 e2e4 f2f3 f2f4 g2g3 g2g4 "
-                 "h2h3 "
-                 "h2h4"},
+             Row{"start", test::start_fen.c_str(),
+                 "b1a3 b1c3 g1f3 g1h3 a2a3 a2a4 b2b3 b2b4 c2c3 c2c4 d2d3 d2d4 e2e3 e2e4 f2f3 f2f4 "
+                 "g2g3 g2g4 h2h3 h2h4"},
              {"Black's double step has the lower number", "4k3/7p/8/8/8/8/8/4K3 b - - 0 1",
               "h7h5 h7h6 e8d7 e8e7 e8f7 e8d8 e8f8"},
              {"captured worth first, kinds in order among equals, promotions without capture last",
@@ -64,8 +55,7 @@ TEST(MoveGenerator, CapturesAreTheFirstStage) {
 
 TEST(MoveGenerator, CastlingAndEnPassant) {
     struct Row {
-        const char* name;
-        const char* fen;
+        const char *name, *fen;
         const char* move;  // coordinate text, Chess960 form
         bool legal;
     };
@@ -113,8 +103,7 @@ TEST(MoveGenerator, CheckBitsWhenTheEnemyKingCouldBeTaken) {
 
 TEST(MoveGenerator, Mate) {
     struct Row {
-        const char* name;
-        const char* fen;
+        const char *name, *fen;
         bool mate;
     };
     for (const Row& row : {

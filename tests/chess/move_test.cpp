@@ -38,8 +38,7 @@ TEST(Move, EqualityLooksAtTheMoveAndItsCheckBit) {
 TEST(Move, CoordinateText) {
     struct Row {
         Move move;
-        const char* classic;
-        const char* chess960;
+        const char *classic, *chess960;
     };
     const MoveCode castling = MoveCode::castling;
     for (const Row& row : {Row{{}, "0000", "0000"},
@@ -54,11 +53,9 @@ TEST(Move, CoordinateText) {
                            {move_of("e8", "a8", castling, 14), "e8c8", "e8a8"},
                            {move_of("e1", "g1", castling, 6), "e1g1", "e1g1"},
                            {move_of("f1", "h1", castling, 6), "f1h1", "f1h1"}}) {
+        EXPECT_EQ((std::ostringstream() << row.move).str(), row.classic);
         EXPECT_EQ(row.move.to_string(false), row.classic);
         EXPECT_EQ(row.move.to_string(true), row.chess960);
-        std::ostringstream out;
-        out << row.move;
-        EXPECT_EQ(out.str(), row.classic);
     }
     EXPECT_EQ(Move().from(), no_square);
 }

@@ -1,82 +1,52 @@
 #include "chess/position.h"
 
 #include <string>
-#include <vector>
+#include <utility>
 
 #include <gtest/gtest.h>
 
 #include "chess/legal_moves.h"
-#include "tests/chess/thrown_text.h"
+#include "tests/support/positions.h"
+#include "tests/support/thrown_text.h"
 
 namespace velmora {
 namespace {
 
-using testing::thrown_text;
-
-ChessPosition after(const std::string& fen, const std::vector<const char*>& moves) {
-    ChessPosition position;
-    position.fen(fen);
-    for (const char* text : moves) position.do_move(position.convert_to_move(text));
-    return position;
-}
-
-const std::string start = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1";
+using test::position_of;
+using test::thrown_text;
+const std::string start = test::start_fen;
 
 TEST(Position, KeysAndFens) {
-    struct Row {
-        const char* fen;
-        std::vector<const char*> moves;
+    const struct {
         std::uint64_t key;
-        const char* after;
+        const char *moves, *fen;
+    } rows[] = {
+        // The keys are those of the Polyglot format's own examples.
+        {0x463B96181691FC9C, "", start.c_str()},
+        {0x823C9B50FD114196, "e2e4", "rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq - 0 1"},
+        {0x0756B94461C50FB0, "e2e4 d7d5", "rnbqkbnr/ppp1pppp/8/3p4/4P3/8/PPPP1PPP/RNBQKBNR w KQkq - 0 2"},
+        {0x662FAFB965DB29D4, "e2e4 d7d5 e4e5", "rnbqkbnr/ppp1pppp/8/3pP3/8/8/PPPP1PPP/RNBQKBNR b KQkq - 0 2"},
+        {0x22A48B5A8E47FF78, "e2e4 d7d5 e4e5 f7f5",
+         "rnbqkbnr/ppp1p1pp/8/3pPp2/8/8/PPPP1PPP/RNBQKBNR w KQkq f6 0 3"},
+        {0x652A607CA3F242C1, "e2e4 d7d5 e4e5 f7f5 e1e2",
+         "rnbqkbnr/ppp1p1pp/8/3pPp2/8/8/PPPPKPPP/RNBQ1BNR b kq - 1 3"},
+        {0x00FDD303C946BDD9, "e2e4 d7d5 e4e5 f7f5 e1e2 e8f7",
+         "rnbq1bnr/ppp1pkpp/8/3pPp2/8/8/PPPPKPPP/RNBQ1BNR w - - 2 4"},
+        {0x3C8123EA7B067637, "a2a4 b7b5 h2h4 b5b4 c2c4",
+         "rnbqkbnr/p1pppppp/8/8/PpP4P/8/1P1PPPP1/RNBQKBNR b KQkq c3 0 3"},
+        {0x5C3F9B829B279560, "a2a4 b7b5 h2h4 b5b4 c2c4 b4c3 a1a3",
+         "rnbqkbnr/p1pppppp/8/8/P6P/R1p5/1P1PPPP1/1NBQKBNR b Kkq - 1 4"},
     };
-    // The keys are those of the Polyglot format's own examples.
-    for (const Row& row : {
-             Row{start.c_str(), {}, 0x463B96181691FC9C, start.c_str()},
-             {start.c_str(),
-              {"e2e4"},
-              0x823C9B50FD114196,
-              "rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq - 0 1"},
-             {start.c_str(),
-              {"e2e4", "d7d5"},
-              0x0756B94461C50FB0,
-              "rnbqkbnr/ppp1pppp/8/3p4/4P3/8/PPPP1PPP/RNBQKBNR w KQkq - 0 2"},
-             {start.c_str(),
-              {"e2e4", "d7d5", "e4e5"},
-              0x662FAFB965DB29D4,
-              "rnbqkbnr/ppp1pppp/8/3pP3/8/8/PPPP1PPP/RNBQKBNR b KQkq - 0 2"},
-             {start.c_str(),
-              {"e2e4", "d7d5", "e4e5", "f7f5"},
-              0x22A48B5A8E47FF78,
-              "rnbqkbnr/ppp1p1pp/8/3pPp2/8/8/PPPP1PPP/RNBQKBNR w KQkq f6 0 3"},
-             {start.c_str(),
-              {"e2e4", "d7d5", "e4e5", "f7f5", "e1e2"},
-              0x652A607CA3F242C1,
-              "rnbqkbnr/ppp1p1pp/8/3pPp2/8/8/PPPPKPPP/RNBQ1BNR b kq - 1 3"},
-             {start.c_str(),
-              {"e2e4", "d7d5", "e4e5", "f7f5", "e1e2", "e8f7"},
-              0x00FDD303C946BDD9,
-              "rnbq1bnr/ppp1pkpp/8/3pPp2/8/8/PPPPKPPP/RNBQ1BNR w - - 2 4"},
-             {start.c_str(),
-              {"a2a4", "b7b5", "h2h4", "b5b4", "c2c4"},
-              0x3C8123EA7B067637,
-              "rnbqkbnr/p1pppppp/8/8/PpP4P/8/1P1PPPP1/RNBQKBNR b KQkq c3 0 3"},
-             {start.c_str(),
-              {"a2a4", "b7b5", "h2h4", "b5b4", "c2c4", "b4c3", "a1a3"},
-              0x5C3F9B829B279560,
-              "rnbqkbnr/p1pppppp/8/8/P6P/R1p5/1P1PPPP1/1NBQKBNR b Kkq - 1 4"},
-         }) {
-        const ChessPosition position = after(row.fen, row.moves);
-        EXPECT_EQ(position.key(), row.key) << row.after;
-        EXPECT_EQ(position.fen(), row.after);
+    for (const auto& row : rows) {
+        const ChessPosition position = position_of(start, row.moves);
+        EXPECT_EQ(position.key(), row.key) << row.fen;
+        EXPECT_EQ(position.fen(), row.fen);
     }
 }
 
 TEST(Position, RightsAndEnPassantAfterMoves) {
     struct Row {
-        const char* name;
-        const char* fen;
-        const char* move;
-        const char* after;
+        const char *name, *fen, *move, *after;
     };
     for (const Row& row : {
              Row{"a captured rook", "4k2r/8/8/8/8/8/8/B3K3 w k - 5 1", "a1h8",
@@ -98,7 +68,7 @@ TEST(Position, RightsAndEnPassantAfterMoves) {
              {"from the h-file to the a-file", "4k3/7p/P7/8/8/8/8/4K3 b - - 0 1", "h7h5",
               "4k3/8/P7/7p/8/8/8/4K3 w - h6 0 2"},
          }) {
-        ChessPosition position = after(row.fen, {row.move});
+        ChessPosition position = position_of(row.fen, row.move);
         EXPECT_EQ(position.fen(), row.after) << row.name;
         position.undo_move();
         EXPECT_EQ(position.fen(), row.fen) << row.name;
@@ -108,7 +78,7 @@ TEST(Position, RightsAndEnPassantAfterMoves) {
 }
 
 TEST(Position, PassingTheTurn) {
-    ChessPosition position = after(start, {"e2e4"});
+    ChessPosition position = position_of(start, "e2e4");
     position.do_move(Move());
     EXPECT_EQ(position.fen(), "rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR w KQkq - 1 2");
     position.undo_move();
@@ -117,11 +87,11 @@ TEST(Position, PassingTheTurn) {
 }
 
 TEST(Position, RepetitionAndFiftyMoves) {
-    const std::vector<const char*> shuffle = {"g1f3", "g8f6", "f3g1", "f6g8"};
-    ChessPosition position = after(start, shuffle);
+    const std::string shuffle = "g1f3 g8f6 f3g1 f6g8";
+    ChessPosition position = position_of(start, shuffle);
     EXPECT_TRUE(position.is_repetition(2));
     EXPECT_FALSE(position.is_repetition(3));
-    for (const char* text : shuffle) position.do_move(position.convert_to_move(text));
+    position = position_of(start, shuffle + ' ' + shuffle);
     EXPECT_TRUE(position.is_repetition(3));
     position.do_move(position.convert_to_move("e2e4"));
     EXPECT_FALSE(position.is_repetition(2));
@@ -129,7 +99,7 @@ TEST(Position, RepetitionAndFiftyMoves) {
     EXPECT_TRUE(position.is_repetition(3));  // the mark of the pawn move went with it
 
     // The same men with other rights are another position.
-    position = after("4k3/8/8/8/8/8/8/4K2R w K - 98 80", {"h1g1", "e8d8", "g1h1"});
+    position = position_of("4k3/8/8/8/8/8/8/4K2R w K - 98 80", "h1g1 e8d8 g1h1");
     EXPECT_TRUE(position.is_fifty());
     position.do_move(position.convert_to_move("d8e8"));
     EXPECT_FALSE(position.is_repetition(2));
@@ -141,7 +111,7 @@ TEST(Position, RepetitionAndFiftyMoves) {
 }
 
 TEST(Position, CopiesAreIndependent) {
-    ChessPosition position = after(start, {"e2e4"});
+    ChessPosition position = position_of(start, "e2e4");
     const ChessPosition copy(position);
     EXPECT_NE(copy.id(), position.id());
     const std::int32_t id = position.id();
@@ -171,26 +141,25 @@ TEST(Position, EditsReachTheBoardAlone) {
 }
 
 TEST(Position, DumpNamesTheMen) {
-    const std::string dump = after("4k3/8/8/8/4r3/8/4N3/4K3 w - - 0 1", {}).dump();
+    const std::string dump = position_of("4k3/8/8/8/4r3/8/4N3/4K3 w - - 0 1").dump();
     EXPECT_NE(dump.find("side to move: white\nwhite pawn:\nwhite knight: e2\n"), std::string::npos);
     EXPECT_NE(dump.find("pinned pieces: 0000000000001000\n"), std::string::npos);
 }
 
 TEST(Material, CountsAndSignature) {
-    struct Row {
-        const char* fen;
-        std::vector<const char*> moves;
+    const struct {
+        const char *fen, *moves;
         std::uint64_t counts;
         const char* signature;
         int phase;
+    } rows[] = {
+        {start.c_str(), "", 0x0001222800012228, "KQRRBBNNPPPPPPPPkqrrbbnnpppppppp", 0},
+        {"4k3/8/8/8/8/8/8/4K3 w - - 0 1", "", 0, "Kk", 1024},
+        {"4k3/P7/8/8/8/8/8/4K3 w - - 0 1", "a7a8q", 0x0001000000000000, "KQk", 876},
+        {"1n2k3/P7/8/8/8/8/7p/4K1N1 w - - 0 1", "a7b8r h2g1n", 0x0000100000000010, "KRkn", 892},
     };
-    for (const Row& row : {
-             Row{start.c_str(), {}, 0x0001222800012228, "KQRRBBNNPPPPPPPPkqrrbbnnpppppppp", 0},
-             {"4k3/8/8/8/8/8/8/4K3 w - - 0 1", {}, 0, "Kk", 1024},
-             {"4k3/P7/8/8/8/8/8/4K3 w - - 0 1", {"a7a8q"}, 0x0001000000000000, "KQk", 876},
-             {"1n2k3/P7/8/8/8/8/7p/4K1N1 w - - 0 1", {"a7b8r", "h2g1n"}, 0x0000100000000010, "KRkn", 892},
-         }) {
-        ChessPosition position = after(row.fen, row.moves);
+    for (const auto& row : rows) {
+        const ChessPosition position = position_of(row.fen, row.moves);
         EXPECT_EQ(position.material().counts(), row.counts);
         EXPECT_EQ(position.material().signature(), row.signature);
         EXPECT_EQ(position.material().phase(), row.phase);
@@ -199,7 +168,7 @@ TEST(Material, CountsAndSignature) {
 
 // Counting XORs count * constant, moves XOR the constants themselves.
 TEST(Material, KeyDependsOnTheWay) {
-    ChessPosition position = after("4k3/P7/8/8/8/8/P7/4K3 w - - 0 1", {});
+    ChessPosition position = position_of("4k3/P7/8/8/8/8/P7/4K3 w - - 0 1");
     const std::uint32_t pawn = 0xD091BB5C;
     EXPECT_EQ(position.material().key(), 2 * pawn);
     position.do_move(position.convert_to_move("a7a8r"));
@@ -225,32 +194,27 @@ TEST(Material, Operations) {
 }
 
 TEST(ConvertToMove, Faults) {
-    struct Row {
-        const char* text;
-        const char* suffix;
-    };
     ChessPosition position;
     position.new_game();
-    for (const Row& row : {Row{"", "  invalid size"},
-                           {"e2e", "  invalid size"},
-                           {"e7e8qq", "  invalid size"},
-                           {"i2e4", "  invalid 'from' square"},
-                           {"e9e4", "  invalid 'from' square"},
-                           {"e2E4", "  invalid 'to' square"},
-                           {"e2e0", "  invalid 'to' square"},
-                           {"e2e4k", "  invalid promotion piece"},
-                           {"e2e4Q", "  invalid promotion piece"},
-                           {"e4e5", "  no piece on 'from' square"}}) {
-        EXPECT_EQ(thrown_text([&] { position.convert_to_move(row.text); }),
-                  "m_cp.convert_to_move(const string& " + std::string(row.text) + ")" + row.suffix);
+    const std::pair<std::string, const char*> rows[] = {{"", "  invalid size"},
+                                                        {"e2e", "  invalid size"},
+                                                        {"e7e8qq", "  invalid size"},
+                                                        {"i2e4", "  invalid 'from' square"},
+                                                        {"e9e4", "  invalid 'from' square"},
+                                                        {"e2E4", "  invalid 'to' square"},
+                                                        {"e2e0", "  invalid 'to' square"},
+                                                        {"e2e4k", "  invalid promotion piece"},
+                                                        {"e2e4Q", "  invalid promotion piece"},
+                                                        {"e4e5", "  no piece on 'from' square"}};
+    for (const auto& [text, suffix] : rows) {
+        EXPECT_EQ(thrown_text([&, word = text] { position.convert_to_move(word); }),
+                  "m_cp.convert_to_move(const string& " + text + ")" + suffix);
     }
 }
 
 TEST(ConvertToMove, Moves) {
     struct Row {
-        const char* name;
-        const char* fen;
-        const char* text;
+        const char *name, *fen, *text;
         const char* expected;  // the dump without xcode
     };
     for (const Row& row : {
@@ -271,7 +235,7 @@ TEST(ConvertToMove, Moves) {
              {"illegal moves pass, without check bit", "4k3/8/8/8/8/8/8/R3K3 w - - 0 1", "a1e8",
               "from:a1  to:e8  code:normal_move  piece:white rook  capture:black king  check:false"},
          }) {
-        const std::string dump = after(row.fen, {}).convert_to_move(row.text).dump();
+        const std::string dump = position_of(row.fen).convert_to_move(row.text).dump();
         EXPECT_EQ(dump.substr(0, dump.find("   xcode")), row.expected) << row.name;
     }
     ChessPosition position;

@@ -4,26 +4,19 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/chess/thrown_text.h"
+#include "tests/support/positions.h"
+#include "tests/support/thrown_text.h"
 
 namespace velmora {
 namespace {
 
-using testing::thrown_text;
-
-ChessPosition position_of(const std::string& fen) {
-    ChessPosition position;
-    position.fen(fen);
-    return position;
-}
-
-const std::string start = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1";
+using test::position_of;
+using test::thrown_text;
+const std::string start = test::start_fen;
 
 TEST(SanMove, Written) {
     struct Row {
-        const char* fen;
-        const char* move;
-        const char* san;
+        const char *fen, *move, *san;
     };
     for (const Row& row : {
              Row{start.c_str(), "e2e4", "e4"},
@@ -59,8 +52,7 @@ TEST(SanMove, Written) {
 
 TEST(SanMove, Read) {
     struct Row {
-        const char* fen;
-        const char* san;
+        const char *fen, *san;
         const char* move;  // coordinate text, "+" when the check bit is set
     };
     const char* const knights = "1n2k3/8/5n2/8/8/8/8/4K3 b - - 0 1";
@@ -103,8 +95,7 @@ TEST(SanMove, ReadsEnPassantWhateverStandsThere) {
 
 TEST(SanMove, Faults) {
     struct Row {
-        const char* fen;
-        const char* san;
+        const char *fen, *san;
         std::string expected;  // the FEN is put in for "$"
     };
     const auto none = [](const std::string& san) {

@@ -15,7 +15,7 @@
 namespace velmora {
 namespace {
 
-using testing::Mailbox;
+using test::Mailbox;
 
 /// All that a position can be asked for, with the history that its keys remember.
 struct Snapshot {
@@ -106,6 +106,22 @@ void expect_order(const MoveList& list) {
     }
 }
 
+/// find_legal() against the list, for every pair of squares.
+void expect_found(const ChessPosition& position, const MoveList& list) {
+    std::set<std::pair<int, int>> listed;  // the normal ones
+    for (const Move& move : list) {
+        if (move.code() == MoveCode::normal_move) listed.emplace(move.from().value(), move.to().value());
+        const auto found = find_legal(position, move);
+        EXPECT_TRUE(found && *found == move && found->xcode() == move.xcode()) << move.dump();
+    }
+    for (int from = 0; from < 64; ++from) {
+        for (int to = 0; to < 64; ++to) {
+            const Move move(Square(from), Square(to), MoveCode::normal_move, no_piece, no_piece);
+            EXPECT_FALSE(!listed.contains({from, to}) && find_legal(position, move)) << move.to_string(false);
+        }
+    }
+}
+
 enum class Depth { incremental, everything };
 
 void walk(ChessPosition& position, std::minstd_rand& random, int plies, Depth depth) {
@@ -117,6 +133,7 @@ void walk(ChessPosition& position, std::minstd_rand& random, int plies, Depth de
             expect_equals_mailbox(position, list);
             expect_texts_come_back(position, list);
             expect_order(list);
+            if (ply % 8 == 0) expect_found(position, list);
         }
         if (list.empty()) return;
         const Move move = list[random() % list.size()];
@@ -161,8 +178,8 @@ TEST_P(Walk, SharpPositions) {
     for (const char* fen :
          {"r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq - 0 1",
           "8/2p5/3p4/KP5r/1R3p1k/8/4P1P1/8 w - - 0 1", "n1n5/PPPk4/8/8/8/8/4Kppp/5N1N b - - 0 1",
-          "1rk3r1/8/8/8/8/8/8/1RK3R1 w BGbg - 0 1", "8/PPPPPPPP/8/2k2K2/8/8/pppppppp/8 w - - 0 1",
-          "QQQQQQQ1/8/8/3k4/8/8/1K6/qqqqqqqq b - - 0 1"}) {
+          "4k3/8/8/8/1b6/8/3P4/r3K2R w K - 0 1", "1rk3r1/8/8/8/8/8/8/1RK3R1 w BGbg - 0 1",
+          "8/PPPPPPPP/8/2k2K2/8/8/pppppppp/8 w - - 0 1", "QQQQQQQ1/8/8/3k4/8/8/1K6/qqqqqqqq b - - 0 1"}) {
         for (int game = 0; game < (everything() ? 4 : 40) && !HasFailure(); ++game) {
             position.fen(fen);
             walk(position, random, 30, GetParam());

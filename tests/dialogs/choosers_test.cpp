@@ -65,11 +65,11 @@ TEST_F(ChoosersTest, AnswersByMouseAndKeyboard) {
     const std::string path = write("x.pgn", pgn_game("a") + pgn_game("b") + pgn_game("c"));
     const struct {
         const char* name;
-        void (*reply)(Gtk::Dialog&);
+        std::function<void(Gtk::Dialog&)> reply;
         int expected;
     } replies[] = {
-        {"OK takes the first row", [](Gtk::Dialog& dialog) { press(dialog, "OK"); }, 1},
-        {"CANCEL", [](Gtk::Dialog& dialog) { press(dialog, "CANCEL"); }, 0},
+        {"OK takes the first row", pressing("OK"), 1},
+        {"CANCEL", pressing("CANCEL"), 0},
         {"Escape", [](Gtk::Dialog& dialog) { escape(dialog); }, 0},
         {"the window is closed", [](Gtk::Dialog& dialog) { dialog.close(); }, 0},
         {"a double click is OK",
@@ -134,14 +134,10 @@ TEST_F(ChoosersTest, WrongFilesGiveAnEmptyListAndNoChoice) {
     const std::string binary = write("binary", std::string(100'000, '\0') + "\n\xFF[\n");
     for (const std::string& path : {m_directory + "none", m_directory, write("empty", ""), fifo, binary}) {
         GameList games;
-        EXPECT_EQ(answering([&](Gtk::Dialog& dialog) { press(dialog, "OK"); },
-                            [&] { return games.choose_game(m_parent, path); }),
-                  0)
-            << path;
+        EXPECT_EQ(answering(pressing("OK"), [&] { return games.choose_game(m_parent, path); }), 0) << path;
         FenList positions;
         std::string fen = "as it was";
-        answering([&](Gtk::Dialog& dialog) { press(dialog, "CANCEL"); },
-                  [&] { return positions.choose_position(m_parent, path, fen); });
+        answering(pressing("CANCEL"), [&] { return positions.choose_position(m_parent, path, fen); });
         EXPECT_EQ(fen, "as it was") << path;
     }
 }
@@ -254,7 +250,7 @@ TEST_F(ChoosersTest, AListMayBeAnsweredBeforeItIsComplete) {
     ASSERT_TRUE(choice);
     EXPECT_EQ(choice->number, 60);
     EXPECT_EQ(choice->entry.text, "text 60");
-    EXPECT_FALSE(answering([](Gtk::Dialog& dialog) { press(dialog, "CANCEL"); }, ask));
+    EXPECT_FALSE(answering(pressing("CANCEL"), ask));
 }
 
 /// Hands out its first entry at once and the others when the test lets it.

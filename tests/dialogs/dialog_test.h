@@ -1,11 +1,7 @@
 #pragma once
 
-#include <chrono>
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <map>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,6 +18,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/gui_driver.h"
+#include "tests/support/scratch_directory.h"
 
 namespace velmora {
 
@@ -41,15 +38,12 @@ std::vector<W*> in_grid(Gtk::Widget& root) {
 }
 
 /// A parent window on the screen, an empty directory, and what a user does in a dialog.
-class DialogTest : public testing::Test {
+class DialogTest : public testing::Test, public ScratchDirectory {
 protected:
     DialogTest() {
-        std::string name = (std::filesystem::temp_directory_path() / "dialogs_XXXXXX").string();
-        m_directory = std::string(::mkdtemp(name.data())) + "/";
         m_parent.set_default_size(300, 200);
         gui::show_and_wait(m_parent);
     }
-    ~DialogTest() override { std::filesystem::remove_all(m_directory); }
 
     /// Runs `ask`, which opens a dialog of class D, and lets `reply` answer it from inside its loop. A dialog
     /// that stays open is a failure, not a test that hangs.
@@ -86,6 +80,10 @@ protected:
         ASSERT_NE(button, nullptr) << label;
         button->clicked();
     }
+    /// An answer that presses a button.
+    static auto pressing(const char* label) {
+        return [label](Gtk::Dialog& dialog) { press(dialog, label); };
+    }
     /// Lists take keys only in the window that has the keyboard.
     static void give_keyboard(Gtk::Window& window) {
         window.get_window()->focus(GDK_CURRENT_TIME);
@@ -109,18 +107,8 @@ protected:
         return *view;
     }
 
-    std::string write(const std::string& name, const std::string& text) const {
-        std::ofstream(m_directory + name, std::ios::binary) << text;
-        return m_directory + name;
-    }
-    std::string content(const std::string& name) const {
-        std::ostringstream text;
-        text << std::ifstream(m_directory + name).rdbuf();
-        return text.str();
-    }
-
     Gtk::Window m_parent;
-    std::string m_directory;  // with a trailing slash
+    const std::string m_directory = path("");  // with a trailing slash
 };
 
 }  // namespace velmora

@@ -71,7 +71,7 @@ TEST_F(EngineDialogsTest, InstallRecordsTheEngineUnderTheNameOfTheEntry) {
     });
     EXPECT_EQ(installed(), "[My Alpha 2700 25]") << "replaced by Enter";
 
-    install(engine("other", "", ""), [](Gtk::Dialog& dialog) { press(dialog, "CANCEL"); });
+    install(engine("other", "", ""), pressing("CANCEL"));
     install(engine("other", "", ""), escape);
     install(engine("other", "", ""), [](Gtk::Dialog& dialog) {
         in_grid<Gtk::Entry>(dialog)[0]->set_text("   ");
@@ -134,7 +134,7 @@ TEST_F(EngineDialogsTest, InstalledListLoads) {
                   gui::double_click(list_in(dialog).get_bin_window(), middle_of_row(list_in(dialog), 2));
               }),
               "beta /usr/games/beta");
-    EXPECT_EQ(choose([](Gtk::Dialog& dialog) { press(dialog, "CANCEL"); }), "none");
+    EXPECT_EQ(choose(pressing("CANCEL")), "none");
     EXPECT_EQ(choose(escape), "none");
     EXPECT_EQ(choose([](Gtk::Dialog& dialog) {
                   give_keyboard(dialog);
@@ -161,7 +161,7 @@ TEST_F(EngineDialogsTest, InstalledListUninstalls) {
 
 TEST_F(EngineDialogsTest, AnEmptyListTakesAllButtons) {
     for (const char* label : {"UNINSTALL", "CANCEL", "LOAD"}) {
-        EXPECT_EQ(choose([&](Gtk::Dialog& dialog) { press(dialog, label); }), "none");
+        EXPECT_EQ(choose(pressing(label)), "none");
     }
     EXPECT_FALSE(std::filesystem::exists(m_directory + "engines.cfg"));
 }

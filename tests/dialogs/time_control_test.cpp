@@ -77,7 +77,7 @@ TEST_F(TimeControlDialogTest, Answers) {
                   press(dialog, "OK");
               }),
               "sudden_death 0 5 2");
-    EXPECT_EQ(ask([](Gtk::Dialog& dialog) { press(dialog, "CANCEL"); }), "none");
+    EXPECT_EQ(ask(pressing("CANCEL")), "none");
     EXPECT_EQ(ask(escape), "none");
     EXPECT_EQ(ask([](Gtk::Dialog& dialog) {
                   in_grid<Gtk::Entry>(dialog).at(0)->grab_focus();

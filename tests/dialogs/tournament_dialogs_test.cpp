@@ -6,6 +6,7 @@
 #include "dialogs/tournament_dialog.h"
 #include "dialogs/tournament_list.h"
 #include "tests/dialogs/dialog_test.h"
+#include "tests/support/thrown_text.h"
 
 namespace velmora {
 namespace {
@@ -118,7 +119,7 @@ TEST_F(TournamentDialogTest, TheBookCanBeTakenAway) {
 
 TEST_F(TournamentDialogTest, WaysToLeaveIt) {
     TournamentDialog dialog(m_parent, m_tournament, m_installed);
-    EXPECT_EQ(run(dialog, [](Gtk::Dialog& shown) { press(shown, "CANCEL"); }), TournamentDialog::cancel);
+    EXPECT_EQ(run(dialog, pressing("CANCEL")), TournamentDialog::cancel);
     EXPECT_LT(run(dialog, escape), 0);
     EXPECT_LT(run(dialog, [](Gtk::Dialog& shown) { shown.close(); }), 0);
 }
@@ -130,12 +131,8 @@ TEST_F(TournamentDialogTest, TooFewParticipantsThrowBeforeTheFlagsAreSet) {
         press(shown, "both colors");
         press(shown, "OK");
     });
-    try {
-        dialog.store(m_tournament);
-        ADD_FAILURE() << "no exception";
-    } catch (const std::logic_error& error) {
-        EXPECT_STREQ(error.what(), "Tournament::new_match() wrong number of participants");
-    }
+    EXPECT_EQ(test::thrown_text([&] { dialog.store(m_tournament); }),
+              "Tournament::new_match() wrong number of participants");
     EXPECT_FALSE(m_tournament.both_colors());
     EXPECT_TRUE(m_tournament.random_order());
 }
@@ -182,9 +179,9 @@ TEST_F(TournamentListTest, Answers) {
               }),
               "load Caf\xE9");
     for (const char* label : {"LOAD", "DELETE"}) {
-        EXPECT_EQ(ask([&](Gtk::Dialog& dialog) { press(dialog, label); }, {}), "none ");
+        EXPECT_EQ(ask(pressing(label), {}), "none ");
     }
-    EXPECT_EQ(ask([](Gtk::Dialog& dialog) { press(dialog, "CANCEL"); }, {}), "cancel ");
+    EXPECT_EQ(ask(pressing("CANCEL"), {}), "cancel ");
 }
 
 }  // namespace

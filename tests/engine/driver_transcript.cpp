@@ -7,7 +7,6 @@
 #include "chess/position.h"
 
 namespace velmora {
-
 namespace {
 
 constexpr std::uint64_t instance = 12345678901234567890U;
@@ -84,7 +83,7 @@ std::vector<std::string> DriverTest::posted() const {
 }
 
 std::vector<std::string> DriverTest::sent_since_handshake() const {
-    auto lines = lines_of(sent("peer"));
+    auto lines = lines_of(sent_to("peer"));
     lines.erase(lines.begin(),
                 lines.begin() + static_cast<std::ptrdiff_t>(std::min(m_handshake_lines, lines.size())));
     return lines;
@@ -94,14 +93,14 @@ void DriverTest::play(Protocol protocol, const std::string& handshake, const std
     const Transcript& row = GetParam();
     std::string script;
     for (const std::string& line : parts_of(handshake + row.script)) script += line + '\n';
-    m_engine.load_engine(&m_sink, 1, make_engine("peer", script), protocol);
+    m_engine.load_engine(&m_sink, 1, add_engine("peer", script), protocol);
     ASSERT_TRUE(m_engine.is_alive());
     m_engine.set_instance_id(instance);
-    ASSERT_TRUE(wait_until([&] { return sent("peer").ends_with(last_of_handshake + '\n'); }));
-    m_handshake_lines = lines_of(sent("peer")).size();
+    ASSERT_TRUE(wait_until([&] { return sent_to("peer").ends_with(last_of_handshake + '\n'); }));
+    m_handshake_lines = lines_of(sent_to("peer")).size();
     for (const std::string& order : parts_of(row.orders)) obey(order);
     m_engine.unload_engine();
-    ASSERT_TRUE(wait_until([&] { return sent("peer").ends_with("\nquit\n"); })) << sent("peer");
+    ASSERT_TRUE(wait_until([&] { return sent_to("peer").ends_with("\nquit\n"); })) << sent_to("peer");
 
     auto expected_sent = parts_of(row.sent);
     expected_sent.emplace_back("quit");

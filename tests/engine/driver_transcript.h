@@ -6,6 +6,7 @@
 
 #include "engine/gui_engine.h"
 #include "tests/engine/engine_fixture.h"
+#include "tests/support/recording_sink.h"
 
 namespace velmora {
 
@@ -32,7 +33,7 @@ private:
     std::vector<std::string> posted() const;
     std::vector<std::string> sent_since_handshake() const;
 
-    RecordingSink m_sink;
+    test::RecordingSink m_sink;
     GuiEngine m_engine{std::chrono::milliseconds(1)};
     std::size_t m_handshake_lines = 0;
 };

@@ -5,10 +5,8 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 #include <thread>
-#include <unistd.h>
 
 #include <glib.h>
 
@@ -17,7 +15,6 @@
 namespace fs = std::filesystem;
 
 namespace velmora {
-
 namespace {
 
 std::size_t open_pipes() {
@@ -40,51 +37,12 @@ std::vector<pid_t> children() {
 
 }  // namespace
 
-void RecordingSink::put_command(const std::string& line) {
-    const std::lock_guard lock(m_mutex);
-    m_lines.push_back(line);
-}
-
-std::vector<std::string> RecordingSink::lines() const {
-    const std::lock_guard lock(m_mutex);
-    return m_lines;
-}
-
-EngineTest::EngineTest() : m_old_directory(fs::current_path()), m_pipes_before(open_pipes()) {
-    ::signal(SIGPIPE, SIG_IGN);
-    std::string pattern = testing::TempDir() + "engine-XXXXXX";
-    m_directory = std::string(mkdtemp(pattern.data())) + '/';
-    fs::current_path(m_directory);
-}
-
-EngineTest::~EngineTest() {
-    fs::current_path(m_old_directory);
-    fs::remove_all(m_directory);
-}
+EngineTest::EngineTest() : m_pipes_before(open_pipes()) {}
 
 void EngineTest::TearDown() {
     EXPECT_TRUE(wait_until([] { return children().empty(); })) << "a process is left behind";
     kill_children();
     EXPECT_EQ(open_pipes(), m_pipes_before) << "a descriptor is left open";
-}
-
-std::string EngineTest::make_engine(const std::string& name, const std::string& script,
-                                    const std::string& suffix) const {
-    write_file(name + ".script", script);
-    std::string path = m_directory + name + suffix;
-    fs::create_symlink(SCRIPTED_ENGINE, path);
-    return path;
-}
-
-std::string EngineTest::sent(const std::string& name) const { return read_file(name + ".sent"); }
-
-std::string EngineTest::read_file(const std::string& name) const {
-    std::ifstream file(m_directory + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-void EngineTest::write_file(const std::string& name, const std::string& text) const {
-    std::ofstream(m_directory + name, std::ios::binary) << text;
 }
 
 void EngineTest::kill_children() {

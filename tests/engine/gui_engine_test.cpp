@@ -2,26 +2,18 @@
 
 #include <algorithm>
 #include <atomic>
-#include <filesystem>
 #include <optional>
-#include <stdexcept>
 
 #include "channel/line_queue.h"
-#include "channel/text.h"
 #include "chess/position.h"
 #include "tests/engine/engine_fixture.h"
+#include "tests/support/recording_sink.h"
+#include "tests/support/thrown_text.h"
 
 namespace velmora {
-
 namespace {
 
 constexpr std::chrono::milliseconds quick(1);
-
-std::string joined(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& line : lines) text += (text.empty() ? "" : "; ") + line;
-    return text;
-}
 
 /// A queue that drops thinking output when nobody reads, as the referee has it.
 class QueueSink : public CommandSink {
@@ -40,17 +32,17 @@ protected:
     void load(const std::string& script, Protocol protocol = Protocol::uci) {
         m_engine.emplace(quick);
         const std::string name = "peer" + std::to_string(m_loads++);
-        m_engine->load_engine(&m_sink, 1, make_engine(name, script), protocol);
+        m_engine->load_engine(&m_sink, 1, add_engine(name, script), protocol);
     }
 
-    std::string sent_to_last() const { return sent("peer" + std::to_string(m_loads - 1)); }
+    std::string sent_to_last() const { return sent_to("peer" + std::to_string(m_loads - 1)); }
 
     void TearDown() override {
         m_engine.reset();
         EngineTest::TearDown();
     }
 
-    RecordingSink m_sink;
+    test::RecordingSink m_sink;
     QueueSink m_queue_sink;
     std::optional<GuiEngine> m_engine{quick};
     int m_loads = 0;
@@ -76,30 +68,29 @@ TEST_F(GuiEngineTest, FindsTheProtocol) {
     const Row rows[] = {
         {"answer Welcome!\nuntil uci\nanswer id name Alpha 1.0 \nanswer id author A. Nobody\nanswer "
          "=uciok=\n",
-         Protocol::autodetect, "uci!/Alpha 1.0/A. Nobody/0", "uci; quit"},
+         Protocol::autodetect, "uci!/Alpha 1.0/A. Nobody/0", "uci\nquit\n"},
         {"until uci\nflood 150 option name O%d type check default true\nanswer uciok\n", Protocol::autodetect,
-         "uci!///150", "uci; quit"},
+         "uci!///150", "uci\nquit\n"},
         {"until uci\nflood 300 option name O%d type check default true\nanswer uciok\n", Protocol::uci,
-         "uci///150", "uci; quit"},
-        {"until uci\nflood 2000 info string %d\nanswer uciok\n", Protocol::uci, "uci!///0", "uci; quit"},
+         "uci///150", "uci\nquit\n"},
+        {"until uci\nflood 2000 info string %d\nanswer uciok\n", Protocol::uci, "uci!///0", "uci\nquit\n"},
         {"until protover\nanswer feature done=0 ping=1 myname=\"Beta 2\" done=1 san=1\n",
          Protocol::autodetect, "v2/Beta 2//0",
-         "uci; xboard; protover 2; accepted done; accepted ping; accepted myname; accepted done; quit"},
+         "uci\nxboard\nprotover 2\naccepted done\naccepted ping\naccepted myname\naccepted done\nquit\n"},
         {"until protover\nanswer feature memory=1 smp=1 option=\"X -check 1\" made_up=1\n",
          Protocol::autodetect, "v2///2",
-         "uci; xboard; protover 2; accepted memory; accepted smp; accepted made_up; quit"},
-        {"", Protocol::autodetect, "v1///0", "uci; xboard; protover 2; xboard; quit"},
-        {"", Protocol::uci, "uci///0", "uci; quit"},
-        {"", Protocol::xboard_v1, "v1///0", "xboard; quit"},
-        {"", Protocol::xboard_v2, "v2///0", "xboard; protover 2; quit"},
+         "uci\nxboard\nprotover 2\naccepted memory\naccepted smp\naccepted made_up\nquit\n"},
+        {"", Protocol::autodetect, "v1///0", "uci\nxboard\nprotover 2\nxboard\nquit\n"},
+        {"", Protocol::uci, "uci///0", "uci\nquit\n"},
+        {"", Protocol::xboard_v1, "v1///0", "xboard\nquit\n"},
+        {"", Protocol::xboard_v2, "v2///0", "xboard\nprotover 2\nquit\n"},
     };
     for (const Row& row : rows) {
         load(row.script, row.asked);
         ASSERT_TRUE(m_engine->is_alive()) << row.script;
         EXPECT_EQ(findings(*m_engine), row.found) << row.script;
         m_engine->unload_engine();
-        EXPECT_TRUE(wait_until([&] { return joined(lines_of(sent_to_last())) == row.sent; }))
-            << sent_to_last();
+        EXPECT_TRUE(wait_until([&] { return sent_to_last() == row.sent; })) << sent_to_last();
     }
 }
 
@@ -111,7 +102,7 @@ TEST_F(GuiEngineTest, AVersion1EngineIsShownButGetsNoCommands) {
     m_engine->stop();
     m_engine->unload_engine();
     EXPECT_TRUE(wait_until([&] { return sent_to_last() == "xboard\nquit\n"; })) << sent_to_last();
-    EXPECT_EQ(m_sink.size(), 0U);
+    EXPECT_EQ(m_sink.lines().size(), 0U);
 }
 
 TEST_F(GuiEngineTest, AnEmptyHandleAnswersHarmlessly) {
@@ -131,17 +122,13 @@ TEST_F(GuiEngineTest, AnEmptyHandleAnswersHarmlessly) {
         m_engine->go();
         m_engine->stop();
         m_engine->set_logging(true);
-        try {
-            m_engine->get_enginevariables();
-            ADD_FAILURE();
-        } catch (const std::logic_error& error) {
-            EXPECT_STREQ(error.what(), "GuiEngine::get_enginevariables no engine found");
-        }
+        EXPECT_EQ(test::thrown_text([this] { m_engine->get_enginevariables(); }),
+                  "GuiEngine::get_enginevariables no engine found");
     };
     expect_empty();
     // Programs that cannot be started, or that leave at once or in the middle of the handshake.
-    write_file("no_program", "text");
-    for (const std::string& path : {directory() + "none", directory(), directory() + "no_program"}) {
+    write("no_program", "text");
+    for (const std::string& path : {path("none"), path(""), path("no_program")}) {
         m_engine->load_engine(&m_sink, 1, path, Protocol::autodetect);
         expect_empty();
     }
@@ -152,7 +139,7 @@ TEST_F(GuiEngineTest, AnEmptyHandleAnswersHarmlessly) {
     }
     // A driver without a process.
     m_engine.emplace();
-    m_engine->load_engine(&m_sink, 0, directory() + "none", Protocol::uci);
+    m_engine->load_engine(&m_sink, 0, path("none"), Protocol::uci);
     EXPECT_FALSE(m_engine->is_alive());
     EXPECT_EQ(m_engine->get_enginevariables().engine_name, "NoNameYet");
 }
@@ -161,8 +148,7 @@ TEST_F(GuiEngineTest, KeepsTheRecordOfALoadedEngine) {
     load(
         "until uci\nanswer id name Peer\nanswer option name Hash type spin default 16\n"
         "answer option name Clear Hash type button\nanswer uciok\n");
-    EXPECT_TRUE(m_engine->is_alive() && m_engine->is_white());
-    EXPECT_EQ(m_engine->get_engine_id(), 1U);
+    EXPECT_TRUE(m_engine->is_alive() && m_engine->is_white() && m_engine->get_engine_id() == 1U);
     EngineVariables wanted;
     wanted.elo = "2400";
     wanted.player_name = "Paula";
@@ -211,23 +197,18 @@ TEST_F(GuiEngineTest, GoingTwiceIsAFaultOfTheProgram) {
     load("until uci\nanswer uciok\n");
     m_engine->go();
     EXPECT_EQ(m_engine->status(), EngineStatus::thinking);
-    try {
-        m_engine->go();
-        ADD_FAILURE();
-    } catch (const std::logic_error& error) {
-        EXPECT_STREQ(error.what(), "UciEngine::go():   engine already thinking");
-    }
+    EXPECT_EQ(test::thrown_text([this] { m_engine->go(); }), "UciEngine::go():   engine already thinking");
 }
 
 TEST_F(GuiEngineTest, WritesLogAndTrace) {
     LogFile trace;
-    trace.open(directory() + "trace.log", LogFile::Opening::append);
+    trace.open(path("trace.log"), LogFile::Opening::append);
     load("until uci\nanswer uciok\nuntil go\nanswer bestmove e2e4\n");
     m_engine->set_debug_stream(&trace);
     m_engine->set_logging(true);
     m_engine->set_level(Level("fixed_depth 1"));
     m_engine->go();
-    ASSERT_TRUE(wait_until([&] { return m_sink.size() == 1; }));
+    ASSERT_TRUE(wait_until([&] { return m_sink.lines().size() == 1; }));
     m_engine->go_infinite();
     m_engine->stop();
     m_engine->reload_engine();
@@ -241,7 +222,7 @@ TEST_F(GuiEngineTest, WritesLogAndTrace) {
                                             "~.~ engine1 <- UciEngine::go_infinite()    " + position,
                                             "~.~ engine1 <- UciEngine::go_infinite()    go infinite",
                                             "~.~ engine1 <- UciEngine::stop()"};
-    EXPECT_EQ(masked(lines_of(read_file("trace.log")), expected), expected);
+    EXPECT_EQ(masked(lines_of(read("trace.log")), expected), expected);
     const std::vector<std::string> logged{"~.~   engine <- " + position, "~.~   engine <- isready",
                                           "~.~   engine <- go depth 1",  "~.~   engine -> bestmove e2e4 TS=~",
                                           "~.~   engine <- " + position, "~.~   engine <- go infinite",
@@ -249,7 +230,7 @@ TEST_F(GuiEngineTest, WritesLogAndTrace) {
                                           "~.~   engine <- uci",         "~.~   engine <- ucinewgame",
                                           "~.~   engine <- isready",     "~.~   engine <- quit"};
     // Nobody waits for the answer to the second handshake: it may come anywhere.
-    auto lines = lines_of(read_file("engine1.log"));
+    auto lines = lines_of(read("engine1.log"));
     std::erase_if(lines, [](const std::string& line) { return line.ends_with("engine -> uciok"); });
     EXPECT_EQ(masked(lines, logged), logged);
 }
@@ -259,7 +240,7 @@ TEST_F(GuiEngineTest, ACrashWhileThinkingIsSeenAndReloaded) {
     m_engine->go();
     ASSERT_TRUE(wait_until([&] { return m_engine->has_crashed(); }));
     EXPECT_FALSE(m_engine->is_alive());
-    EXPECT_EQ(m_sink.size(), 1U) << "the whole line came, the cut one did not";
+    EXPECT_EQ(m_sink.lines().size(), 1U) << "the whole line came, the cut one did not";
     m_engine->stop();
     m_engine->new_game();
     m_engine->reload_engine();
@@ -270,9 +251,9 @@ TEST_F(GuiEngineTest, ACrashWhileThinkingIsSeenAndReloaded) {
 
 TEST_F(GuiEngineTest, AMillionInfoLinesThatNobodyReadsLeaveTheMoves) {
     m_engine->load_engine(&m_queue_sink, 2,
-                          make_engine("flooding",
-                                      "until uci\nanswer uciok\nuntil go\nanswer bestmove a2a3\n"
-                                      "flood 1000000 info depth %d\nanswer bestmove e2e4\n"),
+                          add_engine("flooding",
+                                     "until uci\nanswer uciok\nuntil go\nanswer bestmove a2a3\n"
+                                     "flood 1000000 info depth %d\nanswer bestmove e2e4\n"),
                           Protocol::uci);
     m_engine->go();
     ASSERT_TRUE(wait_until([&] { return m_queue_sink.moves == 2; }));
@@ -286,5 +267,4 @@ TEST_F(GuiEngineTest, AMillionInfoLinesThatNobodyReadsLeaveTheMoves) {
 }
 
 }  // namespace
-
 }  // namespace velmora

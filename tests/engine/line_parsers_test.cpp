@@ -1,5 +1,3 @@
-#include <algorithm>
-#include <stdexcept>
 
 #include <gtest/gtest.h>
 
@@ -8,9 +6,9 @@
 #include "engine/option.h"
 #include "engine/stopped_searches.h"
 #include "engine/xboard_feature.h"
+#include "tests/support/thrown_text.h"
 
 namespace velmora {
-
 namespace {
 
 /// All fields in one text.
@@ -23,8 +21,7 @@ std::string fields(const Option& option) {
 
 TEST(Option, ReadsOptionLines) {
     struct Row {
-        const char* line;
-        const char* fields;
+        const char *line, *fields;
     };
     const Row rows[] = {
         {"option name Hash type spin default 16 min 1 max 1024", "Hash|spin|16|1|1024|16"},
@@ -45,12 +42,8 @@ TEST(Option, ReadsOptionLines) {
 
 TEST(Option, RefusesOtherLines) {
     for (const char* line : {"", "options name A", "setoption name A"}) {
-        try {
-            Option option{std::string_view(line)};
-            ADD_FAILURE() << line;
-        } catch (const std::runtime_error& error) {
-            EXPECT_STREQ(error.what(), "Option:Option  argument not an option");
-        }
+        EXPECT_EQ(test::thrown_text<std::runtime_error>([line] { Option{std::string_view(line)}; }),
+                  "Option:Option  argument not an option");
     }
 }
 
@@ -65,8 +58,7 @@ TEST(EngineVariables, AddingAnOptionAgainKeepsWhetherItWasTouched) {
 
 TEST(XboardFeature, TakesPairAfterPair) {
     struct Row {
-        const char* line;
-        const char* pairs;
+        const char *line, *pairs;
     };
     const Row rows[] = {
         {" ping=1 setboard=0", "<ping:1><setboard:0>"},
@@ -170,5 +162,4 @@ TEST(StoppedSearches, PaysTheOldestThatHasNotLapsed) {
 }
 
 }  // namespace
-
 }  // namespace velmora

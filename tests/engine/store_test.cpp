@@ -1,15 +1,14 @@
 #include <filesystem>
 #include <sstream>
-#include <stdexcept>
 
 #include "engine/home_dir.h"
 #include "engine/installed_engines.h"
 #include "tests/engine/engine_fixture.h"
+#include "tests/support/thrown_text.h"
 
 namespace fs = std::filesystem;
 
 namespace velmora {
-
 namespace {
 
 const std::string example = R"(#                       Installed engines
@@ -40,12 +39,10 @@ std::string read_and_written(const std::string& text) {
 
 const std::string head = "#                       Installed engines\n#\n";
 
-TEST(InstalledEnginesText, ReadsWhatItWrites) { EXPECT_EQ(read_and_written(example), example); }
-
 TEST(InstalledEnginesText, ReadsRowByRow) {
+    EXPECT_EQ(read_and_written(example), example);
     struct Row {
-        const char* text;
-        const char* written;
+        const char *text, *written;
     };
     const Row rows[] = {
         {"", ""},
@@ -65,32 +62,36 @@ TEST(InstalledEnginesText, ReadsRowByRow) {
     for (const Row& row : rows) EXPECT_EQ(read_and_written(row.text), head + row.written) << row.text;
 }
 
+EngineVariables named(const std::string& name) {
+    EngineVariables engine;
+    engine.name = name;
+    return engine;
+}
+
 class StoreTest : public EngineTest {};
 
 TEST_F(StoreTest, FirstWriteLeavesNoBackupAndTheSecondTheFirstVersion) {
-    InstalledEngines engines(directory());
+    InstalledEngines engines(path(""));
     engines.read_engines_cfg();
     EXPECT_TRUE(engines.engines().empty());
-    EngineVariables engine;
-    engines.add_engine(engine);
+    engines.add_engine(named(""));
     EXPECT_TRUE(engines.engines().empty()) << "an engine without a name could never be loaded";
-    engine.name = "Beta";
-    engines.add_engine(engine);
+    engines.add_engine(named("Beta"));
     engines.write_engines_cfg();
-    EXPECT_FALSE(fs::exists(directory() + "engines.cfg~"));
-    const std::string first = read_file("engines.cfg");
+    EXPECT_FALSE(fs::exists(path("engines.cfg~")));
+    const std::string first = read("engines.cfg");
     EXPECT_EQ(first, head + "\nname Beta\nprotocol autodetect\n");
 
-    engine.name = "Alpha";
-    engine.protocol = Protocol::uci;
-    engines.add_engine(engine);
+    EngineVariables alpha = named("Alpha");
+    alpha.protocol = Protocol::uci;
+    engines.add_engine(alpha);
     engines.remove_engine("Beta");
     engines.remove_engine("Gamma");
     engines.write_engines_cfg();
-    EXPECT_EQ(read_file("engines.cfg"), head + "\nname Alpha\nprotocol uci\n");
-    EXPECT_EQ(read_file("engines.cfg~"), first);
+    EXPECT_EQ(read("engines.cfg"), head + "\nname Alpha\nprotocol uci\n");
+    EXPECT_EQ(read("engines.cfg~"), first);
 
-    InstalledEngines others(directory());
+    InstalledEngines others(path(""));
     others.read_engines_cfg();
     EXPECT_EQ(others.engines().at("Alpha").player_name, "Alpha");
     others.remove_engine(others.engines().at("Alpha"));
@@ -98,63 +99,51 @@ TEST_F(StoreTest, FirstWriteLeavesNoBackupAndTheSecondTheFirstVersion) {
 }
 
 TEST_F(StoreTest, AFileThatCannotBeWrittenLosesNothing) {
-    write_file("engines.cfg", example);
-    InstalledEngines engines(directory());
+    write("engines.cfg", example);
+    InstalledEngines engines(path(""));
     engines.read_engines_cfg();
     engines.remove_engine("Beta");
     // A directory in the way of the file: nobody can write it, whatever his rights are.
-    fs::rename(directory() + "engines.cfg", directory() + "kept");
-    fs::create_directory(directory() + "engines.cfg");
-    try {
-        engines.write_engines_cfg();
-        ADD_FAILURE();
-    } catch (const std::runtime_error& error) {
-        EXPECT_STREQ(error.what(), "InstalledEngines::write_engines_cfg()   open file error");
-    }
-    EXPECT_EQ(read_file("kept"), example);
+    fs::rename(path("engines.cfg"), path("kept"));
+    fs::create_directory(path("engines.cfg"));
+    EXPECT_EQ(test::thrown_text<std::runtime_error>([&] { engines.write_engines_cfg(); }),
+              "InstalledEngines::write_engines_cfg()   open file error");
+    EXPECT_EQ(read("kept"), example);
     EXPECT_EQ(engines.engines().size(), 1U);
 }
 
 TEST_F(StoreTest, AnywhereButInAHomeTheWorkingDirectoryIsTheUsers) {
-    if (directory().starts_with("/home")) GTEST_SKIP() << "the tests run below /home";
+    if (path("").starts_with("/home")) GTEST_SKIP() << "the tests run below /home";
+    fs::remove("tournaments");
     const HomeDir home;
     EXPECT_EQ(home.path(), "./");
     EXPECT_EQ(home.tournaments_path(), "./tournaments/");
-    EXPECT_TRUE(fs::is_directory(directory() + "tournaments"));
+    EXPECT_TRUE(fs::is_directory(path("tournaments")));
     InstalledEngines engines;
-    EngineVariables engine;
-    engine.name = "Alpha";
-    engines.add_engine(engine);
+    engines.add_engine(named("Alpha"));
     engines.write_engines_cfg();
-    EXPECT_TRUE(fs::exists(directory() + "engines.cfg"));
+    EXPECT_TRUE(fs::exists(path("engines.cfg")));
 }
 
 TEST_F(StoreTest, ADirectoryThatCannotBeMadeIsTriedAgain) {
     // Nothing can be made in a working directory that is gone, whatever the user's rights are.
     fs::create_directory("gone");
     fs::current_path("gone");
-    fs::remove(directory() + "gone");
-    try {
-        const HomeDir home;
-        ADD_FAILURE() << home.path();
-    } catch (const std::runtime_error& error) {
-        EXPECT_STREQ(error.what(), "HomeDir/tournaments constructor failed");
-    }
+    fs::remove(path("gone"));
+    EXPECT_EQ(test::thrown_text<std::runtime_error>([] { HomeDir(); }),
+              "HomeDir/tournaments constructor failed");
     InstalledEngines engines;
     engines.read_engines_cfg();
-    EngineVariables engine;
-    engine.name = "Alpha";
-    engines.add_engine(engine);
+    engines.add_engine(named("Alpha"));
     EXPECT_THROW(engines.write_engines_cfg(), std::runtime_error);
-    fs::current_path(directory());
+    fs::current_path(path(""));
     engines.write_engines_cfg();
-    EXPECT_EQ(read_file("engines.cfg"), head + "\nname Alpha\nprotocol autodetect\n");
+    EXPECT_EQ(read("engines.cfg"), head + "\nname Alpha\nprotocol autodetect\n");
 }
 
 TEST(HomeDir, FollowsTheWorkingDirectory) {
     struct Row {
-        const char* working_directory;
-        const char* path;
+        const char *working_directory, *path;
     };
     for (const Row& row :
          {Row{"/home/ann/games/chess", "/home/ann/.velmorachess/"}, Row{"/usr/local/games", "./"},
@@ -165,5 +154,4 @@ TEST(HomeDir, FollowsTheWorkingDirectory) {
 }
 
 }  // namespace
-
 }  // namespace velmora

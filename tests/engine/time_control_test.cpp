@@ -1,4 +1,4 @@
-#include <stdexcept>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -6,23 +6,20 @@
 #include "engine/game_clock.h"
 #include "engine/level.h"
 #include "engine/stopwatch.h"
+#include "tests/support/thrown_text.h"
 
 namespace velmora {
-
 namespace {
 
 std::chrono::nanoseconds fake_time{0};
 std::chrono::nanoseconds fake_now() { return fake_time; }
 void advance(int milliseconds) { fake_time += std::chrono::milliseconds(milliseconds); }
 
-struct LevelRow {
-    const char* input;
-    const char* text;
-    int moves, base_ms, inc_ms;
-};
-
 TEST(Level, ReadsAndWritesItsText) {
-    const LevelRow rows[] = {
+    const struct {
+        const char *input, *text;
+        int moves, base_ms, inc_ms;
+    } rows[] = {
         {"sessions 40 0:10 0.1", "sessions 40 0:10 0.1", 40, 10000, 100},
         {"sudden_death 0 5 0", "sudden_death 0 5 0", 0, 300000, 0},
         {"sudden_death 0 5:07 2.5", "sudden_death 0 5:7 2.5", 0, 307000, 2500},
@@ -41,29 +38,19 @@ TEST(Level, ReadsAndWritesItsText) {
         {"fixed_movetime 500", "fixed_movetime 500", 0, 1073741824, 0},
         {"fixed_movetime", "fixed_movetime 0", 0, 1073741824, 0},
     };
-    for (const LevelRow& row : rows) {
+    for (const auto& row : rows) {
         const Level level(row.input);
-        EXPECT_EQ(level.text(), row.text) << row.input;
-        EXPECT_EQ(level.moves(), row.moves) << row.input;
-        EXPECT_EQ(level.base_ms(), row.base_ms) << row.input;
-        EXPECT_EQ(level.inc_ms(), row.inc_ms) << row.input;
+        EXPECT_EQ(std::tuple(level.text(), level.moves(), level.base_ms(), level.inc_ms()),
+                  std::tuple(row.text, row.moves, row.base_ms, row.inc_ms))
+            << row.input;
     }
     EXPECT_EQ(Level().text(), "sessions 40 0:10 0.1");
 }
 
-std::string thrown_by(const char* text) {
-    try {
-        Level level(text);
-        return "nothing thrown for " + level.text();
-    } catch (const std::logic_error& error) {
-        return error.what();
-    }
-}
-
 TEST(Level, RefusesAnUnknownMode) {
-    EXPECT_EQ(thrown_by("blitz 5 0"), "Level::set(blitz)");
-    EXPECT_EQ(thrown_by("Sessions 40 5 0"), "Level::set(Sessions)");
-    EXPECT_EQ(thrown_by(""), "Level::set(level_t=\?\?\?)");
+    EXPECT_EQ(test::thrown_text([] { Level("blitz 5 0"); }), "Level::set(blitz)");
+    EXPECT_EQ(test::thrown_text([] { Level("Sessions 40 5 0"); }), "Level::set(Sessions)");
+    EXPECT_EQ(test::thrown_text([] { Level(""); }), "Level::set(level_t=\?\?\?)");
 }
 
 TEST(Level, ComparesWhatMakesAClock) {
@@ -156,8 +143,7 @@ TEST(GameClock, LimitsWhatIsRead) {
 
 TEST(EngineVariables, TakesTheHandicapOffTheClockAlone) {
     struct Row {
-        const char* handicap;
-        const char* level;
+        const char *handicap, *level;
         int time_left, increment;
     };
     for (const Row& row :
@@ -176,5 +162,4 @@ TEST(EngineVariables, TakesTheHandicapOffTheClockAlone) {
 }
 
 }  // namespace
-
 }  // namespace velmora

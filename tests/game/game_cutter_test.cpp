@@ -4,12 +4,11 @@
 
 #include <random>
 #include <string>
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include "game/pgn_error.h"
+#include "tests/support/memory_file.h"
 
 namespace velmora {
 namespace {
@@ -100,26 +99,6 @@ private:
     std::string m_marker;
 };
 
-/// A file that never reaches a disk: thousands of them are written.
-class MemoryFile {
-public:
-    MemoryFile() : m_descriptor(::memfd_create("game", 0)) {}
-    ~MemoryFile() { ::close(m_descriptor); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-
-    /// Replaces the content and gives the path.
-    std::string write(const std::string& content) const {
-        EXPECT_EQ(::ftruncate(m_descriptor, 0), 0);
-        EXPECT_EQ(::pwrite(m_descriptor, content.data(), content.size(), 0),
-                  static_cast<ssize_t>(content.size()));
-        return "/proc/self/fd/" + std::to_string(m_descriptor);
-    }
-
-private:
-    int m_descriptor;
-};
-
 std::string first_game(const std::string& path) {
     BlockReader reader;
     reader.open(path);
@@ -134,7 +113,6 @@ std::string first_game(const std::string& path) {
 }
 
 TEST(GameCutter, AgreesWithAPlainMachine) {
-    const MemoryFile file;
     std::mt19937 random(7);
     const std::string common = "0011--//2 \n\r%a";
     const std::string rare = "*{}[]3\xE9";
@@ -144,7 +122,7 @@ TEST(GameCutter, AgreesWithAPlainMachine) {
             const auto& alphabet = random() % 12 == 0 ? rare : common;
             content += alphabet[random() % alphabet.size()];
         }
-        EXPECT_EQ(first_game(file.write(content)), PlainCutter(content).cut()) << content;
+        EXPECT_EQ(first_game(test::MemoryFile(content).path()), PlainCutter(content).cut()) << content;
     }
 }
 

@@ -1,16 +1,17 @@
 #include "game/game.h"
 
-#include <stdexcept>
 #include <string>
 
 #include <gtest/gtest.h>
 
-#include "chess/legal_moves.h"
 #include "chess/san_move.h"
 #include "game/annotations.h"
+#include "tests/support/thrown_text.h"
 
 namespace velmora {
 namespace {
+
+using test::thrown_text;
 
 constexpr const char* unknown_tags =
     "[Event \"?\"]\n[Site \"?\"]\n[Date \"????.??.??\"]\n[Round \"?\"]\n[White \"?\"]\n[Black \"?\"]\n"
@@ -25,16 +26,6 @@ Game loaded(std::string_view text) {
     Game game;
     game.parse_pgn(text);
     return game;
-}
-
-template <class Operation>
-std::string error_of(Operation&& operation) {
-    try {
-        operation();
-    } catch (const std::logic_error& error) {
-        return error.what();
-    }
-    return "no error";
 }
 
 /// Moves of the line to the current node.
@@ -73,16 +64,14 @@ TEST(Game, PlaysKnownMovesAlongTheTree) {
     EXPECT_EQ(game.follow(game.convert_to_move("d2d4")), "") << "not in the tree";
     EXPECT_EQ(game.current(), 3);
     EXPECT_EQ(movetext(game), "1.e4 e5 ( 1... c5 2.Nf3) *\n\n");
-    EXPECT_NE(error_of([&] { game.add_move(game.convert_to_move("a1a5")); }).find("illegal move a1a5"),
+    EXPECT_NE(thrown_text([&] { game.add_move(game.convert_to_move("a1a5")); }).find("illegal move a1a5"),
               std::string::npos);
     EXPECT_EQ(line(game), "e2e4 c7c5");
 }
 
 TEST(Game, StopsAheadOfMovesThatCannotBeMade) {
     const struct {
-        const char* text;
-        const char* reached;
-        const char* error;
+        const char *text, *reached, *error;
     } rows[] = {
         {"1. e4 Ke4", "e2e4", "no moving piece found"},
         {"1. e4 e5 2. e5", "e2e4 e7e5", "illegal move \"e5\""},
@@ -93,10 +82,10 @@ TEST(Game, StopsAheadOfMovesThatCannotBeMade) {
     };
     for (const auto& row : rows) {
         Game game = loaded(row.text);
-        EXPECT_NE(error_of([&] { game.to_end(); }).find(row.error), std::string::npos) << row.text;
+        EXPECT_NE(thrown_text([&] { game.to_end(); }).find(row.error), std::string::npos) << row.text;
         EXPECT_EQ(line(game), row.reached);
         const auto here = game.current();
-        EXPECT_NE(error_of([&] { game.forward(); }), "no error");
+        EXPECT_NE(thrown_text([&] { game.forward(); }), "nothing thrown");
         EXPECT_EQ(game.current(), here);
         EXPECT_EQ(line(game), row.reached);
     }
@@ -104,9 +93,7 @@ TEST(Game, StopsAheadOfMovesThatCannotBeMade) {
 
 TEST(Game, SetsResults) {
     const struct {
-        const char* text;
-        const char* word;
-        const char* printed;
+        const char *text, *word, *printed;
     } rows[] = {
         {"1-0 {White mates}", "1-0", "1.e4 1-0 {White mates}\n\n"},
         {"{White resigns} 0-1", "0-1", "1.e4 {White resigns} 0-1\n\n"},
@@ -176,7 +163,7 @@ TEST(Game, FillsHolesWithNewNodes) {
     game.to_end();
     play(game, {"Bb5", "a6", "Ba4", "Nf6", "O-O", "Be7"});
     EXPECT_EQ(movetext(game), "1.e4 e5 ( 1... c5 2.Nf3) 2.Nf3 Nc6 3.Bb5 a6 4.Ba4 Nf6 5.O-O Be7 *\n\n");
-    EXPECT_EQ(error_of([] { GameTree().add_child(1, {}); }), "GameTree::add_child: invalid index");
+    EXPECT_EQ(thrown_text([] { GameTree().add_child(1, {}); }), "GameTree::add_child: invalid index");
     EXPECT_THROW(GameTree().node(1), std::out_of_range);
 }
 
@@ -214,7 +201,7 @@ TEST(Game, ReadsTags) {
     EXPECT_EQ(game.title(), "A B");
     EXPECT_FALSE(game.tags().contains("Late"));
     EXPECT_EQ(game.result(), "*") << "the tag, not the moves";
-    EXPECT_EQ(error_of([&] { game.parse_pgn("[White \"C\"]\n(e4)"); }),
+    EXPECT_EQ(thrown_text([&] { game.parse_pgn("[White \"C\"]\n(e4)"); }),
               "MoveSection::load invalid subvariation");
     EXPECT_EQ(game.title(), "C ?");
     EXPECT_EQ(game.forward(), "") << "nothing is left of the game before";
@@ -259,8 +246,7 @@ TEST(Game, KeepsComments) {
 
 TEST(Annotations, GoAway) {
     const struct {
-        const char* comment;
-        const char* rest;
+        const char *comment, *rest;
     } rows[] = {
         {"[%eval 0.3][%emt 0:0:5] good;", " good"},
         {"a\nb [c] [%d \"]\" e]f; \t;", "ab [c] f"},

@@ -26,8 +26,7 @@ TEST(Movetext, Prints) {
     const struct {
         const char* name;
         std::int32_t color;
-        const char* text;
-        const char* printed;
+        const char *text, *printed;
     } rows[] = {
         {"open end", 1, "1. e4 e5 2. Nf3", "1.e4 e5 2.Nf3 *"},
         {"result", 1, "1. e4 e5 2. Nf3 1-0", "1.e4 e5 2.Nf3 1-0"},
@@ -87,8 +86,7 @@ TEST(Movetext, Wraps) {
     const std::string x100(100, 'x');
     const struct {
         const char* name;
-        std::string text;
-        std::string wrapped;
+        std::string text, wrapped;
     } rows[] = {
         {"short enough", x79 + "x", x79 + "x"},
         {"at the last blank", x70 + " aaa bbb ccc ddd", x70 + " aaa bbb\nccc ddd"},

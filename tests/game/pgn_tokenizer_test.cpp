@@ -25,8 +25,7 @@ std::string tokens_of(std::string_view text) {
 
 TEST(PgnTokenizer, CutsTexts) {
     const struct {
-        const char* text;
-        const char* tokens;
+        const char *text, *tokens;
     } rows[] = {
         {"", ""},
         {"1. e4 e5!? 2.Nf3+", "I:1|.|S:e4|S:e5|I:2|.|S:Nf3+"},

@@ -9,18 +9,13 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/console_process.h"
-#include "workplace.h"
+#include "tests/support/recording_sink.h"
+#include "tests/support/workplace.h"
 
 namespace velmora {
 namespace {
 
 using Lines = std::vector<std::string>;
-
-class RecordingReferee : public CommandSink {
-public:
-    void put_command(const std::string& line) override { lines.push_back(line); }
-    Lines lines;
-};
 
 /// A console between a recording referee and a file.
 struct Bench {
@@ -36,7 +31,7 @@ struct Bench {
 
     std::FILE* const out = std::tmpfile();
     int left = 0;
-    RecordingReferee referee;
+    test::RecordingSink referee;
     Console console{out, [this] { ++left; }};
 };
 
@@ -45,10 +40,9 @@ TEST(Console, CutsTheInputIntoCommands) {
     for (const auto* bytes : {"deb", "ug true\nlevel fixed", "_depth 3\r\n\nponder on\ngo"}) {
         bench.console.take_input(bytes);
     }
-    EXPECT_EQ(bench.referee.lines, Lines({"0 debug true", "0 level fixed_depth 3", "0 ", "0 ponder on"}));
-    bench.referee.lines.clear();
+    EXPECT_EQ(bench.referee.take(), Lines({"0 debug true", "0 level fixed_depth 3", "0 ", "0 ponder on"}));
     bench.console.end_input();
-    EXPECT_EQ(bench.referee.lines, Lines({"0 go", "0 quit"}));
+    EXPECT_EQ(bench.referee.take(), Lines({"0 go", "0 quit"}));
 }
 
 TEST(Console, PrintsWhatTheRefereeSays) {
@@ -64,11 +58,9 @@ TEST(Console, PrintsWhatTheRefereeSays) {
 
 TEST(Console, WaitsForARunningMatchAtTheEndOfTheInput) {
     const struct {
-        const char* name;
-        const char* input;
+        const char *name, *input;
         Lines said_after_end;
-        int quits_at_end;
-        int quits_then;
+        int quits_at_end, quits_then;
     } rows[] = {
         {"nothing", "", {"move e2e4"}, 1, 1},
         {"match", "start_tournament\n", {"move e2e4", "1-0 {White mates}"}, 0, 0},
@@ -80,7 +72,7 @@ TEST(Console, WaitsForARunningMatchAtTheEndOfTheInput) {
     for (const auto& row : rows) {
         Bench bench;
         const auto quits = [&] {
-            const auto& lines = bench.referee.lines;
+            const auto lines = bench.referee.lines();
             return static_cast<int>(std::count(lines.begin(), lines.end(), "0 quit"));
         };
         bench.console.take_input(row.input);

@@ -1,70 +1,44 @@
 #include "manager/game_result.h"
 
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
+
+#include "tests/support/positions.h"
 
 namespace velmora {
 namespace {
 
-using Moves = std::vector<std::string>;
-
-ChessPosition position_after(const std::string& fen, const Moves& moves = {}) {
-    ChessPosition position;
-    position.fen(fen);
-    for (const auto& move : moves) EXPECT_TRUE(play_if_legal(position, parse_move(position, move))) << move;
-    return position;
-}
-
-const char* const start_fen = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1";
+using test::position_of;
 
 TEST(GameResult, FollowsFromPositionAndHistory) {
-    const Moves shuffle = {"g1f3", "g8f6", "f3g1", "f6g8"};
-    Moves twice = shuffle;
-    twice.insert(twice.end(), shuffle.begin(), shuffle.end());
-    Moves interrupted = shuffle;
-    interrupted.insert(interrupted.end(), {"e2e4", "e7e5", "g1f3", "g8f6", "f3g1", "f6g8"});
-
+    const char* const start = test::start_fen.c_str();
+    const std::string shuffle = "g1f3 g8f6 f3g1 f6g8 ";
     const struct {
-        const char* name;
-        const char* fen;
-        Moves moves;
+        const char *name, *fen;
+        std::string moves;
         const char* expected;
     } rows[] = {
-        {"start", start_fen, {}, "*"},
-        {"second occurrence", start_fen, shuffle, "*"},
-        {"third occurrence", start_fen, twice, "1/2-1/2 {Draw by threefold repetition}"},
-        {"pawn moves in between", start_fen, interrupted, "*"},
-        {"white mates", "6k1/5ppp/8/8/8/8/8/R5K1 w - - 0 1", {"a1a8"}, "1-0 {White mates}"},
-        {"black mates", start_fen, {"f2f3", "e7e5", "g2g4", "d8h4"}, "0-1 {Black mates}"},
-        {"stalemate", "7k/8/6K1/8/8/8/8/5Q2 w - - 0 1", {"f1f7"}, "1/2-1/2 {Stalemate}"},
-        {"99 quiet plies", "4k3/8/8/8/8/8/8/R3K3 w - - 98 80", {"a1a2"}, "*"},
-        {"100 quiet plies",
-         "4k3/8/8/8/8/8/8/R3K3 w - - 99 80",
-         {"a1a2"},
-         "1/2-1/2 {Draw by fifty move rule}"},
-        {"mate on the 100th", "6k1/5ppp/8/8/8/8/8/R5K1 w - - 99 80", {"a1a8"}, "1-0 {White mates}"},
-        {"100 quiet plies and dead material",
-         "4k3/8/8/8/8/8/8/4K3 w - - 100 99",
-         {},
+        {"start", start, "", "*"},
+        {"second occurrence", start, shuffle, "*"},
+        {"third occurrence", start, shuffle + shuffle, "1/2-1/2 {Draw by threefold repetition}"},
+        {"pawn moves in between", start, shuffle + "e2e4 e7e5 " + shuffle, "*"},
+        {"white mates", "6k1/5ppp/8/8/8/8/8/R5K1 w - - 0 1", "a1a8", "1-0 {White mates}"},
+        {"black mates", start, "f2f3 e7e5 g2g4 d8h4", "0-1 {Black mates}"},
+        {"stalemate", "7k/8/6K1/8/8/8/8/5Q2 w - - 0 1", "f1f7", "1/2-1/2 {Stalemate}"},
+        {"99 quiet plies", "4k3/8/8/8/8/8/8/R3K3 w - - 98 80", "a1a2", "*"},
+        {"100 quiet plies", "4k3/8/8/8/8/8/8/R3K3 w - - 99 80", "a1a2", "1/2-1/2 {Draw by fifty move rule}"},
+        {"mate on the 100th", "6k1/5ppp/8/8/8/8/8/R5K1 w - - 99 80", "a1a8", "1-0 {White mates}"},
+        {"100 quiet plies and dead material", "4k3/8/8/8/8/8/8/4K3 w - - 100 99", "",
          "1/2-1/2 {Draw by insufficient material}"},
-        {"third occurrence and 100 quiet plies",
-         "4k3/8/8/8/8/8/8/R3K3 w - - 92 80",
-         {"a1a2", "e8d8", "a2a1", "d8e8", "a1a2", "e8d8", "a2a1", "d8e8"},
-         "1/2-1/2 {Draw by fifty move rule}"},
-        {"dead material and stalemate",
-         "7k/5K2/6N1/8/8/8/8/8 b - - 0 1",
-         {"h8h7"},
+        {"third occurrence and 100 quiet plies", "4k3/8/8/8/8/8/8/R3K3 w - - 92 80",
+         "a1a2 e8d8 a2a1 d8e8 a1a2 e8d8 a2a1 d8e8", "1/2-1/2 {Draw by fifty move rule}"},
+        {"dead material and stalemate", "7k/5K2/6N1/8/8/8/8/8 b - - 0 1", "h8h7",
          "1/2-1/2 {Draw by insufficient material}"},
-        {"stalemate of bare kings",
-         "k7/2K5/1N6/8/8/8/8/8 b - - 0 1",
-         {"a8a7"},
+        {"stalemate of bare kings", "k7/2K5/1N6/8/8/8/8/8 b - - 0 1", "a8a7",
          "1/2-1/2 {Draw by insufficient material}"},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(result(position_after(row.fen, row.moves)), row.expected) << row.name;
-    }
+    for (const auto& row : rows) EXPECT_EQ(result(position_of(row.fen, row.moves)), row.expected) << row.name;
 }
 
 TEST(GameResult, TellsDeadMaterial) {
@@ -88,7 +62,7 @@ TEST(GameResult, TellsDeadMaterial) {
         {"4k3/8/8/8/8/8/8/3QK3 w - - 0 1", false},     // a queen
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(is_insufficient_material(position_after(row.fen)), row.expected) << row.fen;
+        EXPECT_EQ(is_insufficient_material(position_of(row.fen)), row.expected) << row.fen;
     }
 }
 
@@ -105,13 +79,13 @@ TEST(GameResult, AdjudicatesEqualPiecesAfterSixQuietPlies) {
     };
     for (const auto& row : rows) {
         const auto position =
-            position_after(std::string(row.placement) + " w - - " + std::to_string(row.quiet_plies) + " 90");
+            position_of(std::string(row.placement) + " w - - " + std::to_string(row.quiet_plies) + " 90");
         EXPECT_EQ(is_adjudicated_draw(position), row.expected) << position.fen();
     }
 }
 
 TEST(GameResult, FindsTheGeneratedMoveAndRefusesTheRest) {
-    const auto castling = position_after("4k3/8/8/8/8/8/8/4K2R w K - 0 1");
+    const auto castling = position_of("4k3/8/8/8/8/8/8/4K2R w K - 0 1");
     const struct {
         const char* text;
         const char* expected;  // "0000" for a move that isn't legal
@@ -125,7 +99,7 @@ TEST(GameResult, FindsTheGeneratedMoveAndRefusesTheRest) {
     }
     EXPECT_TRUE(legal_move(castling, parse_move(castling, "h1h8")).check());
 
-    auto promotion = position_after("8/P3k3/8/8/8/8/8/4K3 w - - 0 1");
+    auto promotion = position_of("8/P3k3/8/8/8/8/8/4K3 w - - 0 1");
     EXPECT_FALSE(play_if_legal(promotion, parse_move(promotion, "a7a8")));
     EXPECT_TRUE(play_if_legal(promotion, parse_move(promotion, "a7a8n")));
     EXPECT_EQ(promotion.fen(), "N7/4k3/8/8/8/8/8/4K3 b - - 0 1");

@@ -1,6 +1,5 @@
 #include "manager/manager.h"
 
-#include <algorithm>
 #include <array>
 #include <random>
 #include <set>
@@ -14,7 +13,8 @@
 #include "channel/text.h"
 #include "manager/match_opening.h"
 #include "manager/match_score.h"
-#include "referee.h"
+#include "tests/manager/referee.h"
+#include "tests/support/thrown_text.h"
 
 namespace velmora {
 namespace {
@@ -131,9 +131,7 @@ TEST(Manager, PublishesWhatIsKnownOfTheFirstEngine) {
     EXPECT_EQ(variables.clock.time_left(), 300000);
 
     const struct {
-        const char* command;
-        const char* hash;
-        const char* book;
+        const char *command, *hash, *book;
     } rows[] = {
         {"setoption name Hash value 32", "32", "b"},
         {"setoption name  Book  File  value  a  b ", "32", "a b"},
@@ -160,12 +158,8 @@ TEST(Manager, ALineOfAnotherSenderIsAFaultOfTheProgram) {
     test::Workplace workplace;
     test::RecordingWindow window;
     Manager manager(window, "velmora");
-    try {
-        manager.process_command_from_interface("1 quit");
-        FAIL();
-    } catch (const std::logic_error& error) {
-        EXPECT_STREQ(error.what(), "Manager::process_command_from_interface: command not from interface");
-    }
+    EXPECT_EQ(test::thrown_text([&] { manager.process_command_from_interface("1 quit"); }),
+              "Manager::process_command_from_interface: command not from interface");
 }
 
 TEST(Manager, TheDestructorQuitsTheEngines) {

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "manager/manager.h"
-#include "recording_window.h"
-#include "workplace.h"
+#include "tests/manager/recording_window.h"
+#include "tests/support/workplace.h"
 
 namespace velmora::test {
 

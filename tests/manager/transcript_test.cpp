@@ -2,22 +2,20 @@
 // working directory of its own; $DIR is that directory, $ID1 the instance id of the first engine loaded, and
 // so on. Lines that begin with two blanks belong to the directive above them.
 //
-//   > command      the window says it               >> line      anybody puts it on the queue
-//   < line         the referee's next line          <~ regex     the next line matches
-//   <* line        some line from here on           poke line    the next line, "wake_up" being said
-//   meanwhile engine name    a scripted engine                install name the same, and in the list of
-//   installed engines load name      loads it into the first seat     kill name    ends its process (needs
-//   the log: debug true) file, remove   writes a file, or takes it away  book file    a Polyglot book: moves
-//   played > moves known sent name      the engine has been sent this    log file     what the file says,
-//   without stamps and drivers is file        the file's whole text            stderr       what went to
-//   standard error, at the end
+//   > command     the window says it           >> line       anybody puts it on the queue
+//   < line        the referee's next line      <~ regex      the next line matches
+//   <* line       some line from here on       poke line     the next line, "wake_up" being said meanwhile
+//   engine name   a scripted engine            install name  the same, and in the list of installed engines
+//   load name     loads it into seat 1         kill name     ends its process (needs the log: debug true)
+//   file, remove  writes or takes away a file  book file     a Polyglot book: moves played > moves known
+//   sent name     what the engine was sent     log file      what it says, without stamps and drivers
+//   is file       the file's whole text        stderr        what went to standard error, at the end
 //
 // Milliseconds after "wtime", "btime" and "emt" read "#". At its end a case has no line left over.
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <map>
 #include <random>
 #include <sstream>
@@ -31,7 +29,7 @@
 #include "channel/text.h"
 #include "chess/position.h"
 #include "manager/game_result.h"
-#include "referee.h"
+#include "tests/manager/referee.h"
 
 namespace velmora {
 namespace {

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/recording_sink.h"
 #include "tests/window/recording_screen.h"
 #include "window/comment_keeper.h"
 #include "window/game_desk.h"

@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/manager/workplace.h"
 #include "tests/matches/archiving_window.h"
 #include "tests/support/console_process.h"
+#include "tests/support/workplace.h"
 
 namespace velmora {
 namespace {

@@ -7,9 +7,9 @@
 
 #include "channel/text.h"
 #include "manager/game_result.h"
-#include "tests/manager/workplace.h"
 #include "tests/matches/archiving_window.h"
 #include "tests/support/console_process.h"
+#include "tests/support/workplace.h"
 #include "tournament/tournament.h"
 
 namespace velmora {
@@ -24,9 +24,10 @@ struct Peer {
     const char* protocol;
 };
 constexpr Peer stockfish{"Stockfish", "/usr/games/stockfish", "uci"};
-constexpr Peer toga{"Toga", "/usr/games/toga2", "uci"};
+constexpr Peer toga{"Toga", "/usr/games/toga2", "autodetect"};
 constexpr Peer fairymax{"Fairy-Max", "/usr/games/fairymax", "xboard_v2"};
-constexpr Peer gnuchess{"GNU Chess", "/usr/games/gnuchess", "xboard_v2"};
+constexpr Peer phalanx{"Phalanx", "/usr/games/phalanx", "xboard_v2"};
+constexpr Peer gnuchess{"GNU Chess", "/usr/games/gnuchess", "autodetect"};
 
 struct Format {
     const char* name;
@@ -126,7 +127,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Format{"match", TournamentType::match, {stockfish, toga}, "book.pgn"},
         Format{"xboard", TournamentType::match, {fairymax, gnuchess}, "book.epd"},
-        Format{"gauntlet", TournamentType::gauntlet, {toga, stockfish, fairymax}, "book.epd"},
+        Format{"gauntlet", TournamentType::gauntlet, {toga, stockfish, phalanx}, "book.epd"},
         Format{"roundrobin", TournamentType::round_robin, {stockfish, gnuchess, toga}, "book.pgn"}),
     [](const auto& of) { return of.param.name; });
 

@@ -9,6 +9,7 @@
 #include "chess/legal_moves.h"
 #include "chess/position.h"
 #include "tests/support/scratch_directory.h"
+#include "tests/support/thrown_text.h"
 
 namespace velmora {
 namespace {
@@ -45,6 +46,7 @@ protected:
 
 TEST_F(PolyglotBookTest, FindsAllRecordsOfAKey) {
     constexpr std::uint64_t high = 0xFFFFFFFFFFFFFFF0;
+    const std::string ten = book_of({1, 2, 3, 5, 5, 5, 5, 5, 8, high});
     const struct {
         std::string content;
         std::uint64_t key;
@@ -53,12 +55,12 @@ TEST_F(PolyglotBookTest, FindsAllRecordsOfAKey) {
         {book_of({7}), 7, {0}},
         {book_of({7}), 6, {}},
         {book_of({7}), 8, {}},
-        {book_of({1, 2, 3, 5, 5, 5, 5, 5, 8, high}), 5, {3, 4, 5, 6, 7}},
-        {book_of({1, 2, 3, 5, 5, 5, 5, 5, 8, high}), 1, {0}},
-        {book_of({1, 2, 3, 5, 5, 5, 5, 5, 8, high}), high, {9}},
-        {book_of({1, 2, 3, 5, 5, 5, 5, 5, 8, high}), 0, {}},
-        {book_of({1, 2, 3, 5, 5, 5, 5, 5, 8, high}), 4, {}},
-        {book_of({1, 2, 3, 5, 5, 5, 5, 5, 8, high}), ~std::uint64_t{0}, {}},
+        {ten, 5, {3, 4, 5, 6, 7}},
+        {ten, 1, {0}},
+        {ten, high, {9}},
+        {ten, 0, {}},
+        {ten, 4, {}},
+        {ten, ~std::uint64_t{0}, {}},
         {book_of({4, 4, 4}), 4, {0, 1, 2}},
         {book_of({9, 1, 5, 2}), 77, {}},  // not sorted: nothing is promised but an end
         {"", 0, {}},
@@ -95,13 +97,9 @@ TEST_F(PolyglotBookTest, OpensAndCloses) {
     EXPECT_EQ(book.record_count(), 0U);
 
     for (const auto& path : {m_files.path("absent.bin"), m_files.path("")}) {
-        try {
-            book.set_path(path);
-            book.open();
-            ADD_FAILURE() << path;
-        } catch (const std::logic_error& error) {
-            EXPECT_EQ(error.what(), "PolyglotBook::open() open " + path + " failed (1)");
-        }
+        book.set_path(path);
+        EXPECT_EQ(test::thrown_text([&] { book.open(); }),
+                  "PolyglotBook::open() open " + path + " failed (1)");
         EXPECT_THROW(PolyglotBook{path}, std::logic_error);
         EXPECT_TRUE(book.entries(1).empty());
     }

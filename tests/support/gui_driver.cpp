@@ -79,9 +79,7 @@ Glib::RefPtr<Gdk::Window> window_of(Gtk::Widget& widget) {
 bool pump_until(const std::function<bool()>& condition, std::chrono::milliseconds limit) {
     const auto end = std::chrono::steady_clock::now() + limit;
     while (!condition()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
+        if (std::chrono::steady_clock::now() > end) return false;
         if (!gtk_events_pending()) {
             g_usleep(500);
         } else {
@@ -170,9 +168,7 @@ void type_text(Gtk::Widget& widget, const std::string& text) {
 
 std::vector<Gtk::Widget*> descendants(Gtk::Widget& root) {
     std::vector<Gtk::Widget*> found{&root};
-    if (!dynamic_cast<Gtk::Container*>(&root)) {
-        return found;
-    }
+    if (!dynamic_cast<Gtk::Container*>(&root)) return found;
     std::vector<Gtk::Widget*> children;
     const auto collect = [](GtkWidget* child, gpointer list) {
         static_cast<std::vector<Gtk::Widget*>*>(list)->push_back(Glib::wrap(child));
@@ -239,14 +235,6 @@ int differing_pixels(const Cairo::RefPtr<Cairo::ImageSurface>& left,
         }
     }
     return count;
-}
-
-void save_screenshot(const std::string& path) {
-    pump_pending();
-    GdkWindow* root = gdk_get_default_root_window();
-    const auto pixels = Glib::wrap(
-        gdk_pixbuf_get_from_window(root, 0, 0, gdk_window_get_width(root), gdk_window_get_height(root)));
-    pixels->save(path, "png");
 }
 
 }  // namespace velmora::gui

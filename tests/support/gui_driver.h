@@ -1,8 +1,6 @@
 #pragma once
 
-#include <array>
 #include <chrono>
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -73,9 +71,7 @@ template <class W>
 W* find_widget(Gtk::Widget& root, const std::function<bool(W&)>& condition = {}, int n = 0) {
     for (Gtk::Widget* widget : descendants(root)) {
         auto* found = dynamic_cast<W*>(widget);
-        if (found && (!condition || condition(*found)) && n-- == 0) {
-            return found;
-        }
+        if (found && (!condition || condition(*found)) && n-- == 0) return found;
     }
     return nullptr;
 }
@@ -162,8 +158,5 @@ Pixel pixel_at(const Cairo::RefPtr<Cairo::ImageSurface>& surface, int x, int y);
 /// How many device pixels of two surfaces of one size differ by more than a tolerance in some channel.
 int differing_pixels(const Cairo::RefPtr<Cairo::ImageSurface>& left,
                      const Cairo::RefPtr<Cairo::ImageSurface>& right, int tolerance = 0);
-
-/// Writes what the whole screen shows as a PNG file.
-void save_screenshot(const std::string& path);
 
 }  // namespace velmora::gui

@@ -7,7 +7,6 @@
 #include <iostream>
 #include <poll.h>
 #include <unistd.h>
-#include <utility>
 
 #include "channel/text.h"
 

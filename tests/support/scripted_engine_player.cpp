@@ -1,4 +1,3 @@
-#include <chrono>
 #include <random>
 #include <stdexcept>
 #include <unistd.h>
@@ -70,12 +69,25 @@ bool play(ChessPosition& position, const std::string& word) {
     return move.has_value();
 }
 
-class UciPlayer {
+/// What the speakers of both protocols have.
+class Speaker {
 public:
-    UciPlayer(const PlayerSettings& settings, Wire& wire, Script& script)
+    Speaker(const PlayerSettings& settings, Wire& wire, Script& script)
         : m_settings(settings), m_wire(wire), m_script(script), m_player(settings) {
         m_position.new_game();
     }
+
+protected:
+    const PlayerSettings& m_settings;
+    Wire& m_wire;
+    Script& m_script;
+    Player m_player;
+    ChessPosition m_position;
+};
+
+class UciPlayer : private Speaker {
+public:
+    using Speaker::Speaker;
 
     void run() {
         for (auto line = m_wire.read_line(); line && *line != "quit"; line = m_wire.read_line()) {
@@ -142,20 +154,12 @@ private:
         m_wire.write_line(answer);
     }
 
-    const PlayerSettings& m_settings;
-    Wire& m_wire;
-    Script& m_script;
-    Player m_player;
-    ChessPosition m_position;
     bool m_quit = false;
 };
 
-class XboardPlayer {
+class XboardPlayer : private Speaker {
 public:
-    XboardPlayer(const PlayerSettings& settings, Wire& wire, Script& script)
-        : m_settings(settings), m_wire(wire), m_script(script), m_player(settings) {
-        m_position.new_game();
-    }
+    using Speaker::Speaker;
 
     void run() {
         for (auto line = m_wire.read_line(); line && *line != "quit"; line = m_wire.read_line()) obey(*line);
@@ -190,8 +194,7 @@ private:
         }
     }
 
-    /// Whether the word looks like a move: all other words of the protocol are commands to be taken in
-    /// silence.
+    /// Whether the word looks like a move; all others are commands to be taken in silence.
     static bool is_move(const std::string& word) {
         return word.starts_with("O-O") ||
                (word.size() >= 2 && word.size() <= 8 && word.find_first_of("12345678") != std::string::npos);
@@ -212,11 +215,6 @@ private:
         m_position.do_move(move);
     }
 
-    const PlayerSettings& m_settings;
-    Wire& m_wire;
-    Script& m_script;
-    Player m_player;
-    ChessPosition m_position;
     std::optional<Side> m_plays = Side::black;
     bool m_posts = false;
 };

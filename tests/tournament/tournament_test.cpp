@@ -1,12 +1,12 @@
 #include "tournament/tournament.h"
 
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <stdexcept>
 
 #include <gtest/gtest.h>
 
+#include "tests/support/scratch_directory.h"
 #include "tournament/tournament_file.h"
 #include "tournament/tournament_store.h"
 
@@ -17,25 +17,13 @@ namespace fs = std::filesystem;
 
 class TournamentTest : public testing::Test {
 protected:
-    TournamentTest() {
-        std::string name = (fs::temp_directory_path() / "tournament_XXXXXX").string();
-        m_directory = std::string(::mkdtemp(name.data())) + "/";
-    }
-    ~TournamentTest() override { fs::remove_all(m_directory); }
-
     Tournament make(std::initializer_list<const char*> names) const {
         Tournament tournament(m_directory);
         for (const char* name : names) tournament.add_participant({0, name});
         return tournament;
     }
-    std::string file(const std::string& name) const {
-        std::ostringstream text;
-        text << std::ifstream(tournament_store::path(m_directory, name)).rdbuf();
-        return text.str();
-    }
-    void write(const std::string& name, const std::string& text) const {
-        std::ofstream(tournament_store::path(m_directory, name)) << text;
-    }
+    std::string file(const std::string& name) const { return m_files.content(name + ".trn"); }
+    void write(const std::string& name, const std::string& text) const { m_files.write(name + ".trn", text); }
     /// What the operation throws, with the class of the exception ahead.
     template <class Operation>
     static std::string thrown(Operation operation) {
@@ -50,8 +38,17 @@ protected:
         }
         return "";
     }
+    /// The fields of a tournament's settings, "|" between.
+    static std::string settings(const Tournament& of) {
+        std::ostringstream text;
+        text << of.event() << '|' << of.site() << '|' << of.level().text() << '|'
+             << static_cast<int>(of.type()) << '|' << of.rounds() << '|' << of.opening_book() << '|'
+             << of.both_colors() << of.random_order() << of.ignore_time_loss();
+        return text.str();
+    }
 
-    std::string m_directory;
+    const ScratchDirectory m_files;
+    const std::string m_directory = m_files.path("");  // with a trailing slash
 };
 
 constexpr auto two_games = R"(event Velmora Battles
@@ -83,11 +80,8 @@ TEST_F(TournamentTest, LoadsWhatItSavedAndGoesOn) {
     write("battles of may", two_games);
     Tournament tournament(m_directory);
     tournament.load("battles of may");
-    EXPECT_EQ(tournament.event(), "Velmora Battles");
-    EXPECT_EQ(tournament.level().text(), "sessions 40 0:10 0");
-    EXPECT_EQ(tournament.rounds(), 2);
+    EXPECT_EQ(settings(tournament), "Velmora Battles|?|sessions 40 0:10 0|0|2||010");
     EXPECT_EQ(tournament.game_count(), 2);
-    EXPECT_TRUE(tournament.random_order());
     EXPECT_EQ(tournament.participants_list(),
               (std::vector<TournamentParticipant>{{1, "Engine One"}, {2, "Engine Two"}}));
     const TournamentGame next = tournament.next_game();
@@ -145,21 +139,12 @@ TEST_F(TournamentTest, ReaderTakesWordsAndSkipsWhatItDoesNotKnow) {
     testing::internal::CaptureStderr();
     tournament.load("x");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "unknown command \"color\"\n");
-    EXPECT_EQ(tournament.event(), "A b  c");
-    EXPECT_EQ(tournament.site(), "");
-    EXPECT_EQ(tournament.rounds(), 7);
-    EXPECT_EQ(tournament.type(), TournamentType::gauntlet);
-    EXPECT_FALSE(tournament.both_colors());
-    EXPECT_TRUE(tournament.ignore_time_loss());
-    EXPECT_FALSE(tournament.random_order()) << "a new tournament has it, a file without the line has not";
-    EXPECT_EQ(tournament.opening_book(), "/a b/c.pgn");
-    EXPECT_EQ(tournament.level().text(), "fixed_depth 3");
+    EXPECT_EQ(settings(tournament), "A b  c||fixed_depth 3|1|7|/a b/c.pgn|001")
+        << "a new tournament has a random order, a file without the line has not";
 
     write("y", "event y\ntype knockout\n");
     tournament.load("y");
-    EXPECT_EQ(tournament.type(), TournamentType::gauntlet) << "what the object held before";
-    EXPECT_EQ(tournament.rounds(), 7);
-    EXPECT_EQ(tournament.opening_book(), "");
+    EXPECT_EQ(settings(tournament), "y||fixed_depth 3|1|7||000") << "what the object held before stays";
     EXPECT_TRUE(tournament.games().empty());
 }
 
@@ -247,12 +232,7 @@ TEST_F(TournamentTest, ClearKeepsRoundsTypeSiteAndLevel) {
     tournament.load("battles");
     tournament.set_type(TournamentType::round_robin);
     tournament.clear();
-    EXPECT_EQ(tournament.event(), "?");
-    EXPECT_EQ(tournament.site(), "?");
-    EXPECT_EQ(tournament.rounds(), 2);
-    EXPECT_EQ(tournament.type(), TournamentType::round_robin);
-    EXPECT_EQ(tournament.level().text(), "sessions 40 0:10 0");
-    EXPECT_FALSE(tournament.random_order());
+    EXPECT_EQ(settings(tournament), "?|?|sessions 40 0:10 0|2|2||000");
     EXPECT_TRUE(tournament.participants_list().empty());
     EXPECT_EQ(tournament.next_game().number, 0);
 }
@@ -260,7 +240,7 @@ TEST_F(TournamentTest, ClearKeepsRoundsTypeSiteAndLevel) {
 TEST_F(TournamentTest, StoreListsFilesOfItsKindOnly) {
     write("b", "");
     write("a b", "");
-    std::ofstream(m_directory + "notes.txt") << "x";
+    m_files.write("notes.txt", "x");
     fs::create_directory(m_directory + "directory.trn");
     EXPECT_EQ(tournament_store::names(m_directory), (std::vector<std::string>{"a b", "b"}));
     tournament_store::remove(m_directory, "a b");

@@ -1,3 +1,4 @@
+#include <array>
 #include <string>
 
 #include <atk/atk.h>
@@ -54,21 +55,15 @@ TEST_F(AccessibleBoardTest, SquaresCanBePressed) {
 }
 
 TEST_F(AccessibleBoardTest, SquaresKnowTheirPlace) {
-    int x = 0, y = 0, width = 0, height = 0, left = 0, top = 0;
-    const auto place = [&](AtkObject* object) {
-        atk_component_get_extents(ATK_COMPONENT(object), &x, &y, &width, &height, ATK_XY_WINDOW);
+    const auto place = [](AtkObject* object) {
+        std::array<int, 4> box{};  // left, top, width, height
+        atk_component_get_extents(ATK_COMPONENT(object), &box[0], &box[1], &box[2], &box[3], ATK_XY_WINDOW);
+        return box;
     };
-    place(accessible());
-    left = x;
-    top = y;
-    place(square(1));
-    EXPECT_EQ(width, 70);
-    EXPECT_EQ(x, left + 70);
-    EXPECT_EQ(y, top + 490);
+    const auto whole = place(accessible());
+    EXPECT_THAT(place(square(1)), testing::ElementsAre(whole[0] + 70, whole[1] + 490, 70, 70));
     board.flip();
-    place(square(1));
-    EXPECT_EQ(x, left + 420);
-    EXPECT_EQ(y, top);
+    EXPECT_THAT(place(square(1)), testing::ElementsAre(whole[0] + 420, whole[1], 70, 70));
 }
 
 TEST_F(AccessibleBoardTest, SquaresOutliveTheirBoard) {

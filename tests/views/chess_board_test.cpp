@@ -73,9 +73,8 @@ TEST_F(BoardTest, PressOnAManTellsHisSquare) {
 TEST_F(BoardTest, DoubleClickAndOtherButtonsKeepTheMan) {
     board.set_fen(start_fen);
     gui::double_click(taker(), middle(12));
-    EXPECT_THAT(moves, ElementsAre(Pair(12, 12), Pair(12, 12)));
     gui::click(taker(), middle(12), 3);
-    EXPECT_EQ(moves.size(), 2U);
+    EXPECT_THAT(moves, ElementsAre(Pair(12, 12), Pair(12, 12)));
     EXPECT_EQ(code(12), 1);
 }
 

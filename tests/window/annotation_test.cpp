@@ -8,9 +8,7 @@ namespace {
 struct Row {
     const char* name;
     Side side;
-    const char* before;
-    const char* line;
-    const char* after;
+    const char *before, *line, *after;
 };
 
 TEST(Annotation, OneLineOfSearchOutput) {

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -33,10 +34,9 @@ TEST(CommandLine, SizeAndFile) {
     };
     for (const auto& row : rows) {
         const CommandLine read = parse_command_line(row.arguments);
-        const std::string name = testing::PrintToString(row.arguments);
-        EXPECT_EQ(read.has_board_size, row.has_size) << name;
-        EXPECT_EQ(read.board_size, row.size) << name;
-        EXPECT_EQ(read.file, row.file) << name;
+        EXPECT_EQ(std::tuple(read.has_board_size, read.board_size, read.file),
+                  std::tuple(row.has_size, row.size, row.file))
+            << testing::PrintToString(row.arguments);
     }
     std::filesystem::remove(game);
 }

@@ -2,13 +2,13 @@
 // set-up and navigation, against what goes to the referee and what stands on the desk.
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/positions.h"
+#include "tests/support/recording_sink.h"
+#include "tests/support/scratch_directory.h"
 #include "tests/window/recording_screen.h"
 #include "window/message_dispatcher.h"
 #include "window/mode_controller.h"
@@ -18,6 +18,7 @@
 namespace velmora {
 namespace {
 
+using Lines = std::vector<std::string>;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -32,20 +33,12 @@ int square(const char* name) {
 
 class DeskTest : public testing::Test {
 protected:
-    void SetUp() override {
-        m_home = std::filesystem::temp_directory_path() / ("velmora-desk-" + std::to_string(getpid()));
-        std::filesystem::create_directories(m_home);
-        m_before = std::filesystem::current_path();
-        std::filesystem::current_path(m_home);
+    DeskTest() {
+        std::filesystem::current_path(m_home.path(""));
         screen.on_switched = [this](Mode mode, bool on) { modes.on_switched(mode, on); };
-        screen.select_mode(Mode::human_human);
-        referee.take();
-        screen.calls.clear();
+        select(Mode::human_human);
     }
-    void TearDown() override {
-        std::filesystem::current_path(m_before);
-        std::filesystem::remove_all(m_home);
-    }
+    ~DeskTest() override { std::filesystem::current_path(m_before); }
 
     void lines(std::initializer_list<const char*> texts) {
         for (const char* text : texts) dispatcher.process(text);
@@ -53,6 +46,12 @@ protected:
     /// A drag on the board, past the delay in which a click after the start doesn't count.
     void drag(const char* from, const char* to) { moves.on_board(square(from), square(to)); }
 
+    /// The values of tags of the game, "|" between.
+    std::string tags(std::initializer_list<const char*> names) {
+        std::string values;
+        for (const char* name : names) values += (values.empty() ? "" : "|") + desk.game.tag(name);
+        return values;
+    }
     /// Selects a mode in which the referee moves the men, and forgets what that brought about.
     void select(Mode mode) {
         screen.select_mode(mode);
@@ -60,12 +59,12 @@ protected:
         screen.calls.clear();
     }
 
-    std::filesystem::path m_home;
-    std::filesystem::path m_before;
+    const ScratchDirectory m_home;
+    const std::filesystem::path m_before = std::filesystem::current_path();
 
     GameDesk desk;
     RecordingScreen screen;
-    RecordingSink referee;
+    test::RecordingSink referee;
     bool engine_loaded = false;
     ManagerLink link{referee};
     CommentKeeper comments{desk, screen};
@@ -75,8 +74,7 @@ protected:
     Navigation navigation{desk, screen, comments, link};
 };
 
-// ---------------------------------------------------------------------------------------------------------------
-// Lines from the referee
+// -- Lines from the referee
 
 TEST_F(DeskTest, EveryPrescribedWordHasAHandlerAndNoOther) {
     for (const char* word :
@@ -98,8 +96,7 @@ TEST_F(DeskTest, AnEngineMoveCarriesItsAnnotationAndStartsTheOtherClock) {
     EXPECT_EQ(desk.game.comment(), "[%eval 0.2][%depth 5]");
     EXPECT_EQ(screen.comment, "[%eval 0.2][%depth 5]");
     EXPECT_THAT(screen.calls, ElementsAre("analysis white  depth 5 score cp 20\n", "start clock black"));
-    EXPECT_EQ(desk.game.tag("ECO"), "B00");
-    EXPECT_EQ(desk.game.tag("Opening"), "King's pawn opening");
+    EXPECT_EQ(tags({"ECO", "Opening"}), "B00|King's pawn opening");
     lines({"emt 1234"});
     EXPECT_EQ(desk.game.comment(), "[%eval 0.2][%depth 5][%time 1234]");
 }
@@ -163,8 +160,7 @@ TEST_F(DeskTest, TheClockOfASetBoardIsThatOfTheSideNotToMove) {
     select(Mode::tournament);
     lines({"setboard 4k3/8/8/8/8/8/8/4K2R w K - 17 40"});
     EXPECT_EQ(desk.position.fen(), "4k3/8/8/8/8/8/8/4K2R w K - 0 1");
-    EXPECT_EQ(desk.game.tag("SetUp"), "1");
-    EXPECT_EQ(desk.game.tag("FEN"), "4k3/8/8/8/8/8/8/4K2R w K - 0 1");
+    EXPECT_EQ(tags({"SetUp", "FEN"}), "1|4k3/8/8/8/8/8/8/4K2R w K - 0 1");
     EXPECT_THAT(screen.calls, Contains("start clock black"));
 }
 
@@ -182,30 +178,22 @@ TEST_F(DeskTest, AFinishedGameIsArchivedWithNamesTimeControlAndEnding) {
            "move f2f3", "move e7e5", "move g2g4", "move d8h4", "0-1 {Black mates}"});
     EXPECT_THAT(screen.calls, Contains("title A \"quoted\" name  ???"));
     EXPECT_THAT(screen.calls, Contains("stop clocks"));
-    std::ifstream file("Velmora battles.pgn");
-    std::stringstream archive;
-    archive << file.rdbuf();
-    EXPECT_EQ(archive.str(), desk.game.pgn());
+    const auto archive = m_home.content("Velmora battles.pgn");
+    EXPECT_EQ(archive, desk.game.pgn());
     for (const char* part : {"[White \"A 'quoted' name\"]", "[Black \"???\"]", "[WhiteElo \"2600\"]",
                              "[TimeControl \"40/300+2\"]", "[Result \"0-1\"]", "{Black mates} 0-1"}) {
-        EXPECT_THAT(archive.str(), HasSubstr(part));
+        EXPECT_THAT(archive, HasSubstr(part));
     }
     lines({"new", "1-0 {black resigns}"});
-    std::ifstream again("Velmora battles.pgn");
-    std::stringstream unchanged;
-    unchanged << again.rdbuf();
-    EXPECT_EQ(unchanged.str(), archive.str()) << "a game without moves is not archived";
+    EXPECT_EQ(m_home.content("Velmora battles.pgn"), archive) << "a game without moves is not archived";
 }
 
 TEST_F(DeskTest, NewGivesTheDefaultTextsWhateverTheTournamentWasCalled) {
     select(Mode::tournament);
     lines({"event  Big one", "site  Here", "round 3.2", "white_info score cp 5"});
-    EXPECT_EQ(desk.game.tag("Event"), "Big one");
-    EXPECT_EQ(desk.game.tag("Round"), "3.2");
+    EXPECT_EQ(tags({"Event", "Site", "Round"}), "Big one|Here|3.2");
     lines({"new"});
-    EXPECT_EQ(desk.game.tag("Event"), "Velmora battles");
-    EXPECT_EQ(desk.game.tag("Site"), "the North Sea");
-    EXPECT_EQ(desk.game.tag("Round"), "3.2");
+    EXPECT_EQ(tags({"Event", "Site", "Round"}), "Velmora battles|the North Sea|3.2");
     EXPECT_EQ(desk.annotation[Side::white], "");
     EXPECT_FALSE(desk.clocks_held);
 }
@@ -230,8 +218,7 @@ TEST_F(DeskTest, ResetFallsBackToTwoPeopleOnlyForTheMode) {
     EXPECT_EQ(screen.mode(), Mode::human_human);
 }
 
-// ---------------------------------------------------------------------------------------------------------------
-// Modes
+// -- Modes
 
 TEST_F(DeskTest, WhatEachModeSends) {
     engine_loaded = true;
@@ -276,8 +263,7 @@ TEST_F(DeskTest, NewGameGoesAgainstTheEngineOnlyWhenThereIsOne) {
     EXPECT_THAT(referee.take(), ElementsAre("0 new", "0 setboard " + desk.position.fen(), "0 playother"));
 }
 
-// ---------------------------------------------------------------------------------------------------------------
-// The person at the board
+// -- The person at the board
 
 TEST_F(DeskTest, DragsPlayLegalMovesOnly) {
     drag("e2", "e5");
@@ -308,65 +294,57 @@ TEST_F(DeskTest, CastlingByTheRookOrByTheKingsSquare) {
         drag("e1", to);
         EXPECT_THAT(referee.take(), ElementsAre("0 usermove e1g1")) << to;
     }
-    desk.start_from("4k3/8/8/8/8/8/8/R3K2R w KQ - 0 1");
-    drag("e1", "e1");
-    drag("a1", "a1");
+    for (const char* rights : {"KQ", "-"}) {
+        desk.start_from("4k3/8/8/8/8/8/8/R3K2R w " + std::string(rights) + " - 0 1");
+        drag("e1", "e1");
+        drag("a1", "a1");
+    }
     EXPECT_THAT(referee.take(), ElementsAre("0 usermove e1c1"));
-    desk.start_from("4k3/8/8/8/8/8/8/R3K2R w - - 0 1");
-    drag("e1", "e1");
-    drag("a1", "a1");
     EXPECT_EQ(desk.selected, square("a1")) << "a rook that can't castle is picked up";
 }
 
 TEST_F(DeskTest, PromotionTakesTheChoosersAnswer) {
-    const std::pair<int, const char*> rows[] = {{4, "q"}, {5, "r"}, {6, "b"}, {7, "n"}};
-    for (const auto& [answer, letter] : rows) {
+    for (const int answer : {4, 5, 6, 7, 0}) {  // a closed chooser, 0, makes no move
         desk.start_from("8/P3k3/8/8/8/8/8/4K3 w - - 0 1");
         screen.promotion_answer = answer;
         drag("a7", "a8");
-        EXPECT_THAT(referee.take(), ElementsAre(std::string("0 usermove a7a8") + letter));
     }
-    desk.start_from("8/P3k3/8/8/8/8/8/4K3 w - - 0 1");
-    screen.promotion_answer = 0;
-    drag("a7", "a8");
-    EXPECT_THAT(referee.take(), IsEmpty()) << "a closed chooser makes no move";
+    EXPECT_THAT(referee.take(),
+                ElementsAre("0 usermove a7a8q", "0 usermove a7a8r", "0 usermove a7a8b", "0 usermove a7a8n"));
 }
 
 TEST_F(DeskTest, TypedMovesAreReadInEachForm) {
+    const char* const start = test::start_fen.c_str();
+    const char* const rooks = "r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1";
+    const char* const pawn = "7k/P7/8/8/8/8/8/4K3 w - - 0 1";
     const struct {
-        const char* fen;
-        const char* typed;
+        const char *fen, *typed;
         const char* sent;  // nothing when the move is refused
     } rows[] = {
-        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "e2e4", "0 usermove e2e4"},
-        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", " Nf3 ", "0 usermove g1f3"},
-        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "nf3", "0 usermove g1f3"},
-        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "Ng1-f3", "0 usermove g1f3"},
-        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "zf3", nullptr},
-        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "e5", nullptr},
-        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "hello\n", nullptr},
-        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "", nullptr},
-        {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "O-O", "0 usermove e1g1"},
-        {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "0-0-0", "0 usermove e1c1"},
-        {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "o-o", "0 usermove e1g1"},
-        {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "e1g1", "0 usermove e1g1"},
+        {start, "e2e4", "0 usermove e2e4"},
+        {start, " Nf3 ", "0 usermove g1f3"},
+        {start, "nf3", "0 usermove g1f3"},
+        {start, "Ng1-f3", "0 usermove g1f3"},
+        {start, "zf3", nullptr},
+        {start, "e5", nullptr},
+        {start, "hello\n", nullptr},
+        {start, "", nullptr},
+        {rooks, "O-O", "0 usermove e1g1"},
+        {rooks, "0-0-0", "0 usermove e1c1"},
+        {rooks, "o-o", "0 usermove e1g1"},
+        {rooks, "e1g1", "0 usermove e1g1"},
         {"4k3/8/8/3p4/2P1B3/8/8/4K3 b - - 0 1", "dxc4", "0 usermove d5c4"},
         {"4k3/8/8/3p4/2B5/1P6/8/4K3 w - - 0 1", "bxd5", "0 usermove c4d5"},
-        {"7k/P7/8/8/8/8/8/4K3 w - - 0 1", "a8=N", "0 usermove a7a8n"},
-        {"7k/P7/8/8/8/8/8/4K3 w - - 0 1", "a7a8r", "0 usermove a7a8r"},
-        {"7k/P7/8/8/8/8/8/4K3 w - - 0 1", "a7a8", nullptr},
+        {pawn, "a8=N", "0 usermove a7a8n"},
+        {pawn, "a7a8r", "0 usermove a7a8r"},
+        {pawn, "a7a8", nullptr},
         {"4k3/8/8/8/8/8/4q3/4K3 w - - 0 1", "Kf1", nullptr},
     };
     for (const auto& row : rows) {
         desk.start_from(row.fen);
         const std::string complaint = moves.on_typed(row.typed);
-        if (row.sent) {
-            EXPECT_EQ(complaint, "") << row.typed;
-            EXPECT_THAT(referee.take(), ElementsAre(row.sent));
-        } else {
-            EXPECT_EQ(complaint, "\"" + std::string(row.typed) + "\" is no legal move here");
-            EXPECT_THAT(referee.take(), IsEmpty());
-        }
+        EXPECT_EQ(complaint, row.sent ? "" : "\"" + std::string(row.typed) + "\" is no legal move here");
+        EXPECT_THAT(referee.take(), row.sent ? Lines{row.sent} : Lines{}) << row.typed;
     }
     desk.start_from("4k3/8/8/8/8/8/8/4K3 w - - 0 1");
     desk.set_engine_plays(true, false);
@@ -394,8 +372,7 @@ TEST_F(DeskTest, TypedCommentsStayWithTheirMoves) {
     EXPECT_EQ(screen.comment, "solid");
 }
 
-// ---------------------------------------------------------------------------------------------------------------
-// Set-up
+// -- Set-up
 
 TEST_F(DeskTest, SetUpBuildsAPositionThatThenPlays) {
     screen.select_mode(Mode::setup);
@@ -415,8 +392,7 @@ TEST_F(DeskTest, SetUpBuildsAPositionThatThenPlays) {
     EXPECT_EQ(desk.position.piece_on(Square("e8")), Piece(0));
     drag("a7", "a1");  // the target goes, the pawn may not stand there, the source is emptied
     EXPECT_EQ(desk.position.fen(), "rnbq1bnr/1ppppppp/8/4k3/8/8/PPPP1PPP/1NBQKBNR w - - 0 1");
-    EXPECT_EQ(desk.game.tag("SetUp"), "1");
-    EXPECT_EQ(desk.game.tag("FEN"), desk.position.fen());
+    EXPECT_EQ(tags({"SetUp", "FEN"}), "1|" + desk.position.fen());
     screen.select_mode(Mode::human_human);
     referee.take();
     drag("d2", "d4");
@@ -425,8 +401,7 @@ TEST_F(DeskTest, SetUpBuildsAPositionThatThenPlays) {
     EXPECT_EQ(desk.position.fen(), "rnbq1bnr/1ppppppp/8/4k3/8/8/PPPP1PPP/1NBQKBNR w - - 0 1");
 }
 
-// ---------------------------------------------------------------------------------------------------------------
-// Navigation
+// -- Navigation
 
 TEST_F(DeskTest, SteppingKeepsTheRefereeInStep) {
     drag("e2", "e4");
@@ -472,8 +447,6 @@ TEST_F(DeskTest, AMoveThatCannotBePlayedIsReported) {
     navigation.forward();
     EXPECT_THAT(referee.take(), IsEmpty()) << "where no step is made, nobody is moved";
 }
-
-// ---------------------------------------------------------------------------------------------------------------
 
 TEST(Desk, DatesAndTimeControlsAsTags) {
     using namespace std::chrono;

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "channel/command_sink.h"
 #include "window/screen.h"
 
 namespace velmora {
@@ -73,16 +72,6 @@ private:
     static std::string name(Side side) { return side == Side::white ? " white" : " black"; }
 
     Mode m_mode = Mode::setup;
-};
-
-/// A referee that only listens.
-class RecordingSink : public CommandSink {
-public:
-    std::vector<std::string> lines;
-    void put_command(const std::string& line) override { lines.push_back(line); }
-
-    /// All lines since the last call.
-    std::vector<std::string> take() { return std::exchange(lines, {}); }
 };
 
 }  // namespace velmora

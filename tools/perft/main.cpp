@@ -2,7 +2,6 @@
 
 #include <charconv>
 #include <cstdint>
-#include <ctime>
 #include <exception>
 #include <fstream>
 #include <iostream>

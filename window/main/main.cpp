@@ -10,7 +10,6 @@
 #include <gtkmm/main.h>
 #include <gtkmm/window.h>
 
-#include "game/pgn_error.h"
 #include "window/command_line.h"
 #include "window/interface.h"
 

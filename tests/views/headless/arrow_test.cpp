@@ -1,5 +1,7 @@
 #include "views/arrow.h"
 
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 namespace velmora {
@@ -10,8 +12,7 @@ constexpr CellSize cell{70, 60};
 TEST(Arrow, CentresAndAngles) {
     struct Row {
         const char* name;
-        int from, to;
-        int x1, y1, x2, y2;
+        int from, to, x1, y1, x2, y2;
         double angle;
     };
     // The step from centre to centre is one pixel more than the cell.
@@ -27,10 +28,9 @@ TEST(Arrow, CentresAndAngles) {
          }) {
         const auto arrow = make_arrow(row.from, row.to, 2, cell);
         ASSERT_TRUE(arrow) << row.name;
-        EXPECT_EQ(arrow->x1, row.x1) << row.name;
-        EXPECT_EQ(arrow->y1, row.y1) << row.name;
-        EXPECT_EQ(arrow->x2, row.x2) << row.name;
-        EXPECT_EQ(arrow->y2, row.y2) << row.name;
+        EXPECT_EQ(std::tuple(arrow->x1, arrow->y1, arrow->x2, arrow->y2),
+                  std::tuple(row.x1, row.y1, row.x2, row.y2))
+            << row.name;
         EXPECT_NEAR(arrow->angle, row.angle, 1e-7) << row.name;
         EXPECT_EQ(arrow->color, 2);
     }

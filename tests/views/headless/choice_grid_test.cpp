@@ -11,22 +11,6 @@
 namespace velmora {
 namespace {
 
-TEST(ChoiceGrid, CellsHaveTheirCodes) {
-    const CellSize cell = piece_choice_grid.cell(210, 280);
-    EXPECT_EQ(cell, (CellSize{70, 70}));
-    const int expected[4][3] = {{1, 2, 3}, {4, 5, 6}, {8, 9, 10}, {11, 12, 13}};
-    for (int row = 0; row < 4; ++row) {
-        for (int column = 0; column < 3; ++column) {
-            const auto index = piece_choice_grid.index_at(column * 70 + 69, row * 70, cell);
-            ASSERT_TRUE(index);
-            EXPECT_EQ(piece_choice_grid.codes[std::size_t(*index)], expected[row][column]);
-        }
-    }
-    const CellSize large = promo_choice_grid.cell(141, 140);
-    EXPECT_EQ(promo_choice_grid.codes[std::size_t(*promo_choice_grid.index_at(80, 80, large))], 7);
-    EXPECT_EQ(promo_choice_grid.codes[std::size_t(*promo_choice_grid.index_at(80, 10, large))], 5);
-}
-
 TEST(ChoiceGrid, NothingLiesBesideTheGrid) {
     const CellSize cell = promo_choice_grid.cell(141, 140);
     for (const auto& [x, y] :

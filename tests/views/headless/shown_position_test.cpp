@@ -1,9 +1,10 @@
 #include "views/shown_position.h"
 
-#include <stdexcept>
 #include <string>
 
 #include <gtest/gtest.h>
+
+#include "tests/support/thrown_text.h"
 
 namespace velmora {
 namespace {
@@ -52,12 +53,7 @@ TEST(ShownPosition, FaultsHaveTheirTexts) {
              Row{"rnbxkbnr b", "ChessBoard::set_fen(rnbxkbnr b) \nunkown piece 0x78"},
              Row{"\xC3\xA9", "ChessBoard::set_fen(\xC3\xA9) \nunkown piece 0xc3"},
          }) {
-        try {
-            read_shown_position(row.fen);
-            ADD_FAILURE() << "read " << row.fen;
-        } catch (const std::logic_error& error) {
-            EXPECT_EQ(error.what(), row.text);
-        }
+        EXPECT_EQ(test::thrown_text([&] { read_shown_position(row.fen); }), row.text);
     }
 }
 

@@ -3,14 +3,12 @@
 #include <stdexcept>
 #include <string>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include "tests/support/thrown_text.h"
 
 namespace velmora {
 namespace {
-
-using testing::Optional;
-using testing::Pair;
 
 const std::string start_position =
     "RNBQKBNR"
@@ -73,17 +71,9 @@ TEST(SquareTable, UnknownLetterThrowsAndChangesNothing) {
     const auto before = table.squares();
     std::string wrong = start_position;
     wrong[63] = 'x';
-    const auto text_of = [](auto&& action) -> std::string {
-        try {
-            action();
-        } catch (const std::logic_error& error) {
-            return error.what();
-        }
-        return {};
-    };
     const std::string expected = "Drawing::set_parent_window(Gtk::Window*)  unknown piece";
-    EXPECT_EQ(text_of([&] { table.set_pieces(wrong); }), expected);
-    EXPECT_EQ(text_of([&] { table.set_piece('1', 3); }), expected);
+    EXPECT_EQ(test::thrown_text([&] { table.set_pieces(wrong); }), expected);
+    EXPECT_EQ(test::thrown_text([&] { table.set_piece('1', 3); }), expected);
     EXPECT_EQ(table.squares(), before);
     EXPECT_THROW(table.set_piece('P', 64), std::out_of_range);
     EXPECT_THROW(table.set_pieces("????"), std::logic_error);
@@ -95,19 +85,6 @@ SquareTable two_men() {
     table.set_piece('N', 6);
     table.set_piece('p', 21);
     return table;
-}
-
-TEST(SquareTable, DragMovesAManAndTakesWhatStoodThere) {
-    SquareTable table = two_men();
-    EXPECT_TRUE(table.begin_drag(6, {420, 490}));
-    EXPECT_EQ(table.code(6), table.background(6));
-    EXPECT_EQ(table.drag_piece(), 2);
-    EXPECT_EQ(table.drag_place(), (Place{420, 490}));
-    table.drag_to({1, 2});
-    EXPECT_EQ(table.drag_place(), (Place{1, 2}));
-    EXPECT_THAT(table.end_drag(21), Optional(Pair(6, 21)));
-    EXPECT_EQ(table.code(21), 2);
-    EXPECT_FALSE(table.dragging());
 }
 
 TEST(SquareTable, DragEndsWhereItMust) {
@@ -124,7 +101,8 @@ TEST(SquareTable, DragEndsWhereItMust) {
           Row{"from an empty square to another", 30, 31, Move{31, 31}, 2},
           Row{"from an empty square to a man", 30, 6, Move{6, 6}, 2},
           Row{"press beside the board", {}, 31, Move{31, 31}, 2},
-          Row{"release beside the board without a man", 30, {}, {}, 2}, Row{"away", 6, 23, Move{6, 23}, 7}}) {
+          Row{"release beside the board without a man", 30, {}, {}, 2}, Row{"away", 6, 23, Move{6, 23}, 7},
+          Row{"onto another man", 6, 21, Move{6, 21}, 7}}) {
         SquareTable table = two_men();
         table.begin_drag(row.press, {});
         EXPECT_EQ(table.end_drag(row.release), row.move) << row.name;
@@ -145,16 +123,6 @@ TEST(SquareTable, NewPositionDuringADragKeepsTheManInTheAirOrLetsHimGo) {
     table.set_pieces(letters);
     EXPECT_FALSE(table.dragging());
     EXPECT_EQ(table.code(6), 11);
-}
-
-TEST(SquareTable, TurningPutsEverythingOpposite) {
-    SquareTable table = two_men();
-    table.begin_drag(6, {});
-    table.turn();
-    EXPECT_EQ(table.code(57), 2);
-    EXPECT_EQ(table.code(42), 8);
-    EXPECT_EQ(table.code(6), table.background(6));
-    EXPECT_EQ(table.code(0), 7);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-from driver import Journey, has_state, key, main, wait_until, walk  # noqa: E402
+from driver import Journey, has_state, key, main, text_of, wait_until, walk  # noqa: E402
 
 PIECES = {"r": "rook", "n": "knight", "b": "bishop", "q": "queen", "k": "king", "p": "pawn"}
 
@@ -35,7 +35,7 @@ class Reader:
 
 
 class Accessibility(Journey):
-    def test_names_and_roles(self):
+    def test_names_roles_and_the_last_move(self):
         program = self.start()
         program.board()
         named = {(n.get_role_name(), n.get_name()) for n in walk(program.window) if n.get_name()}
@@ -44,10 +44,6 @@ class Accessibility(Journey):
         for role, name in [("push button", "e1, white king"), ("push button", "d8, black queen"),
                            ("push button", "e4, empty")]:
             self.assertIn((role, name), named)
-        program.close()
-
-    def test_the_last_move_and_the_squares_are_told(self):
-        program = self.start()
         program.debug_on()
         program.play("e2e4")
         wait_until(lambda: any("White: e4" in (n.get_name() + " " + n.get_description()) for n in
@@ -89,7 +85,7 @@ class Accessibility(Journey):
         self.wait_for_focus(program, "text")
         key("ctrl+a")
         type_keys(path)
-        wait_until(lambda: self.focused(program).get_text_iface().get_text(0, -1) == path, "the whole path")
+        wait_until(lambda: text_of(self.focused(program)) == path, "the whole path")
         key("Return")
         program.dialog("Protocol")
         self.wait_for_focus(program, "radio button")

@@ -2,7 +2,7 @@
 import os
 import unittest
 
-from driver import Journey, key, main, wait_until, walk
+from driver import Journey, key, main, text_of, wait_until, walk
 
 STOCKFISH = "/usr/games/stockfish"
 
@@ -13,16 +13,14 @@ class Analysis(Journey):
         program = self.start(engines_cfg=f"name Stockfish\nfilename {STOCKFISH}\nprotocol uci\n")
         program.debug_on()
         program.play("e2e4", "e7e5")
-        program.choose("Engine", "Load installed engine...")
-        dialog = program.dialog("Choose Engine")
-        program.press_button("LOAD", dialog)
+        program.load_installed()
         program.wait_for_log("-----> engine1name Stockfish")
         program.choose("View", "Show Engine Output")
         program.choose("Mode", "Analysis")
         program.wait_for_log("-----> white_info", 3, 60)
         output = program.wait_for("frame", "Engines: output")
-        wait_until(lambda: any("depth" in (node.get_text_iface().get_text(0, -1) or "")
-                               for node in self.texts(output)), "output in the pane")
+        wait_until(lambda: any("depth" in text_of(node) for node in walk(output) if node.get_role_name() == "text"),
+                   "output in the pane")
         key("Left")
         program.wait_for_log("-----> black_info", 3, 60)
         program.screenshot("analysis")
@@ -30,9 +28,6 @@ class Analysis(Journey):
         infos = sum("-----> white_info" in line for line in program.log())
         program.wait_for_log("-----> white_info", infos + 3, 60)
         program.close()
-
-    def texts(self, root):
-        return [node for node in walk(root) if node.get_role_name() == "text"]
 
     def test_the_engine_dies_while_it_analyses(self):
         program = self.start()

@@ -1,6 +1,5 @@
 """What a person does, or an engine, at the wrong moment: a message where something went wrong, and the game stays."""
 import os
-import subprocess
 import time
 
 from driver import Journey, main, wait_until
@@ -16,18 +15,12 @@ class BadMoments(Journey):
         program.show_fen()
         return program
 
-    def kill_engine(self, program):
-        children = subprocess.run(["pgrep", "-P", str(program.process.pid)], capture_output=True, text=True,
-                                  check=True).stdout.split()
-        os.kill(int(children[0]), 9)
-
     def test_programs_that_are_no_engines(self):
         program = self.start(engines_cfg="name Gone\nfilename /no/such/engine\nprotocol uci\n")
         program.debug_on()
         program.show_fen()
         program.play("e2e4")
-        program.choose("Engine", "Load installed engine...")
-        program.press_button("LOAD", program.dialog("Choose Engine"))
+        program.load_installed()
         program.answer_message("/no/such/engine")
         program.screenshot("failed-load")
         program.choose("Engine", "Load engine...")
@@ -37,7 +30,7 @@ class BadMoments(Journey):
         program.expect_fen(AFTER_E4)
         program.play("e7e5")
         program.choose("File", "New game")
-        wait_until(lambda: program.is_checked("Mode", "Human - human"), "a game between people")
+        program.wait_for_mode("Human - human")
         program.play("d2d4")
         self.assertEqual(program.close(), 0)
 
@@ -68,11 +61,12 @@ class BadMoments(Journey):
         program.press_button("OK", program.dialog("Protocol"))
         program.wait_for_title("Second")
         program.expect_fen(after)
-        program.choose("Mode", "Start thinking")
+        for _ in range(2):
+            program.choose("Mode", "Start thinking")
         program.wait_for_log("-----> move")
         program.choose("Mode", "Start thinking")
         self.assertEqual(program.close(), 0)
-        self.assertEqual(subprocess.run(["pgrep", "-f", program.home], capture_output=True, check=False).stdout, b"")
+        self.assertEqual(program.children_left(), [])
 
     def test_resigning_at_any_time(self):
         # In the middle of an analysis, and while the person is on move.
@@ -95,7 +89,7 @@ class BadMoments(Journey):
         program.choose("Mode", "Human - computer")
         program.play("e2e4")
         wait_until(lambda: "\ngo " in program.read("partner.sent"), "the engine's search")
-        self.kill_engine(program)
+        program.kill_engine()
         time.sleep(0.2)
         program.choose("Mode", "Start thinking")
         program.answer_message("crashed")
@@ -110,7 +104,7 @@ class BadMoments(Journey):
         program.play("e2e4")
         program.wait_for_log("-----> move e7e5")
         os.remove(program.path("partner.engine"))
-        self.kill_engine(program)
+        program.kill_engine()
         time.sleep(0.2)
         program.play("g1f3")
         program.answer_message("crashed")
@@ -120,13 +114,9 @@ class BadMoments(Journey):
         program.expect_fen("r1bqkbnr/pppp1ppp/2n5/4p3/4P3/5N2/PPPP1PPP/RNBQKB1R w KQkq - 2 3")
         self.assertEqual(program.close(), 0)
 
-
     def test_a_match_that_is_interrupted(self):
         program = self.start()
-        for name in ("Alpha", "Beta"):
-            program.scripted_engine(name, f"name {name}\nthink 20\nplay uci")
-        program.write("engines.cfg", "".join(f"name {n}\nfilename {program.path(n + '.engine')}\nprotocol uci\n\n"
-                                             for n in ("Alpha", "Beta")))
+        program.install_engines(Alpha="think 20\nplay uci", Beta="think 20\nplay uci")
         os.mkdir(program.path("tournaments"))
         games = "".join(f"game {n} {n} {2 - n % 2} - {1 + n % 2} *\n" for n in (1, 2, 3))
         file = program.write("tournaments/Long.trn", "event Long\nparticipant Alpha\nparticipant Beta\n" + games)
@@ -143,21 +133,20 @@ class BadMoments(Journey):
         start(1)
         program.drag("a2a3")  # only looks on
         program.choose("File", "New game")
-        wait_until(lambda: program.is_checked("Mode", "Human - computer"), "the game that was asked for")
+        program.wait_for_mode("Human - computer")
         program.play("e2e4")
         wait_until(lambda: len(program.moves_from_referee()) > 5 and program.square("e4").get_name() == "e4, white pawn",
                    "the engine's answer")
         start(2)
-        program.choose("Engine", "Load installed engine...")
-        program.press_button("LOAD", program.dialog("Choose Engine"))
+        program.load_installed()
         program.wait_for_log("-----> tournament_finished")
-        wait_until(lambda: program.is_checked("Mode", "Human - human"), "the fall back to two people")
+        program.wait_for_mode("Human - human")
         program.choose("Mode", "Human - computer")
         start(3)
         self.assertEqual(program.close(), 0)
         with open(file, encoding="utf-8") as text:
             self.assertEqual(text.read().count("*"), 3, "no game of the match has got a result")
-        self.assertEqual(subprocess.run(["pgrep", "-f", program.home], capture_output=True, check=False).stdout, b"")
+        self.assertEqual(program.children_left(), [])
 
 
 main()

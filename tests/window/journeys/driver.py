@@ -31,8 +31,8 @@ def wait_until(condition, what, seconds=None):
     while True:
         try:
             value = condition()
-        except (GLib.Error, AttributeError):  # the tree changed while it was walked, or a node isn't there yet
-            value = None
+        except (GLib.Error, AttributeError, ValueError, StopIteration):
+            value = None  # the tree changed while it was walked, or a node isn't there yet
         if value:
             return value
         if time.monotonic() > end:
@@ -58,6 +58,19 @@ def has_state(node, state):
 
 def place(node):
     return node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+
+
+def text_of(node):
+    return node.get_text_iface().get_text(0, -1)
+
+
+def set_text(node, text):
+    node.get_editable_text_iface().set_text_contents(text)
+
+
+def click_on_character(node, offset):
+    box = node.get_text_iface().get_character_extents(offset, 0)
+    click_at(box.x + 2, box.y + box.height // 2)
 
 
 def press(node):
@@ -265,20 +278,23 @@ class Velmora:
 
     def fen(self):
         """The position that the FEN entry shows."""
-        return self._fen_entry().get_text_iface().get_text(0, -1)
+        return text_of(self._fen_entry())
 
     def expect_fen(self, fen):
         wait_until(lambda: self.fen() == fen, f"{fen}, not {self.fen()}")
 
     def enter_fen(self, fen):
-        self._fen_entry().get_editable_text_iface().set_text_contents(fen)
+        set_text(self._fen_entry(), fen)
         press(self.wait_for("push button", "OK", self.window))
         self.wait_for_log("0 setboard " + fen)
 
+    def show_text(self, item, title):
+        """Opens a window by the menu View; gives its text's widget."""
+        self.choose("View", item)
+        return self.wait_for("text", root=self.wait_for("frame", title))
+
     def show_pgn(self):
-        """Opens the PGN window; gives its text's widget."""
-        self.choose("View", "Show PGN")
-        return self.wait_for("text", root=self.wait_for("frame", "PGN"))
+        return self.show_text("Show PGN", "PGN")
 
     def choose_man(self, column, row, columns=2, rows=2):
         """Clicks a man in the promotion chooser, or with other sizes in that of the set-up mode."""
@@ -336,7 +352,7 @@ class Velmora:
         if entry is None:
             key("slash")
             entry = wait_until(lambda: self.find("text", root=chooser), "the entry of the file chooser")
-        entry.get_editable_text_iface().set_text_contents(path)
+        set_text(entry, path)
 
         def gone():
             again = self.find("file chooser")
@@ -350,7 +366,7 @@ class Velmora:
 
         wait_until(gone, "the end of the file chooser")
 
-    # -- the end -----------------------------------------------------------------------------------------------
+    # -- engines and the end -----------------------------------------------------------------------------------
 
     def screenshot(self, name):
         directory = os.environ.get("VELMORA_SHOTS")
@@ -358,14 +374,35 @@ class Velmora:
             os.makedirs(directory, exist_ok=True)
             subprocess.run(["import", "-window", "root", os.path.join(directory, name + ".png")], check=False)
 
-    # -- engines -----------------------------------------------------------------------------------------------
-
     def scripted_engine(self, name, script):
         """A scripted engine in the run's directory; gives its path."""
         self.write(name + ".script", script)
         path = self.path(name + ".engine")
         os.symlink(os.path.join(BINARY, "tests", "support", "scripted_engine"), path)
         return path
+
+    def install_engines(self, **scripts):
+        """Scripted engines in the list of installed ones; they speak what their scripts play."""
+        entries = []
+        for name, script in scripts.items():
+            path = self.scripted_engine(name, f"name {name}\n{script}")
+            protocol = "xboard_v2" if script.endswith("xboard") else "uci"
+            entries.append(f"name {name}\nfilename {path}\nprotocol {protocol}\n\n")
+        self.write("engines.cfg", "".join(entries))
+
+    def kill_engine(self):
+        children = subprocess.run(["pgrep", "-P", str(self.process.pid)], capture_output=True, text=True,
+                                  check=True).stdout.split()
+        os.kill(int(children[0]), 9)
+
+    def children_left(self):
+        """The processes of this run's engines, for a look after its end."""
+        return subprocess.run(["pgrep", "-f", self.home], capture_output=True, text=True, check=False).stdout.split()
+
+    def load_installed(self):
+        """Loads the engine that is selected first in the list of installed ones."""
+        self.choose("Engine", "Load installed engine...")
+        self.press_button("LOAD", self.dialog("Choose Engine"))
 
     def load_engine(self, path, protocol="autodetect", name=None):
         """Loads an engine through the menu, the file chooser and the protocol dialog."""
@@ -378,6 +415,12 @@ class Velmora:
 
     def archive(self):
         return self.read("Velmora battles.pgn")
+
+    def wait_until_closed(self, what):
+        wait_until(lambda: self.find(what) is None, "the end of the " + what)
+
+    def wait_for_mode(self, item):
+        wait_until(lambda: self.is_checked("Mode", item), "the mode " + item)
 
     def close(self):
         """Closes by the window's frame, and gives the exit code."""

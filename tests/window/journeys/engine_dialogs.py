@@ -1,7 +1,7 @@
 """Engines by the dialogs: load, install, uninstall, options of every kind; cancel and wrong files everywhere."""
 import os
 
-from driver import Atspi, Journey, click_on, has_state, is_showing, key, main, place, press, wait_until, walk
+from driver import Atspi, Journey, click_on, has_state, is_showing, key, main, place, press, set_text, text_of, wait_until, walk
 
 SCRIPT = """name Many Options
 option name Ponder type check default true
@@ -19,12 +19,14 @@ class EngineDialogs(Journey):
         self.program = self.start()
         self.program.debug_on()
 
-    def wait_until_closed(self, what):
-        wait_until(lambda: self.program.find(what) is None, "the end of the " + what)
-
     def sent(self):
         """What the engine has been sent."""
         return self.program.read("partner.sent").splitlines()
+
+    def entries(self, dialog):
+        """The entries of a dialog, from top to bottom."""
+        shown = [node for node in walk(dialog) if node.get_role_name() == "text" and is_showing(node)]
+        return sorted(shown, key=lambda entry: place(entry).y)
 
     def commands(self):
         """What has gone to the referee."""
@@ -40,9 +42,8 @@ class EngineDialogs(Journey):
         program.wait_for("spin button", root=dialog).get_value_iface().set_current_value(128)
         click_on(program.wait_for("combo box", root=dialog))
         key("Down", "Return")
-        entries = [node for node in walk(dialog) if node.get_role_name() == "text" and is_showing(node)]
-        for entry, text in zip(sorted(entries, key=lambda entry: place(entry).y), ["/tmp/a book.bin", "7"]):
-            entry.get_editable_text_iface().set_text_contents(text)
+        for entry, text in zip(self.entries(dialog), ["/tmp/a book.bin", "7"]):
+            set_text(entry, text)
         program.screenshot("options")
         program.press_button("OK", dialog)
         expected = {"setoption name Ponder value false", "setoption name Hash value 128",
@@ -56,7 +57,7 @@ class EngineDialogs(Journey):
         self.assertFalse(has_state(program.wait_for("check box", "Ponder", program.dialog("Set Options")),
                                    Atspi.StateType.CHECKED))
         key("Escape")
-        self.wait_until_closed("dialog")
+        program.wait_until_closed("dialog")
         program.play("e2e4")
         self.assertEqual([line for line in self.sent()[lines:] if line.startswith("setoption")], [])
         program.close()
@@ -67,12 +68,11 @@ class EngineDialogs(Journey):
         for name in ["Beta", "Alpha"]:
             program.choose("Engine", "Install engine...")
             dialog = program.dialog("Install engine")
-            entries = [node for node in walk(dialog) if node.get_role_name() == "text" and is_showing(node)]
-            entry = min(entries, key=lambda entry: place(entry).y)
-            self.assertEqual(entry.get_text_iface().get_text(0, -1), "Many Options")
-            entry.get_editable_text_iface().set_text_contents(name)
+            entry = self.entries(dialog)[0]
+            self.assertEqual(text_of(entry), "Many Options")
+            set_text(entry, name)
             key("Return")
-            self.wait_until_closed("dialog")
+            program.wait_until_closed("dialog")
         self.assertIn("name Alpha", program.read("engines.cfg"))
         program.choose("Engine", "Load installed engine...")
         row = program.wait_for("table cell", "Beta", program.dialog("Choose Engine"))
@@ -93,22 +93,24 @@ class EngineDialogs(Journey):
         program.choose("Options", "Engine...")
         program.answer_message("No engine found")
         before = len(self.commands())
-        program.choose("Engine", "Load engine...")
-        program.wait_for("file chooser")
-        key("Escape")
-        self.wait_until_closed("file chooser")
+        for menu, item in [("Engine", "Load engine..."), ("File", "Load game"), ("File", "Save game"),
+                           ("File", "Load position"), ("File", "Save position"), ("File", "Polyglot book")]:
+            program.choose(menu, item)
+            program.wait_for("file chooser")
+            key("Escape")
+            program.wait_until_closed("file chooser")
         program.choose("Engine", "Load engine...")
         program.choose_file(program.scripted_engine("partner", SCRIPT))
         program.dialog("Protocol")
         key("Escape")
-        self.wait_until_closed("dialog")
+        program.wait_until_closed("dialog")
         for menu, item, title in [("Engine", "Load installed engine...", "Choose Engine"),
                                   ("Options", "Time Control...", None), ("Tournament", "New / Edit", None),
                                   ("Tournament", "Load", None), ("Info", "About...", None)]:
             program.choose(menu, item)
             program.wait_for("dialog", title)
             key("Escape")
-            self.wait_until_closed("dialog")
+            program.wait_until_closed("dialog")
         self.assertEqual(len(self.commands()), before)
         program.load_engine(program.path("partner.engine"), "uci", "Many Options")
         before = len(self.commands())
@@ -116,7 +118,7 @@ class EngineDialogs(Journey):
             program.choose(menu, item)
             program.wait_for("dialog")
             key("Escape")
-            self.wait_until_closed("dialog")
+            program.wait_until_closed("dialog")
         self.assertEqual(len(self.commands()), before)
         self.assertEqual(program.read("engines.cfg"), "")
         program.close()

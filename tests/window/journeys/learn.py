@@ -77,16 +77,5 @@ class Learn(Journey):
         wait_until(lambda: self.arrows() == ["50 34 g"], "no hints when White is to move")
         program.close()
 
-    def test_a_book_that_has_gone(self):
-        program = self.program
-        program.play("e2e4")
-        os.remove(self.book)
-        self.learn("white")
-        program.answer_message("No Polyglot book found")
-        wait_until(lambda: program.is_checked("Mode", "Human - human"), "the fall back to two people")
-        program.expect_fen(AFTER_E4)
-        program.play("e7e5")
-        program.close()
-
 
 main()

@@ -14,7 +14,7 @@
 #include <gtkmm/filechooserdialog.h>
 
 #include "chess/move.h"
-#include "tests/manager/workplace.h"
+#include "tests/support/workplace.h"
 #include "tests/support/gui_driver.h"
 #include "tests/window/soak/position_check.h"
 #include "views/board.h"

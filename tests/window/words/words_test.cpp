@@ -5,7 +5,6 @@
 #include <filesystem>
 
 #include <glibmm/miscutils.h>
-#include <gtkmm/aboutdialog.h>
 #include <gtkmm/comboboxtext.h>
 #include <gtkmm/entry.h>
 #include <gtkmm/filechooserdialog.h>
@@ -16,14 +15,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/manager/workplace.h"
 #include "tests/support/gui_driver.h"
+#include "tests/support/workplace.h"
 #include "window/interface.h"
 
 namespace velmora {
 namespace {
 
-using testing::ElementsAreArray;
 using Texts = std::vector<std::string>;
 
 /// The children of a container in the order in which they are read.
@@ -42,8 +40,8 @@ std::vector<Gtk::Widget*> children(Gtk::Container& container) {
     return found;
 }
 
-/// What stands in a window: labels (those of buttons, tabs and columns, too), entries in angle brackets, the
-/// choices of a combo box.
+/// What stands in a window: labels (those of buttons, tabs and columns, too), entries in angle brackets,
+/// the choices of a combo box.
 void add_texts(Gtk::Widget& widget, Texts& found) {
     if (!widget.get_visible()) return;
     if (const auto* const label = dynamic_cast<Gtk::Label*>(&widget)) {
@@ -65,6 +63,12 @@ Texts texts(Gtk::Widget& root) {
     Texts found;
     add_texts(root, found);
     return found;
+}
+
+std::string joined(const Texts& texts) {
+    std::string all;
+    for (const auto& text : texts) all += (all.empty() ? "" : "|") + text;
+    return all;
 }
 
 /// The window with its referee in a directory of its own, and a person who opens and leaves dialogs.
@@ -103,11 +107,10 @@ protected:
     }
 
     /// The title and the texts of what a menu entry opens; it is left unanswered.
-    Texts opened_by(const std::string& menu, const std::string& label) {
-        Texts found;
+    std::string opened_by(const std::string& menu, const std::string& label) {
+        std::string found;
         gui::Answer<Gtk::Dialog> answer([&](Gtk::Dialog& dialog) {
-            found = texts(dialog);
-            found.insert(found.begin(), dialog.get_title());
+            found = dialog.get_title() + "|" + joined(texts(dialog));
             dialog.response(Gtk::RESPONSE_DELETE_EVENT);
             return true;
         });
@@ -201,23 +204,20 @@ TEST_F(WordsTest, TheWindows) {
     EXPECT_EQ(m_window->get_title(), "Velmora (no engine loaded)");
     activate("View", "Show FEN");
     EXPECT_THAT(texts(*m_window), testing::IsSupersetOf({"White: ", "Black: ", "FEN ", "OK"}));
-    struct Row {
-        const char* label;
-        const char* title;
-        Texts texts;
-    };
-    const Row rows[] = {{"Show Engine Output", "Engines: output", {"Black", "White"}},
-                        {"Show PGN", "PGN", {}},
-                        {"Show Comment Editor", "Comment", {}},
-                        {"Show EPD Code", "EPD", {}}};
-    for (const Row& row : rows) {
+    const struct {
+        const char *label, *title, *texts;
+    } rows[] = {{"Show Engine Output", "Engines: output", "Black|White"},
+                {"Show PGN", "PGN", ""},
+                {"Show Comment Editor", "Comment", ""},
+                {"Show EPD Code", "EPD", ""}};
+    for (const auto& row : rows) {
         activate("View", row.label);
         Gtk::Window* shown = nullptr;
         for (Gtk::Window* const window : Gtk::Window::list_toplevels()) {
             if (window->get_title() == row.title && window->get_visible()) shown = window;
         }
         ASSERT_NE(shown, nullptr) << row.title;
-        EXPECT_THAT(texts(*shown), ElementsAreArray(row.texts));
+        EXPECT_EQ(joined(texts(*shown)), row.texts);
     }
     load_engine();
     // All of them go with the main window, also the one that the keyboard is in.
@@ -235,9 +235,7 @@ TEST_F(WordsTest, TheFileChoosers) {
     constexpr auto fen = "('FEN files', [(0, '*.fen'), (0, '*.epd')])";
     constexpr auto pgn = "('PGN files', [(0, '*.pgn')])";
     const struct {
-        const char* menu;
-        const char* label;
-        const char* first_filter;
+        const char *menu, *label, *first_filter;
         bool saves;
     } rows[] = {{"_File", "Load game", pgn, false},
                 {"_File", "Save game", pgn, true},
@@ -268,89 +266,34 @@ TEST_F(WordsTest, TheFileChoosers) {
     }
 }
 
-Texts joined(Texts texts, const Texts& middle, const Texts& end) {
-    texts.insert(texts.end(), middle.begin(), middle.end());
-    texts.insert(texts.end(), end.begin(), end.end());
-    return texts;
-}
-
 TEST_F(WordsTest, TheDialogs) {
     load_engine();
     // Stands in two dialogs.
-    const Texts time_control = {"fixed depth",
-                                "<>",
-                                "fixed nodes",
-                                "<>",
-                                "fixed movetime (ms)",
-                                "<>",
-                                "sudden death",
-                                " Base (mm:ss): ",
-                                "<0:10>",
-                                " Inc (sec): ",
-                                "<0.1>",
-                                "sessions",
-                                " Moves: ",
-                                "<40>",
-                                " Base (mm:ss): ",
-                                "<0:10>",
-                                " Inc (sec): ",
-                                "<0.1>"};
+    const std::string time_control =
+        "fixed depth|<>|fixed nodes|<>|fixed movetime (ms)|<>|sudden death| Base (mm:ss): |<0:10>| Inc "
+        "(sec): |<0.1>|"
+        "sessions| Moves: |<40>| Base (mm:ss): |<0:10>| Inc (sec): |<0.1>|";
     const struct {
-        const char* menu;
-        const char* label;
-        Texts shown;
+        const char *menu, *label;
+        std::string shown;
     } rows[] = {
-        {"Mode",
-         "Learn Opening",
-         {"Learn Openings Hints", "hint white moves", "hint black moves", "CANCEL", "OK"}},
-        {"Options", "Time Control...", joined({"Time control"}, time_control, {"CANCEL", "OK"})},
-        {"Options", "Engine...", {"Set Options", "Own Book", "Hash", "<16>", "Log", "<none>", "OK"}},
-        {"Engine",
-         "Install engine...",
-         {"Install engine", "name", "<Alpha>", "Elo: ", "<>", "handicap (%): ", "<>", "Hash:  16",
-          "Log:  none", "Own Book:  yes", "CANCEL", "OK"}},
-        {"Engine",
-         "Load installed engine...",
-         {"Choose Engine", "ID", "Engine", "UNINSTALL", "CANCEL", "LOAD"}},
+        {"Mode", "Learn Opening", "Learn Openings Hints|hint white moves|hint black moves|CANCEL|OK"},
+        {"Options", "Time Control...", "Time control|" + time_control + "CANCEL|OK"},
+        {"Options", "Engine...", "Set Options|Own Book|Hash|<16>|Log|<none>|OK"},
+        {"Engine", "Install engine...",
+         "Install engine|name|<Alpha>|Elo: |<>|handicap (%): |<>|Hash:  16|Log:  none|Own Book:  "
+         "yes|CANCEL|OK"},
+        {"Engine", "Load installed engine...", "Choose Engine|ID|Engine|UNINSTALL|CANCEL|LOAD"},
         {"Tournament", "New / Edit",
-         joined({"Tournament",
-                 "Event: ",
-                 "<Velmora Battles>",
-                 "Site:  ",
-                 "<?>",
-                 "Rounds: ",
-                 "<0>",
-                 "Type: ",
-                 "match",
-                 "gauntlet",
-                 "roundrobin",
-                 "Opening book: ",
-                 "(None)",
-                 "No book",
-                 "openings in random order",
-                 "both colors",
-                 "ignore loss on time",
-                 "Event",
-                 "Installed engines",
-                 "Engine",
-                 "Participants",
-                 "Engine",
-                 "A click on an engine moves it to the other list.",
-                 "Participants"},
-                time_control, {"TimeControl", "CANCEL", "OK"})},
-        {"Tournament", "Load", {"Load Tournament", "ID", "Tournament", "DELETE", "CANCEL", "LOAD"}},
+         "Tournament|Event: |<Velmora Battles>|Site:  |<?>|Rounds: |<0>|Type: |match|gauntlet|roundrobin|"
+         "Opening book: |(None)|No book|openings in random order|both colors|ignore loss on time|Event|"
+         "Installed engines|Engine|Participants|Engine|A click on an engine moves it to the other list.|"
+         "Participants|" +
+             time_control + "TimeControl|CANCEL|OK"},
+        {"Tournament", "Load", "Load Tournament|ID|Tournament|DELETE|CANCEL|LOAD"},
     };
-    for (const auto& row : rows)
-        EXPECT_THAT(opened_by(row.menu, row.label), ElementsAreArray(row.shown)) << row.label;
-
-    gui::Answer<Gtk::AboutDialog> about([](Gtk::AboutDialog& dialog) {
-        EXPECT_EQ(dialog.get_program_name(), "Velmora GUI");
-        EXPECT_EQ(dialog.get_version(), "1.14");
-        dialog.response(Gtk::RESPONSE_DELETE_EVENT);
-        return true;
-    });
-    activate("Info", "About...");
-    EXPECT_TRUE(about.given());
+    for (const auto& row : rows) EXPECT_EQ(opened_by(row.menu, row.label), row.shown) << row.label;
+    EXPECT_THAT(opened_by("Info", "About..."), testing::HasSubstr("Velmora GUI|"));
 }
 
 TEST_F(WordsTest, TheMessages) {

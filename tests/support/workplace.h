@@ -39,10 +39,11 @@ public:
     Workplace(const Workplace&) = delete;
     Workplace& operator=(const Workplace&) = delete;
 
-    /// Makes a scripted engine, and gives the path of its program.
-    std::string add_engine(const std::string& name, const std::string& script) const {
+    /// Makes a scripted engine (tests/support/scripted_engine.h), and gives the path of its program.
+    std::string add_engine(const std::string& name, const std::string& script,
+                           const std::string& suffix = ".engine") const {
         write(name + ".script", script);
-        const std::string program = path(name + ".engine");
+        const std::string program = path(name + suffix);
         if (!std::filesystem::exists(program)) std::filesystem::create_symlink(SCRIPTED_ENGINE, program);
         return program;
     }

@@ -1,19 +1,19 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 #include <sys/mman.h>
 #include <unistd.h>
 
-namespace velmora::fuzzing {
+namespace velmora::test {
 
 /// A file of the given bytes that has a path and never reaches a disk.
 class MemoryFile {
 public:
-    MemoryFile(const std::uint8_t* data, std::size_t size) : m_descriptor(::memfd_create("fuzz", 0)) {
-        if (m_descriptor < 0 || ::write(m_descriptor, data, size) != static_cast<ssize_t>(size)) std::abort();
+    explicit MemoryFile(std::string_view bytes) : m_descriptor(::memfd_create("test", 0)) {
+        const auto size = static_cast<ssize_t>(bytes.size());
+        if (m_descriptor < 0 || ::write(m_descriptor, bytes.data(), bytes.size()) != size) std::abort();
     }
     ~MemoryFile() { ::close(m_descriptor); }
     MemoryFile(const MemoryFile&) = delete;
@@ -25,4 +25,4 @@ private:
     int m_descriptor;
 };
 
-}  // namespace velmora::fuzzing
+}  // namespace velmora::test
