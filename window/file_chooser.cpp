@@ -4,7 +4,6 @@
 #include <vector>
 
 #include <glibmm/miscutils.h>
-#include <gtkmm/filechooserdialog.h>
 #include <gtkmm/filefilter.h>
 
 namespace velmora {
@@ -45,7 +44,8 @@ Glib::RefPtr<Gtk::FileFilter> filter(const char* name, const std::vector<const c
 std::string FileChooser::choose(FileKind kind) {
     const KindRow& kind_row = row(kind);
     const bool saves = kind_row.action == Gtk::FILE_CHOOSER_ACTION_SAVE;
-    Gtk::FileChooserDialog dialog(m_parent, "Choose File", kind_row.action);
+    m_dialog = std::make_unique<Gtk::FileChooserDialog>(m_parent, "Choose File", kind_row.action);
+    Gtk::FileChooserDialog& dialog = *m_dialog;
     dialog.add_button("_Cancel", Gtk::RESPONSE_CANCEL);
     dialog.add_button(saves ? "_Save" : "_Open", Gtk::RESPONSE_ACCEPT);
     dialog.set_default_response(Gtk::RESPONSE_ACCEPT);
@@ -65,10 +65,13 @@ std::string FileChooser::choose(FileKind kind) {
     dialog.add_filter(filter("Any files", {"*"}, nullptr));
     std::string& folder = kind == FileKind::engine ? m_engine_folder : m_folder;
     dialog.set_current_folder(folder.empty() ? Glib::get_current_dir() : folder);
-    if (dialog.run() != Gtk::RESPONSE_ACCEPT) return {};
-    // Not the dialog's folder: it has none while it lists the files used last.
-    std::string path = dialog.get_filename();
-    folder = Glib::path_get_dirname(path);
+    std::string path;
+    if (dialog.run() == Gtk::RESPONSE_ACCEPT) {
+        // Not the dialog's folder: it has none while it lists the files used last.
+        path = dialog.get_filename();
+        if (!path.empty()) folder = Glib::path_get_dirname(path);
+    }
+    dialog.hide();
     return path;
 }
 

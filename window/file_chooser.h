@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 
+#include <gtkmm/filechooserdialog.h>
 #include <gtkmm/window.h>
 
 namespace velmora {
@@ -31,6 +33,10 @@ private:
     Gtk::Window& m_parent;
     std::string m_folder;  // used last, for files of the person's own
     std::string m_engine_folder = "/usr/games";
+    /// The dialog answered last, hidden. One that goes while it looks at a folder is told of the files when
+    /// its list has gone already, and the toolkit complains; hidden, it drops what it was about in its own
+    /// time.
+    std::unique_ptr<Gtk::FileChooserDialog> m_dialog;
 };
 
 }  // namespace velmora

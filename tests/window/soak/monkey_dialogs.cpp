@@ -54,10 +54,10 @@ void Monkey::choose_file(Gtk::FileChooserDialog& chooser) {
         m_leaves_chooser = one_in(5);
         note("choose " + name);
     }
-    // The chooser reads the folder in its own time; it does not stand an answer in the middle of that.
-    constexpr int first_answer = 80, last_answer = 300;
+    // The chooser takes the name in its own time.
+    constexpr int last_answer = 300;
     const bool leaves = m_leaves_chooser || m_waited > last_answer;
-    if (++m_waited > first_answer && (leaves || chooser.get_filename() == m_wanted_file)) {
+    if (++m_waited > 1 && (leaves || chooser.get_filename() == m_wanted_file)) {
         m_wanted_file.clear();
         return chooser.response(!leaves     ? Gtk::RESPONSE_ACCEPT
                                 : one_in(2) ? Gtk::RESPONSE_CANCEL
