@@ -102,14 +102,7 @@ void Monkey::step() {
         --m_left;
         note("key in an open menu");
         // Escape often enough to come out of it.
-        auto& menu = *grab;
-        const unsigned key = one_in(2) ? GDK_KEY_Escape : any_key();
-        if (dynamic_cast<Gtk::Window*>(menu.get_toplevel()) && menu.get_toplevel()->get_window()) {
-            gui::press_key(menu, key);
-        } else {
-            gtk_grab_remove(gtk_grab_get_current());
-        }
-        return;
+        return press_in_menu(*grab, one_in(2) ? GDK_KEY_Escape : any_key());
     }
     if (m_check.is_waiting()) return look_for_the_position();
     if (m_compares) return begin_comparison();
@@ -145,8 +138,20 @@ void Monkey::act_on_window() {
     }
 }
 
+void Monkey::press_in_menu(Gtk::Widget& menu, unsigned key) {
+    if (dynamic_cast<Gtk::Window*>(menu.get_toplevel()) && menu.get_toplevel()->get_window()) {
+        gui::press_key(menu, key);
+    } else {
+        gtk_grab_remove(gtk_grab_get_current());
+    }
+}
+
 void Monkey::close_all() {
-    if (auto* const dialog = dynamic_cast<Gtk::Dialog*>(grabbing_widget())) {
+    if (Gtk::Widget* const grab = grabbing_widget()) {
+        // The toolkit drops the end of a window that a dialog or a menu stands above.
+        m_closing = false;
+        auto* const dialog = dynamic_cast<Gtk::Dialog*>(grab);
+        if (!dialog) return press_in_menu(*grab, GDK_KEY_Escape);
         dialog->response(Gtk::RESPONSE_DELETE_EVENT);
     } else if (!m_closing) {
         note("close the window");
@@ -308,7 +313,7 @@ bool Monkey::is_ready_to_compare() {
     const GameDesk& desk = m_window.desk();
     const Mode mode = m_window.actions().mode();
     const bool speaks_uci = desk.engine1_name == "Alpha" || desk.engine1_name == "Gamma";
-    // A match that is over before it has begun leaves the seat empty and the name standing.
+    // An engine that was killed leaves its name standing.
     if (!speaks_uci || (!m_check.is_under_way() && !is_seated())) {
         if (!std::exchange(m_wants_alpha, true)) {
             m_place.write("engines.cfg", m_engines);  // it may have been uninstalled

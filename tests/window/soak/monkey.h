@@ -61,6 +61,7 @@ private:
     void act_on(Gtk::Window& dialog);
     void choose_file(Gtk::FileChooserDialog& chooser);
     void use(Gtk::Widget& widget);
+    void press_in_menu(Gtk::Widget& menu, unsigned key);
     void close_all();
 
     void drag_legal_move();
