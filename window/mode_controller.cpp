@@ -84,7 +84,14 @@ void ModeController::learn_openings(bool on) {
 }
 
 void ModeController::tournament(bool on) {
-    if (!on) return;
+    if (!on) {
+        // A match begins by sending the engines away, and may end before others have come.
+        if (!m_engine_loaded()) {
+            m_desk.engine1_name = no_engine_title;
+            m_screen.set_title(no_engine_title);
+        }
+        return;
+    }
     m_screen.set_sensitive("StartThinking", false);
     // The board of a match only looks on; its clocks follow the moves.
     m_desk.set_engine_plays(true, true);

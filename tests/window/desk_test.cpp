@@ -245,6 +245,13 @@ TEST_F(DeskTest, WhatEachModeSends) {
     EXPECT_TRUE(desk.clocks_held);
     modes.start_thinking();
     EXPECT_THAT(referee.take(), IsEmpty());
+    EXPECT_EQ(desk.engine1_name, "Alpha");
+    // A match without a game to play leaves nobody in the seat.
+    select(Mode::tournament);
+    engine_loaded = false;
+    lines({"tournament_finished"});
+    EXPECT_EQ(desk.engine1_name, no_engine_title);
+    EXPECT_THAT(screen.calls, Contains(std::string("title ") + no_engine_title));
 }
 
 TEST_F(DeskTest, NewGameGoesAgainstTheEngineOnlyWhenThereIsOne) {

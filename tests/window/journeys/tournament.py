@@ -80,6 +80,7 @@ class TournamentJourney(Journey):
         program.wait_for_log("0 load_tournament", 2)
         program.choose("Mode", "Tournament")
         program.answer_message("tournament finished")
+        program.wait_for_title("Velmora (no engine loaded)")
         program.choose("Tournament", "Load")
         program.press_button("DELETE", program.dialog("Load Tournament"))
         wait_until(lambda: not os.path.exists(program.path("tournaments/A short one.trn")), "the file to go")
