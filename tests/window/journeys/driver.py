@@ -419,6 +419,13 @@ class Velmora:
     def wait_until_closed(self, what):
         wait_until(lambda: self.find(what) is None, "the end of the " + what)
 
+    def leave(self, role, name=None):
+        """Leaves a dialog by Escape, as soon as it has the keyboard."""
+        dialog = self.wait_for(role, name)
+        wait_until(lambda: has_state(dialog, Atspi.StateType.ACTIVE), f"the keyboard in the {role}")
+        key("Escape")
+        self.wait_until_closed(role)
+
     def wait_for_mode(self, item):
         wait_until(lambda: self.is_checked("Mode", item), "the mode " + item)
 

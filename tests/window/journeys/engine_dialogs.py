@@ -56,8 +56,7 @@ class EngineDialogs(Journey):
         program.choose("Options", "Engine...")
         self.assertFalse(has_state(program.wait_for("check box", "Ponder", program.dialog("Set Options")),
                                    Atspi.StateType.CHECKED))
-        key("Escape")
-        program.wait_until_closed("dialog")
+        program.leave("dialog", "Set Options")
         program.play("e2e4")
         self.assertEqual([line for line in self.sent()[lines:] if line.startswith("setoption")], [])
         program.close()
@@ -96,29 +95,21 @@ class EngineDialogs(Journey):
         for menu, item in [("Engine", "Load engine..."), ("File", "Load game"), ("File", "Save game"),
                            ("File", "Load position"), ("File", "Save position"), ("File", "Polyglot book")]:
             program.choose(menu, item)
-            program.wait_for("file chooser")
-            key("Escape")
-            program.wait_until_closed("file chooser")
+            program.leave("file chooser")
         program.choose("Engine", "Load engine...")
         program.choose_file(program.scripted_engine("partner", SCRIPT))
-        program.dialog("Protocol")
-        key("Escape")
-        program.wait_until_closed("dialog")
+        program.leave("dialog", "Protocol")
         for menu, item, title in [("Engine", "Load installed engine...", "Choose Engine"),
                                   ("Options", "Time Control...", None), ("Tournament", "New / Edit", None),
                                   ("Tournament", "Load", None), ("Info", "About...", None)]:
             program.choose(menu, item)
-            program.wait_for("dialog", title)
-            key("Escape")
-            program.wait_until_closed("dialog")
+            program.leave("dialog", title)
         self.assertEqual(len(self.commands()), before)
         program.load_engine(program.path("partner.engine"), "uci", "Many Options")
         before = len(self.commands())
         for menu, item in [("Engine", "Install engine..."), ("Options", "Engine...")]:
             program.choose(menu, item)
-            program.wait_for("dialog")
-            key("Escape")
-            program.wait_until_closed("dialog")
+            program.leave("dialog")
         self.assertEqual(len(self.commands()), before)
         self.assertEqual(program.read("engines.cfg"), "")
         program.close()

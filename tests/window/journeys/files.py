@@ -53,9 +53,7 @@ class Files(Journey):
     def test_load_the_second_game_step_and_save(self):
         program = self.program
         self.load("Load game", program.write("games.pgn", GAMES))
-        program.dialog("Choose Game")
-        key("Escape")
-        program.wait_until_closed("dialog")
+        program.leave("dialog", "Choose Game")
         self.assertEqual([line for line in program.log() if "setboard" in line], [])
         self.load("Load game", program.path("games.pgn"))
         dialog = program.dialog("Choose Game")
@@ -106,8 +104,7 @@ class Files(Journey):
             if answer == "Replace":
                 program.answer_message("Invalid argument")
         program.wait_until_closed("alert")
-        key("Escape")
-        program.wait_until_closed("file chooser")
+        program.leave("file chooser")
         self.assertEqual(program.read("old.fen"), "old")
         program.close()
 
