@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # What a change must pass besides the tests: layout, static analysis, the tests again under the sanitizers, a window
 # session under valgrind, the fuzz targets, and the Debian package.
-# Usage: scripts/check.sh [format] [tidy] [asan] [tsan] [valgrind] [fuzz] [package]; without a name, all of them.
+# Usage: scripts/check.sh [format] [tidy] [asan] [tsan] [valgrind] [fuzz] [package]; without a name, all of these.
+# Asked for by name only: journeys-asan and journeys-tsan, a person's ways through the whole window under the sanitizers.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/packages.sh
@@ -22,11 +23,20 @@ check_tidy() {
     xargs -P "$(nproc)" -n 4 clang-tidy -p build/debug --quiet <<<"$changed"
 }
 
+configure_sanitizer() { cmake --preset "$1" -DVELMORA_WERROR="${VELMORA_WERROR:-OFF}" >/dev/null; }
+
 check_sanitizer() {
-    cmake --preset "$1" -DVELMORA_WERROR="${VELMORA_WERROR:-OFF}" >/dev/null
+    configure_sanitizer "$1"
     cmake --build "build/$1" -- --quiet
-    # The journeys watch the whole program from outside, with deadlines that are not made for a tenfold slowdown.
+    # The journeys take minutes each and have a check of their own.
     ctest --preset "$1" -j "$(nproc)" -LE journey
+}
+
+# The journeys wait for what they see with deadlines; a tenfold slowdown wants longer ones, and the machine for itself.
+check_journeys() {
+    configure_sanitizer "$1"
+    cmake --build "build/$1" --target velmora scripted_engine drag_source -- --quiet
+    VELMORA_PATIENCE=150 VELMORA_SHOTS=$PWD/build/$1/screenshots ctest --preset "$1" -L journey
 }
 
 check_valgrind() { scripts/valgrind.sh; }
@@ -42,6 +52,7 @@ for check in "${@:-format tidy asan tsan valgrind fuzz package}"; do
             format) check_format ;;
             tidy) check_tidy ;;
             asan | tsan) check_sanitizer "$name" ;;
+            journeys-asan | journeys-tsan) check_journeys "${name#journeys-}" ;;
             valgrind) check_valgrind ;;
             fuzz) check_fuzz ;;
             package) check_package ;;
