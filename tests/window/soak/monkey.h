@@ -14,8 +14,8 @@
 #include <gtkmm/filechooserdialog.h>
 
 #include "chess/move.h"
-#include "tests/support/workplace.h"
 #include "tests/support/gui_driver.h"
+#include "tests/support/workplace.h"
 #include "tests/window/soak/position_check.h"
 #include "views/board.h"
 #include "window/interface.h"
