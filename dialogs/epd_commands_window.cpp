@@ -1,5 +1,7 @@
 #include "dialogs/epd_commands_window.h"
 
+#include <gtkmm/scrolledwindow.h>
+
 #include "dialogs/shown_text.h"
 
 namespace velmora {
@@ -12,10 +14,17 @@ EpdCommandsWindow::EpdCommandsWindow() {
     m_view.set_cursor_visible(false);
     m_view.set_wrap_mode(Gtk::WRAP_WORD_CHAR);
     m_view.set_monospace(true);
-    m_scroller.set_policy(Gtk::POLICY_AUTOMATIC, Gtk::POLICY_AUTOMATIC);
-    m_scroller.add(m_view);
-    add(m_scroller);
-    m_scroller.show_all();
+}
+
+void EpdCommandsWindow::on_show() {
+    // Scroll bars are dear, and what nobody opens must not hold up the start of the program.
+    if (get_child() == nullptr) {
+        auto* const scroller = Gtk::make_managed<Gtk::ScrolledWindow>();
+        scroller->add(m_view);
+        add(*scroller);
+        scroller->show_all();
+    }
+    Gtk::Window::on_show();
 }
 
 void EpdCommandsWindow::set_text(std::string_view text) {

@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include <gtkmm/scrolledwindow.h>
 #include <gtkmm/textbuffer.h>
 #include <gtkmm/textview.h>
 #include <gtkmm/window.h>
@@ -16,8 +15,10 @@ public:
 
     void set_text(std::string_view text);
 
+protected:
+    void on_show() override;
+
 private:
-    Gtk::ScrolledWindow m_scroller;
     Glib::RefPtr<Gtk::TextBuffer> m_buffer = Gtk::TextBuffer::create();
     Gtk::TextView m_view{m_buffer};
 };

@@ -3,8 +3,10 @@
 #include <utility>
 
 #include <glibmm/main.h>
+#include <gtkmm/scrolledwindow.h>
 
 #include "channel/text.h"
+#include "views/late_scroller.h"
 #include "views/pane_text.h"
 
 namespace velmora {
@@ -32,18 +34,25 @@ AnalysisWindow::AnalysisWindow() {
 
 void AnalysisWindow::set_up(Pane& pane, const char* label) {
     pane.frame.set_label(label);
-    pane.frame.add(pane.scroller);
-    pane.scroller.add(pane.view);
-    pane.scroller.set_policy(Gtk::POLICY_AUTOMATIC, Gtk::POLICY_AUTOMATIC);
     pane.view.set_editable(false);
     pane.view.set_cursor_visible(false);
     pane.view.set_wrap_mode(Gtk::WRAP_WORD);
     pane.view.get_accessible()->set_name(std::string(label) + ": engine output");
     pane.buffer = pane.view.get_buffer();
     pane.end = pane.buffer->create_mark("end", pane.buffer->end(), false);
-    // Lines that were added out of sight get their height when the window is shown; the end moves away until
-    // then.
-    const auto position = pane.scroller.get_vadjustment();
+}
+
+void AnalysisWindow::on_show() {
+    for (const Side side : {Side::white, Side::black}) add_scroll_bars(m_sides[side]);
+    Gtk::Window::on_show();
+}
+
+void AnalysisWindow::add_scroll_bars(Pane& pane) {
+    auto* const scroller = add_scroller(pane.frame, pane.view, Gtk::POLICY_AUTOMATIC);
+    if (scroller == nullptr) return;
+    // Lines that were added out of sight get their height now that the window is shown; the end moves away
+    // until then.
+    const auto position = scroller->get_vadjustment();
     position->signal_changed().connect([position = position.get()] {
         position->set_value(position->get_upper() - position->get_page_size());
     });

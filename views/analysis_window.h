@@ -5,7 +5,6 @@
 
 #include <gtkmm/frame.h>
 #include <gtkmm/paned.h>
-#include <gtkmm/scrolledwindow.h>
 #include <gtkmm/textview.h>
 #include <gtkmm/window.h>
 
@@ -25,10 +24,12 @@ public:
     void add_black(const std::string& text) { add_line(Side::black, text); }
     void clear();
 
+protected:
+    void on_show() override;
+
 private:
     struct Pane {
         Gtk::Frame frame;
-        Gtk::ScrolledWindow scroller;
         Gtk::TextView view;
         Glib::RefPtr<Gtk::TextBuffer> buffer;
         Glib::RefPtr<Gtk::TextMark> end;
@@ -36,6 +37,7 @@ private:
     };
 
     void set_up(Pane& pane, const char* label);
+    static void add_scroll_bars(Pane& pane);
     bool add_waiting();
     static void lengthen(Pane& pane);
 

@@ -1,6 +1,7 @@
 #include "views/comment_editor.h"
 
 #include "channel/text.h"
+#include "views/late_scroller.h"
 
 namespace velmora {
 
@@ -13,9 +14,6 @@ CommentEditor::CommentEditor() : m_buffer(m_view.get_buffer()) {
     m_view.set_wrap_mode(Gtk::WRAP_WORD);
     m_view.get_accessible()->set_name("Comment at the current move");
     m_view.signal_focus_out_event().connect(sigc::mem_fun(*this, &CommentEditor::on_view_left), false);
-    m_scroller.set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
-    m_scroller.add(m_view);
-    add(m_scroller);
 }
 
 void CommentEditor::set_text(const std::string& text) {
@@ -28,6 +26,11 @@ void CommentEditor::set_text(const std::string& text) {
 std::string CommentEditor::text() const {
     const std::string shown = m_buffer->get_text(m_buffer->begin(), m_buffer->end(), true).raw();
     return shown == m_shown ? m_original : shown;
+}
+
+void CommentEditor::on_show() {
+    add_scroller(*this, m_view, Gtk::POLICY_NEVER);
+    Gtk::Window::on_show();
 }
 
 void CommentEditor::on_hide() {

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include <gtkmm/scrolledwindow.h>
 #include <gtkmm/textview.h>
 #include <gtkmm/window.h>
 
@@ -22,13 +21,13 @@ public:
     sigc::signal<void>& signal_applied() { return m_applied; }
 
 protected:
+    void on_show() override;
     void on_hide() override;
 
 private:
     bool on_view_left(GdkEventFocus* event);
 
     sigc::signal<void> m_applied;
-    Gtk::ScrolledWindow m_scroller;
     Gtk::TextView m_view;
     Glib::RefPtr<Gtk::TextBuffer> m_buffer;
     std::string m_original;  // as given to set_text()

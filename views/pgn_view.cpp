@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "channel/text.h"
+#include "views/late_scroller.h"
 #include "views/pgn_text.h"
 
 namespace velmora {
@@ -34,9 +35,11 @@ PgnView::PgnView() : m_buffer(m_view.get_buffer()) {
     m_view.get_accessible()->set_description("Click a move to go there");
     m_view.add_events(Gdk::BUTTON_PRESS_MASK);
     m_view.signal_button_press_event().connect(sigc::mem_fun(*this, &PgnView::on_view_pressed), false);
-    m_scroller.set_policy(Gtk::POLICY_AUTOMATIC, Gtk::POLICY_AUTOMATIC);
-    m_scroller.add(m_view);
-    add(m_scroller);
+}
+
+void PgnView::on_show() {
+    add_scroller(*this, m_view, Gtk::POLICY_AUTOMATIC);
+    Gtk::Window::on_show();
 }
 
 void PgnView::set_text(const std::string& text) {

@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string>
 
-#include <gtkmm/scrolledwindow.h>
 #include <gtkmm/textview.h>
 #include <gtkmm/window.h>
 
@@ -27,11 +26,13 @@ public:
     /// Carries the offset in bytes of the last character of the word that was clicked.
     sigc::signal<void, std::int64_t>& signal_clicked() { return m_clicked; }
 
+protected:
+    void on_show() override;
+
 private:
     bool on_view_pressed(GdkEventButton* event);
 
     sigc::signal<void, std::int64_t> m_clicked;
-    Gtk::ScrolledWindow m_scroller;
     Gtk::TextView m_view;
     Glib::RefPtr<Gtk::TextBuffer> m_buffer;
     Glib::RefPtr<Gtk::TextTag> m_tag;
