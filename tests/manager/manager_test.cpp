@@ -98,20 +98,6 @@ TEST(Manager, TheEndOfAGameLosesAllWaitingLinesButQuit) {
     EXPECT_EQ(echo.referee.take_until("quit"), Lines({"0-1 {white resigns}", "quit"}));
 }
 
-TEST(Manager, TheGameTakesAStepAfterAnEmptyLine) {
-    EchoingReferee echo;
-    echo.referee.say("playother");
-    echo.put("info in play");
-    EXPECT_EQ(echo.referee.next_line(), "white_info in play");
-    echo.referee.workplace.kill_engine("alpha");
-    // Only a step sees a death.
-    echo.referee.workplace.wait_for([&echo] {
-        echo.referee.manager().put_command("");
-        return echo.referee.window().has_line();
-    });
-    EXPECT_EQ(echo.referee.next_line(), "telluser engine1 crashed");
-}
-
 TEST(Manager, PublishesWhatIsKnownOfTheFirstEngine) {
     test::Referee referee;
     EXPECT_FALSE(referee.manager().has_engine());
