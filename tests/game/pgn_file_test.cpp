@@ -72,6 +72,8 @@ TEST_F(PgnFileTest, CutsGames) {
         {"a tag of 257 bytes", "[" + repeated(257) + "] *", "|![" + repeated(257) + "ERROR] \n\n * \n\n"},
         {"a comment of 1,024 bytes", "[A] 1 {" + repeated(1024) + "} *",
          "|[A] 1 {" + repeated(1024) + "} *\n\n"},
+        {"the last of 1,024 bytes is one that the cutter looks at", "[A] 1 {" + repeated(1023) + "%} *",
+         "|[A] 1 {" + repeated(1023) + "%} *\n\n"},
         {"a comment of 1,025 bytes", "[A] 1 {" + repeated(1025) + "} *",
          "|![A] 1 {" + repeated(1025) + "ERROR} *\n\n"},
         {"a comment of 1,025 bytes in the header", "[A] {" + repeated(1025) + "} *",

@@ -95,6 +95,7 @@ TEST_F(DeskTest, AnEngineMoveCarriesItsAnnotationAndStartsTheOtherClock) {
     EXPECT_EQ(desk.position.fen(), after_e4);
     EXPECT_EQ(desk.game.comment(), "[%eval 0.2][%depth 5]");
     EXPECT_EQ(screen.comment, "[%eval 0.2][%depth 5]");
+    EXPECT_EQ(desk.annotation[Side::white], "") << "the next move's begins anew";
     EXPECT_THAT(screen.calls, ElementsAre("analysis white  depth 5 score cp 20\n", "start clock black"));
     EXPECT_EQ(tags({"ECO", "Opening"}), "B00|King's pawn opening");
     lines({"emt 1234"});

@@ -125,5 +125,13 @@ TEST(SquareTable, NewPositionDuringADragKeepsTheManInTheAirOrLetsHimGo) {
     EXPECT_EQ(table.code(6), 11);
 }
 
+TEST(SquareTable, TurningPutsEverythingOppositeAlsoTheManInTheAir) {
+    SquareTable table = two_men();
+    table.begin_drag(6, {});
+    table.turn();
+    EXPECT_EQ(table.code(57), 2);
+    EXPECT_EQ(table.code(42), 8);
+}
+
 }  // namespace
 }  // namespace velmora
