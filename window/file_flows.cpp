@@ -104,22 +104,28 @@ void FileFlows::step_to_position(std::size_t index) {
     set_up(line);
 }
 
-void FileFlows::set_up(const std::string& line) {
-    if (!is_position_line(line)) return;
-    ChessPosition readable;
+std::optional<std::string> FileFlows::readable_fen(const std::string& line) {
+    ChessPosition position;
     try {
-        readable.fen(line);
+        position.fen(line);
     } catch (const std::logic_error& error) {
         m_screen.tell_user("The position can't be set up", error.what());
-        return;
+        return std::nullopt;
     }
+    return position.fen();
+}
+
+void FileFlows::set_up(const std::string& line) {
+    if (!is_position_line(line)) return;
+    const auto fen = readable_fen(line);
+    if (!fen) return;
     m_comments.store();
     m_desk.loaded_line = line;
     m_desk.selected.reset();
     m_desk.clear_annotations();
     m_desk.reset_record();
     for (const auto& [tag, value] : roster_tags(line)) m_desk.game.set_tag(tag, tag_safe(value));
-    m_desk.start_from(readable.fen());
+    m_desk.start_from(*fen);
     show_loaded();
 }
 
@@ -135,14 +141,7 @@ void FileFlows::show_loaded() {
 
 void FileFlows::enter_fen(const std::string& fen) {
     if (m_screen.mode() == Mode::tournament) return;
-    ChessPosition readable;
-    try {
-        readable.fen(fen);
-    } catch (const std::logic_error& error) {
-        m_screen.tell_user("The position can't be set up", error.what());
-        return;
-    }
-    set_up(readable.fen());
+    if (const auto readable = readable_fen(fen)) set_up(*readable);
 }
 
 void FileFlows::save_position() {

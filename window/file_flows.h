@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include <gtkmm/window.h>
@@ -45,6 +46,9 @@ private:
     void load_position_from(const std::string& path);
     void use_polyglot_book(const std::string& path);
     void step_to_position(std::size_t index);
+    /// The FEN of the position that a line begins with; nothing, and a word to the person, when it can't be
+    /// read.
+    std::optional<std::string> readable_fen(const std::string& line);
     void set_up(const std::string& line);
     void show_loaded();
 
