@@ -7,6 +7,7 @@ import os
 import re
 import shutil
 import subprocess
+import sys
 import tempfile
 import time
 import unittest
@@ -483,6 +484,7 @@ class Journey(unittest.TestCase):
         if self._outcome.result and any(test is self for test, _ in
                                         self._outcome.result.failures + self._outcome.result.errors):
             program.screenshot("failed-" + self.id().rsplit(".", 1)[-1])
+            print("\nThe channel's last lines:", *program.log()[-12:], sep="\n", file=sys.stderr)
         errors = program.error_text()
         program.finish()
         complaints = [line for line in errors.splitlines()
