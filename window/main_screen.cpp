@@ -1,5 +1,7 @@
 #include "window/main_screen.h"
 
+#include <glibmm/main.h>
+
 #include "channel/text.h"
 #include "dialogs/epd_commands_window.h"
 #include "dialogs/fen_entry.h"
@@ -44,11 +46,18 @@ void MainScreen::announce_last_move() {
 }
 
 void MainScreen::show_game() {
-    // The text of a long game is made anew at each move: only for somebody who looks at it.
-    if (!m_windows || !m_windows->is_shown(SecondaryWindow::pgn)) return;
+    // The text of a long game is made anew each time: only for somebody who looks at it, and once for all
+    // that a tick brings. Behind the redraws, or a fast match would leave a slow machine no time for the
+    // board.
+    if (!m_windows || !m_windows->is_shown(SecondaryWindow::pgn) || m_game_text_due.connected()) return;
+    m_game_text_due = Glib::signal_idle().connect(sigc::mem_fun(*this, &MainScreen::refresh_game_text));
+}
+
+bool MainScreen::refresh_game_text() {
     m_views.pgn.set_text(m_desk.game.pgn());
     const auto [begin, end] = m_desk.game.current_text_range();
     m_views.pgn.highlight(static_cast<std::int64_t>(begin), static_cast<std::int64_t>(end));
+    return false;
 }
 
 void MainScreen::set_title(const std::string& title) { m_views.main.set_title(text::displayable(title)); }

@@ -3,6 +3,8 @@
 #include <string>
 
 #include <gtkmm/window.h>
+#include <sigc++/connection.h>
+#include <sigc++/trackable.h>
 
 #include "window/actions.h"
 #include "window/game_desk.h"
@@ -35,7 +37,7 @@ struct Views {
 
 /// The screen of the real window: hands what the logic says on to the widgets, and the desk's game to the
 /// views.
-class MainScreen : public Screen {
+class MainScreen : public Screen, public sigc::trackable {
 public:
     MainScreen(GameDesk& desk, Views views) : m_desk(desk), m_views(views) {}
 
@@ -75,11 +77,13 @@ public:
 
 private:
     void announce_last_move();
+    bool refresh_game_text();
 
     GameDesk& m_desk;
     Views m_views;
     Actions* m_actions = nullptr;           // null until attach()
     SecondaryWindows* m_windows = nullptr;  // likewise
+    sigc::connection m_game_text_due;       // waits for the loop to have nothing better to do
     std::string m_announced;                // the FEN of the position whose last move was said
 };
 
