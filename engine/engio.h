@@ -26,7 +26,8 @@ class LineReceiver;
 ///
 /// Order of locks, outermost first: m_engine_mutex, the driver's mutex, the driver's queue mutex, the mutex
 /// of the referee's queue. m_send_mutex and the log's mutex are taken below the driver's, and nothing is
-/// taken under them. The owner's thread never takes m_engine_mutex while it holds a driver's mutex.
+/// taken under them; m_reader_mutex is taken alone. The owner's thread never takes m_engine_mutex while it
+/// holds a driver's mutex.
 class Engio {
 public:
     /// Bytes; a longer path is refused.

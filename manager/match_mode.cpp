@@ -3,7 +3,6 @@
 #include <chrono>
 #include <exception>
 #include <iostream>
-#include <stdexcept>
 #include <thread>
 #include <utility>
 

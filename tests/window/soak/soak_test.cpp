@@ -1,7 +1,6 @@
 // A monkey at the real window, with the referee's thread and engine processes. VELMORA_SOAK_ACTIONS and
 // VELMORA_SOAK_SEED change its length and its choices; VELMORA_SOAK_TRACE prints each action.
 
-#include <array>
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
