@@ -39,7 +39,7 @@ Interface::Interface(std::string program_path, int board_size)
                         m_epd}),
       m_chooser(*this),
       m_comments(m_desk, m_screen),
-      m_dispatcher(m_desk, m_screen, m_comments, m_link),
+      m_dispatcher(m_desk, m_screen, m_comments, m_link, [this] { m_modes.repeat(); }),
       m_modes(m_desk, m_screen, m_comments, m_link, [this] { return m_manager.has_engine(); }),
       m_user_moves(m_desk, m_screen, m_comments, m_link),
       m_navigation(m_desk, m_screen, m_comments, m_link),

@@ -11,6 +11,13 @@
 
 namespace velmora {
 
+namespace {
+
+/// The name of whoever has none, and of an engine that could not be loaded.
+constexpr const char* unknown_name = "???";
+
+}  // namespace
+
 struct MessageDispatcher::Command {
     std::string_view word;
     void (MessageDispatcher::*handle)(Rest& rest);
@@ -249,7 +256,7 @@ void MessageDispatcher::set_clock(Rest& rest) {
 
 std::string MessageDispatcher::clean_name(Rest& rest) {
     const auto name = text::trim_blanks(rest.rest());
-    return name.empty() ? "???" : std::string(name);
+    return name.empty() ? unknown_name : std::string(name);
 }
 
 template <Side side>
@@ -270,6 +277,8 @@ void MessageDispatcher::set_engine1_name(Rest& rest) {
     for (const Mode mode : {Mode::human_computer, Mode::tournament, Mode::analyze_position}) {
         m_screen.set_sensitive(mode_actions[static_cast<std::size_t>(mode)], true);
     }
+    const bool came = m_desk.engine1_name != unknown_name;
+    if (std::exchange(m_desk.seat_emptied, !came) && came) m_engine_came();
 }
 
 void MessageDispatcher::set_engine2_name(Rest& rest) { m_desk.engine2_name = clean_name(rest); }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "channel/text.h"
 #include "chess/side.h"
@@ -17,8 +19,14 @@ namespace velmora {
 /// The board changes only where the mode lets the referee move it.
 class MessageDispatcher {
 public:
-    MessageDispatcher(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager)
-        : m_desk(desk), m_screen(screen), m_comments(comments), m_manager(manager) {}
+    /// @param engine_came  called when an engine's name has come after the first seat was empty
+    MessageDispatcher(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager,
+                      std::function<void()> engine_came)
+        : m_desk(desk),
+          m_screen(screen),
+          m_comments(comments),
+          m_manager(manager),
+          m_engine_came(std::move(engine_came)) {}
 
     /// Handles one line; a line whose first word is in no table is ignored.
     /// @throws whatever a handler throws; the caller's loop contains it
@@ -77,6 +85,7 @@ private:
     Screen& m_screen;
     CommentKeeper& m_comments;
     ManagerLink& m_manager;
+    const std::function<void()> m_engine_came;
 
     static const Command* find(std::string_view word);
 };

@@ -23,6 +23,11 @@ void ModeController::on_switched(Mode mode, bool on) {
     m_screen.show_position();
 }
 
+void ModeController::repeat() {
+    const Mode mode = m_screen.mode();
+    if (mode == Mode::human_computer || mode == Mode::analyze_position) on_switched(mode, true);
+}
+
 void ModeController::send_position() { m_manager.send("setboard " + m_desk.position.fen()); }
 
 void ModeController::setup(bool on) {
@@ -85,7 +90,7 @@ void ModeController::learn_openings(bool on) {
 
 void ModeController::tournament(bool on) {
     if (!on) {
-        // A match begins by sending the engines away, and may end before others have come.
+        // The match may have ended before engines came.
         if (!m_engine_loaded()) {
             m_desk.engine1_name = no_engine_title;
             m_screen.set_title(no_engine_title);
@@ -96,6 +101,7 @@ void ModeController::tournament(bool on) {
     // The board of a match only looks on; its clocks follow the moves.
     m_desk.set_engine_plays(true, true);
     m_desk.clocks_held = false;
+    m_desk.seat_emptied = true;  // a match begins by sending the engines away
     m_manager.send("start_tournament");
 }
 

@@ -18,6 +18,9 @@ public:
 
     /// A radio action has been switched on or off. The one switched off is told first.
     void on_switched(Mode mode, bool on);
+    /// Tells the referee once more of a mode that needs an engine: with nobody in the first seat it didn't
+    /// take it.
+    void repeat();
 
     void start_thinking();
     void new_game();

@@ -62,7 +62,7 @@ private:
     ManagerLink m_link{m_referee};
     RecordingScreen m_screen;
     CommentKeeper m_comments{m_desk, m_screen};
-    MessageDispatcher m_dispatcher{m_desk, m_screen, m_comments, m_link};
+    MessageDispatcher m_dispatcher{m_desk, m_screen, m_comments, m_link, [] {}};
 };
 
 }  // namespace velmora::test

@@ -68,7 +68,7 @@ protected:
     bool engine_loaded = false;
     ManagerLink link{referee};
     CommentKeeper comments{desk, screen};
-    MessageDispatcher dispatcher{desk, screen, comments, link};
+    MessageDispatcher dispatcher{desk, screen, comments, link, [this] { modes.repeat(); }};
     ModeController modes{desk, screen, comments, link, [this] { return engine_loaded; }};
     UserMoves moves{desk, screen, comments, link, 0.0};
     Navigation navigation{desk, screen, comments, link};
@@ -253,6 +253,31 @@ TEST_F(DeskTest, WhatEachModeSends) {
     lines({"tournament_finished"});
     EXPECT_EQ(desk.engine1_name, no_engine_title);
     EXPECT_THAT(screen.calls, Contains(std::string("title ") + no_engine_title));
+}
+
+TEST_F(DeskTest, AnEngineThatComesToAnEmptySeatTakesUpTheMode) {
+    const std::string board = "0 setboard " + desk.position.fen();
+    const auto taken_up = [&](const char* name) {
+        referee.take();
+        lines({name});
+        return referee.take();
+    };
+    engine_loaded = true;
+    lines({"engine1name Alpha"});
+    select(Mode::human_computer);
+    EXPECT_THAT(taken_up("engine1name Beta"), IsEmpty()) << "one engine for another";
+    EXPECT_THAT(taken_up("engine1name ???"), IsEmpty());
+    EXPECT_THAT(taken_up("engine1name Alpha"), ElementsAre(board, "0 playother"));
+    EXPECT_THAT(taken_up("engine1name Alpha"), IsEmpty());
+    // Matches send the engines away, and the next may come when the mode is another one.
+    select(Mode::tournament);
+    select(Mode::analyze_position);
+    EXPECT_THAT(taken_up("engine1name Beta"), ElementsAre(board, "0 analyzeposition"));
+    select(Mode::tournament);
+    EXPECT_THAT(taken_up("engine1name Beta"), IsEmpty()) << "the match's own";
+    select(Mode::human_human);
+    lines({"engine1name ???"});
+    EXPECT_THAT(taken_up("engine1name Beta"), IsEmpty()) << "a mode without engines";
 }
 
 TEST_F(DeskTest, NewGameGoesAgainstTheEngineOnlyWhenThereIsOne) {
