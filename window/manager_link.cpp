@@ -11,7 +11,10 @@ void ManagerLink::send(const std::string& command) {
     m_manager.put_command(line);
     const auto word = text::first_word(command);
     if (word == "usermove" || word == "go") m_asked_engine = true;
-    if (word == "setboard" || word == "new") m_asked_engine = m_heard = false;
+    if (word == "setboard" || word == "new") {
+        m_asked_engine = m_heard = false;
+        m_position_since_new = word == "setboard";
+    }
     // A periodic sender of this one command would flood the log.
     if (command.find("wake_up") == std::string::npos) m_log.write(stamp() + " interface --> " + line);
 }

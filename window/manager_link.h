@@ -24,6 +24,10 @@ public:
     /// Notes that the referee has named the players, as it does whenever it hears that the engine is asked.
     void note_names() { m_heard = m_asked_engine; }
 
+    /// Whether the referee has been sent a position since the last "new": one that it gives for the new game
+    /// has crossed ours, and ours stands with it.
+    bool sent_position_since_new() const { return m_position_since_new; }
+
     /// Notes a line that came from the referee.
     void log_received(const std::string& line);
 
@@ -36,6 +40,7 @@ private:
     CommandSink& m_manager;
     bool m_asked_engine = false;
     bool m_heard = false;
+    bool m_position_since_new = false;
     LogFile m_log;
     Stopwatch m_session;  // runs from construction; the log's stamps count from the program's start
 };

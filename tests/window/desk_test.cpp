@@ -157,6 +157,23 @@ TEST_F(DeskTest, AnEmptyAnnotationLeavesACommentAlone) {
     EXPECT_EQ(desk.game.comment(), "mine");
 }
 
+TEST_F(DeskTest, AStartThatCrossedAPositionOfOursIsToldTheRefereeAgain) {
+    constexpr const char* chess960 = "setboard bbqnnrkr/pppppppp/8/8/8/8/PPPPPPPP/BBQNNRKR w FHfh - 0 1";
+    engine_loaded = true;
+    lines({"engine1name Alpha"});
+    select(Mode::human_computer);
+    modes.new_game();
+    EXPECT_THAT(referee.take(), ElementsAre("0 new"));
+    lines({"new", chess960});
+    EXPECT_THAT(referee.take(), IsEmpty());
+    select(Mode::human_human);
+    modes.new_game();
+    EXPECT_THAT(referee.take(), ElementsAre("0 new", "0 setboard " + desk.position.fen(), "0 playother"));
+    lines({"new", chess960});
+    EXPECT_THAT(referee.take(), ElementsAre("0 " + std::string(chess960)));
+    EXPECT_EQ("setboard " + desk.position.fen(), chess960);
+}
+
 TEST_F(DeskTest, TheClockOfASetBoardIsThatOfTheSideNotToMove) {
     select(Mode::tournament);
     lines({"setboard 4k3/8/8/8/8/8/8/4K2R w K - 17 40"});
