@@ -127,8 +127,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Format{"match", TournamentType::match, {stockfish, toga}, "book.pgn"},
         Format{"xboard", TournamentType::match, {fairymax, gnuchess}, "book.epd"},
-        Format{"gauntlet", TournamentType::gauntlet, {toga, stockfish, phalanx}, "book.epd"},
-        Format{"roundrobin", TournamentType::round_robin, {stockfish, gnuchess, toga}, "book.pgn"}),
+        Format{"gauntlet", TournamentType::gauntlet, {toga, stockfish, phalanx}, "book.pgn"},
+        Format{"roundrobin", TournamentType::round_robin, {stockfish, gnuchess, toga}, "book.epd"}),
     [](const auto& of) { return of.param.name; });
 
 }  // namespace
