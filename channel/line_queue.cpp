@@ -43,10 +43,7 @@ std::string LineQueue::pop() {
 
 void LineQueue::drain(const std::function<void(const std::string&)>& handle) {
     const std::lock_guard lock(m_mutex);
-    while (!m_lines.empty()) {
-        const std::string line = pop();
-        handle(line);
-    }
+    while (!m_lines.empty()) handle(pop());
 }
 
 void LineQueue::clear(const std::function<bool(const std::string&)>& keep) {

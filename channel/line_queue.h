@@ -50,7 +50,7 @@ public:
     std::size_t size() const;
 
 private:
-    std::string pop();
+    std::string pop();  // REQUIRES: locked, and not empty
     void drop_expendable_front();
 
     const Expendable m_expendable;

@@ -24,8 +24,8 @@ public:
     /// Notes that the referee has named the players, as it does whenever it hears that the engine is asked.
     void note_names() { m_heard = m_asked_engine; }
 
-    /// Whether the referee has been sent a position since the last "new": one that it gives for the new game
-    /// has crossed ours, and ours stands with it.
+    /// Whether the referee has been sent a position since the last "new": a start that it gives for the new
+    /// game has crossed it, and the referee has gone on to what was sent.
     bool sent_position_since_new() const { return m_position_since_new; }
 
     /// Notes a line that came from the referee.

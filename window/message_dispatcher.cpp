@@ -167,7 +167,7 @@ void MessageDispatcher::set_board(Rest& rest) {
     m_screen.clear_analysis();
     m_screen.show_game();
     m_screen.show_position();
-    // A start of Chess960 that crossed a position of ours: the referee went on to ours.
+    // A start of Chess960 that crossed a position of ours is told again: the referee has gone on to ours.
     if (m_screen.mode() == Mode::human_computer && m_manager.sent_position_since_new()) {
         m_manager.send("setboard " + m_desk.position.fen());
     }
