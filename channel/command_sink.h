@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace velmora {
@@ -18,6 +19,10 @@ public:
     /// Nothing follows soon: a sink that gathers lines passes them on now. The writer calls it ahead of each
     /// wait, so that lines which come together may travel together.
     virtual void flush() {}
+
+    /// Of the lines that the sink has sent the writer itself, `taken` have reached it by now: the lines that
+    /// it puts from here on know of these, and of no later one.
+    virtual void acknowledge(std::uint64_t /*taken*/) {}
 };
 
 }  // namespace velmora

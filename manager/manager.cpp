@@ -12,6 +12,11 @@ namespace velmora {
 
 namespace {
 
+/// Who has sent a line: 0 for the window, 1 and 2 for the engines of the seats.
+int sender(const std::string& line) { return text::WordReader(line).integer<int>().value_or(-1); }
+
+constexpr int window_sender = 0;
+
 /// An engine's search line: sender 1 or 2, the instance id, "info".
 bool is_engine_info(const std::string& line) {
     text::WordReader reader(line);
@@ -70,8 +75,9 @@ void Manager::take_turn(const std::string& line) {
 }
 
 GameEnd Manager::dispatch(const std::string& line) {
-    switch (text::WordReader(line).integer<int>().value_or(-1)) {
-        case 0:
+    switch (sender(line)) {
+        case window_sender:
+            m_state.window.acknowledge(++m_taken);
             process_command_from_interface(line);
             return {};
         case 1:
@@ -109,7 +115,7 @@ void Manager::settle(const GameEnd& end) {
 void Manager::end_game(const std::string& claimed) {
     m_state.turn = MoveTurn::none;
     // What still waits belongs to the game that is over; only the wish to leave is kept.
-    m_queue.clear(is_quit);
+    forget_waiting_lines();
     const std::string text = claimed == by_the_rules ? result(m_state.position) : claimed;
     m_state.send(text);
     const auto word = text::first_word(text);
@@ -119,6 +125,15 @@ void Manager::end_game(const std::string& claimed) {
     } else if (m_state.mode == ManagerMode::match) {
         m_match.game_over(word);
     }
+}
+
+void Manager::forget_waiting_lines() {
+    m_queue.clear([this](const std::string& line) {
+        const bool kept = is_quit(line);
+        if (!kept && sender(line) == window_sender) ++m_taken;
+        return kept;
+    });
+    m_state.window.acknowledge(m_taken);
 }
 
 void Manager::contain(const std::string& failure) {

@@ -57,6 +57,7 @@ public:
 
 private:
     void take_turn(const std::string& line);
+    void forget_waiting_lines();
     GameEnd dispatch(const std::string& line);
     GameEnd process_engine1_line(const std::string& line) {
         return m_engine_lines.process(Seat::first, line);
@@ -70,7 +71,8 @@ private:
     void contain(const std::string& failure);
 
     const std::string m_program_path;
-    LineQueue m_queue;  // the one member that other threads touch, beside what the seats publish
+    LineQueue m_queue;          // the one member that other threads touch, beside what the seats publish
+    std::uint64_t m_taken = 0;  // lines of the window that have left the queue
     RefereeState m_state;
     EngineSeats m_seats;
     AnalyzeMode m_analyze;

@@ -11,6 +11,7 @@
 #include <gtkmm/editable.h>
 #include <gtkmm/textview.h>
 
+#include "channel/text.h"
 #include "window/typed_move.h"
 
 namespace velmora {
@@ -19,9 +20,14 @@ namespace {
 
 constexpr unsigned tick_ms = 50;
 
+std::string_view text_behind_number(std::string_view numbered_line) {
+    return numbered_line.substr(numbered_line.find(' ') + 1);
+}
+
 /// Of the lines that wait, an engine's search output may be dropped when thousands pile up under a message
 /// box.
-bool is_search_output(const std::string& line) {
+bool is_search_output(const std::string& numbered_line) {
+    const std::string_view line = text_behind_number(numbered_line);
     return line.starts_with("white_info") || line.starts_with("black_info");
 }
 
@@ -201,9 +207,12 @@ bool Interface::on_timeout() {
     return true;
 }
 
+void Interface::put_command(const std::string& line) { m_queue.put(std::to_string(m_taken) + ' ' + line); }
+
 void Interface::process_manager_messages() {
-    m_queue.drain([this](const std::string& line) {
-        m_link.log_received(line);
+    m_queue.drain([this](const std::string& numbered_line) {
+        const std::string line(text_behind_number(numbered_line));
+        m_link.receive(line, text::WordReader(numbered_line).integer<std::uint64_t>().value_or(0));
         // An exception that reached the toolkit would stop the tick for good.
         try {
             m_dispatcher.process(line);

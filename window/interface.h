@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <thread>
 
@@ -39,8 +40,9 @@ namespace velmora {
 
 /// The main window: owns the views, the rooms that work on them, and the referee with its thread.
 ///
-/// Everything here runs on the toolkit's main thread but put_command(), over which the referee's thread
-/// speaks. Closing is a round trip: "quit" to the referee, "quit" back, and only then does the window go.
+/// Everything here runs on the toolkit's main thread but put_command() and acknowledge(), over which the
+/// referee's thread speaks. Closing is a round trip: "quit" to the referee, "quit" back, and only then does
+/// the window go.
 class Interface : public Gtk::Window, public CommandSink {
 public:
     /// @param program_path  argv[0], handed on to the referee
@@ -51,7 +53,8 @@ public:
     /// Puts a command on the referee's queue.
     void send_to_manager(const std::string& command) { m_link.send(command); }
     /// Takes a line from the referee; the next tick carries it out.
-    void put_command(const std::string& line) override { m_queue.put(line); }
+    void put_command(const std::string& line) override;
+    void acknowledge(std::uint64_t taken) override { m_taken = taken; }
 
     /// Carries out all lines that wait, with the queue locked: a message box holds up the referee until it is
     /// answered. A line that fails is reported and the next one is taken.
@@ -80,7 +83,8 @@ private:
     bool press_navigation_key(unsigned key);
 
     // The lines from the referee: there before its thread starts, gone after it has ended.
-    LineQueue m_queue;
+    LineQueue m_queue;          // each behind the number of commands that the referee had taken, and a blank
+    std::uint64_t m_taken = 0;  // the referee's thread only
 
     Gtk::Box m_box;
     Gtk::AspectFrame m_clock_frame;

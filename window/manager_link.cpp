@@ -10,16 +10,16 @@ void ManagerLink::send(const std::string& command) {
     const std::string line = "0 " + command;
     m_manager.put_command(line);
     const auto word = text::first_word(command);
-    if (word == "usermove" || word == "go") m_asked_engine = true;
-    if (word == "setboard" || word == "new") {
-        m_asked_engine = m_heard = false;
-        m_position_since_new = word == "setboard";
-    }
+    ++m_sent;
+    if (word == "usermove" || word == "setboard" || word == "new") m_position_sent = m_sent;
     // A periodic sender of this one command would flood the log.
     if (command.find("wake_up") == std::string::npos) m_log.write(stamp() + " interface --> " + line);
 }
 
-void ManagerLink::log_received(const std::string& line) { m_log.write(stamp() + " manager -----> " + line); }
+void ManagerLink::receive(const std::string& line, std::uint64_t taken) {
+    m_taken = taken;
+    m_log.write(stamp() + " manager -----> " + line);
+}
 
 void ManagerLink::set_logging(bool on) {
     if (on) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "channel/command_sink.h"
@@ -17,19 +18,12 @@ public:
     /// Puts a command, without sender id and line end, on the referee's queue.
     void send(const std::string& command);
 
-    /// Whether a move of the engine can be meant for the game as it stands: since the last position that was
-    /// sent, the engine has been asked for one, by a move of the person or "go", and the referee has heard of
-    /// it.
-    bool awaits_engine_move() const { return m_asked_engine && m_heard; }
-    /// Notes that the referee has named the players, as it does whenever it hears that the engine is asked.
-    void note_names() { m_heard = m_asked_engine; }
+    /// Notes a line that came from the referee, which had taken that many of the commands when it wrote it.
+    void receive(const std::string& line, std::uint64_t taken);
 
-    /// Whether the referee has been sent a position since the last "new": a start that it gives for the new
-    /// game has crossed it, and the referee has gone on to what was sent.
-    bool sent_position_since_new() const { return m_position_since_new; }
-
-    /// Notes a line that came from the referee.
-    void log_received(const std::string& line);
+    /// Whether the referee knew of the last change of the position, by a move of the person, a position or a
+    /// new game, when it wrote the line that came last. If not, the two have crossed.
+    bool referee_knows_position() const { return m_taken >= m_position_sent; }
 
     /// On truncates and opens the log, off closes it.
     void set_logging(bool on);
@@ -38,9 +32,9 @@ private:
     std::string stamp() const;
 
     CommandSink& m_manager;
-    bool m_asked_engine = false;
-    bool m_heard = false;
-    bool m_position_since_new = false;
+    std::uint64_t m_sent = 0;           // commands so far
+    std::uint64_t m_position_sent = 0;  // of these, up to the last that changed the position
+    std::uint64_t m_taken = 0;          // of these, what the referee had taken when it wrote its last line
     LogFile m_log;
     Stopwatch m_session;  // runs from construction; the log's stamps count from the program's start
 };

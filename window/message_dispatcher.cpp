@@ -84,7 +84,7 @@ void MessageDispatcher::process(const std::string& line) {
 
 bool MessageDispatcher::awaits_move() const {
     return m_screen.mode() == Mode::tournament ||
-           (m_screen.mode() == Mode::human_computer && m_manager.awaits_engine_move());
+           (m_screen.mode() == Mode::human_computer && m_manager.referee_knows_position());
 }
 
 /// Whether the referee may begin a game or say from which position: in a match always; against an engine,
@@ -168,7 +168,7 @@ void MessageDispatcher::set_board(Rest& rest) {
     m_screen.show_game();
     m_screen.show_position();
     // A start of Chess960 that crossed a position of ours is told again: the referee has gone on to ours.
-    if (m_screen.mode() == Mode::human_computer && m_manager.sent_position_since_new()) {
+    if (m_screen.mode() == Mode::human_computer && !m_manager.referee_knows_position()) {
         m_manager.send("setboard " + m_desk.position.fen());
     }
 }
@@ -265,7 +265,6 @@ std::string MessageDispatcher::clean_name(Rest& rest) {
 
 template <Side side>
 void MessageDispatcher::set_name(Rest& rest) {
-    m_manager.note_names();
     m_desk.players[side] = {clean_name(rest), ""};
     m_screen.set_title(m_desk.players[Side::white].name + "  " + m_desk.players[Side::black].name);
 }

@@ -96,6 +96,8 @@ TEST(Manager, TheEndOfAGameLosesAllWaitingLinesButQuit) {
     echo.referee.say("quit");
     echo.release();
     EXPECT_EQ(echo.referee.take_until("quit"), Lines({"0-1 {white resigns}", "quit"}));
+    EXPECT_EQ(echo.referee.window().taken(), 3U)
+        << "a lost line counts, or all later ones would seem to cross";
 }
 
 TEST(Manager, PublishesWhatIsKnownOfTheFirstEngine) {

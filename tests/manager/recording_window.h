@@ -1,7 +1,9 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <cstdint>
 #include <deque>
 #include <mutex>
 #include <optional>
@@ -25,6 +27,11 @@ public:
         m_changed.wait(lock, [&] { return m_holding_line != line; });
     }
 
+    void acknowledge(std::uint64_t taken) override { m_taken = taken; }
+
+    /// How many lines of the window the referee says that it has taken.
+    std::uint64_t taken() const { return m_taken; }
+
     /// The next line that has not been taken; none when there is no more within the patience.
     std::optional<std::string> take() {
         std::unique_lock lock(m_mutex);
@@ -47,6 +54,7 @@ public:
     }
 
 private:
+    std::atomic<std::uint64_t> m_taken = 0;
     std::mutex m_mutex;
     std::condition_variable m_changed;
     std::deque<std::string> m_lines;            // guarded by m_mutex; not taken yet

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <mutex>
 #include <string>
 #include <utility>
@@ -15,6 +16,7 @@ public:
     void put_command(const std::string& line) override {
         const std::lock_guard lock(m_mutex);
         m_lines.push_back(line);
+        ++m_count;
     }
     std::vector<std::string> lines() const {
         const std::lock_guard lock(m_mutex);
@@ -26,9 +28,16 @@ public:
         return std::exchange(m_lines, {});
     }
 
+    /// How many lines it has been given in its life.
+    std::uint64_t count() const {
+        const std::lock_guard lock(m_mutex);
+        return m_count;
+    }
+
 private:
     mutable std::mutex m_mutex;
     std::vector<std::string> m_lines;
+    std::uint64_t m_count = 0;
 };
 
 }  // namespace velmora::test

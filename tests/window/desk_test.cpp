@@ -40,8 +40,15 @@ protected:
     }
     ~DeskTest() override { std::filesystem::current_path(m_before); }
 
-    void lines(std::initializer_list<const char*> texts) {
-        for (const char* text : texts) dispatcher.process(text);
+    /// Lines that the referee has written when it had taken all that was sent.
+    void lines(std::initializer_list<const char*> texts) { process(texts, referee.count()); }
+    /// Lines that it had written when its window sent the last command.
+    void crossed_lines(std::initializer_list<const char*> texts) { process(texts, referee.count() - 1); }
+    void process(std::initializer_list<const char*> texts, std::uint64_t taken) {
+        for (const char* text : texts) {
+            link.receive(text, taken);
+            dispatcher.process(text);
+        }
     }
     /// A drag on the board, past the delay in which a click after the start doesn't count.
     void drag(const char* from, const char* to) { moves.on_board(square(from), square(to)); }
@@ -115,7 +122,7 @@ TEST_F(DeskTest, LinesThatCrossedAStepOfThePersonAreDropped) {
     drag("e2", "e4");
     navigation.to_start();
     const auto shown = desk.position.fen();
-    lines({"move d2d4", "setboard 4k3/8/8/8/8/8/8/4KR2 b - - 0 1", "takeback", "new"});
+    crossed_lines({"move d2d4", "setboard 4k3/8/8/8/8/8/8/4KR2 b - - 0 1", "takeback", "new"});
     EXPECT_EQ(desk.position.fen(), shown);
     EXPECT_FALSE(desk.game.is_empty());
     // The echo of a new game in which the person has moved already.
@@ -124,25 +131,26 @@ TEST_F(DeskTest, LinesThatCrossedAStepOfThePersonAreDropped) {
     modes.new_game();
     desk.set_engine_plays(false, true);
     drag("d2", "d4");
-    lines({"new"});
+    crossed_lines({"new"});
     EXPECT_EQ(desk.position.moves_text(), "d2d4");
-    lines({"blackname Some Engine", "whitename Human", "move d7d5"});
+    lines({"move d7d5"});
     EXPECT_EQ(desk.position.moves_text(), "d2d4 d7d5");
     // The engine has answered already when it is told to move: it takes the other side, too.
     drag("c2", "c4");
     modes.start_thinking();
-    lines({"move d5c4", "move e2e3"});
+    crossed_lines({"move d5c4"});
+    lines({"move e2e3"});
     EXPECT_EQ(desk.position.moves_text(), "d2d4 d7d5 c2c4 d5c4 e2e3");
     EXPECT_TRUE(desk.engine_plays[Side::white]);
     EXPECT_FALSE(desk.engine_plays[Side::black]);
-    // An answer to the game before, when the person has gone back and played on, until the referee has heard
-    // of that.
+    // An answer to the game before, when the person has gone back and played on; the names come with "go".
+    modes.start_thinking();
     navigation.to_start();
     select(Mode::human_computer);
     drag("e2", "e4");
-    lines({"move e7e5"});
+    crossed_lines({"blackname Human", "whitename Some Engine", "move e7e5"});
     EXPECT_EQ(desk.position.moves_text(), "e2e4");
-    lines({"whitename Human", "blackname Some Engine", "move c7c5"});
+    lines({"move c7c5"});
     EXPECT_EQ(desk.position.moves_text(), "e2e4 c7c5");
 }
 
@@ -169,7 +177,7 @@ TEST_F(DeskTest, AStartThatCrossedAPositionOfOursIsToldTheRefereeAgain) {
     select(Mode::human_human);
     modes.new_game();
     EXPECT_THAT(referee.take(), ElementsAre("0 new", "0 setboard " + desk.position.fen(), "0 playother"));
-    lines({"new", chess960});
+    process({"new", chess960}, referee.count() - 2);
     EXPECT_THAT(referee.take(), ElementsAre("0 " + std::string(chess960)));
     EXPECT_EQ("setboard " + desk.position.fen(), chess960);
 }

@@ -14,6 +14,8 @@ namespace {
 
 constexpr const char* engine_log = "engine1.log";
 constexpr const char* referee_log = "manager.log";
+/// What the engine's log has ahead of a position that the engine was told.
+constexpr std::string_view told_mark = "engine <- position ";
 
 std::streamoff size_of(const std::string& path) {
     std::error_code missing;
@@ -58,6 +60,19 @@ std::string told_fen(std::string_view command) {
     return position.fen();
 }
 
+/// The FEN that was told with the mark at `at`; empty while its line isn't complete.
+std::string told_at(const std::string& log, std::size_t at) {
+    const auto end = log.find('\n', at);
+    if (end == std::string::npos) return {};
+    at += told_mark.size();
+    return told_fen(std::string_view(log).substr(at, end - at));
+}
+
+std::string last_told(const std::string& log) {
+    const auto at = log.rfind(told_mark);
+    return at == std::string::npos ? "" : told_at(log, at);
+}
+
 }  // namespace
 
 bool PositionCheck::is_quiet() {
@@ -78,21 +93,28 @@ bool PositionCheck::is_quiet() {
 
 void PositionCheck::prepare() {
     m_log_start = size_of(engine_log);
+    m_told = last_told(read_from(engine_log, 0));
     m_prepared = std::chrono::steady_clock::now();
 }
 
 PositionCheck::State PositionCheck::look() {
     // Every line that was under way has arrived by then, also with the sanitizers on a busy machine.
     constexpr std::chrono::seconds deadline{60};
-    constexpr std::string_view mark = "engine <- position ";
     if (!is_waiting()) return State::idle;
     const std::string log = read_from(engine_log, m_log_start);
     std::string told;
+    // The move that an engine ponders on is told it ahead of time: it hears no more than that it was made.
+    if (log.find("engine <- ponderhit\n") != std::string::npos) {
+        if (m_told.empty()) {  // in a log that has been begun anew since
+            give_up();
+            return State::idle;
+        }
+        told = m_told;
+    }
     // An engine that ponders is told what it expects as well.
-    for (auto at = log.find(mark); at != std::string::npos && told != m_shown; at = log.find(mark, at)) {
-        at += mark.size();
-        const auto end = log.find('\n', at);
-        if (end != std::string::npos) told = told_fen(std::string_view(log).substr(at, end - at));
+    for (auto at = log.find(told_mark); at != std::string::npos && told != m_shown;
+         at = log.find(told_mark, at + 1)) {
+        told = told_at(log, at);
     }
     if (told == m_shown) {
         give_up();

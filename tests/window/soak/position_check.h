@@ -46,6 +46,7 @@ private:
 
     std::string m_shown;
     std::streamoff m_log_start = 0;
+    std::string m_told;  // to the engine, ahead of that step
     std::chrono::steady_clock::time_point m_prepared;
     std::string m_report;
 };
