@@ -3,8 +3,9 @@
 //
 //   match_watch CONSOLE        in a directory with "engines.cfg" and "tournaments/m.trn"
 //
-// Prints: plies, their elapsed ms (from a game's first move to its result), gaps between games, the ms from
-// results to the next game's first position, the longest of them.
+// Prints: plies, their elapsed ms (from a game's second move to its result: with its first move an engine may
+// still be starting), gaps between games, the ms from results to the next game's first position, the longest
+// of them.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -27,16 +28,14 @@ public:
     bool take(std::string_view line, Clock::time_point now) {
         if (line.starts_with("setboard ")) {
             if (m_result != Clock::time_point()) add_gap(now - m_result);
-            m_first_move = Clock::time_point();
+            m_moves = 0;
         } else if (line.starts_with("move ")) {
-            if (m_first_move == Clock::time_point()) {
-                m_first_move = now;
-            } else {
-                ++m_plies;
-            }
+            ++m_moves;
+            if (m_moves == 2) m_second_move = now;
+            if (m_moves > 2) ++m_plies;
         } else if (line.starts_with("1-0") || line.starts_with("0-1") || line.starts_with("1/2-1/2")) {
             m_result = now;
-            m_elapsed += now - m_first_move;
+            m_elapsed += now - m_second_move;
         }
         return line != "tournament_finished";
     }
@@ -53,7 +52,8 @@ private:
         m_longest = std::max(m_longest, gap);
     }
 
-    Clock::time_point m_first_move{};
+    int m_moves = 0;  // of the present game
+    Clock::time_point m_second_move{};
     Clock::time_point m_result{};
     int m_plies = 0;
     int m_gaps = 0;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "channel/text.h"
+#include "engine/engine_line.h"
 #include "engine/engio.h"
 #include "engine/wall_clock.h"
 
@@ -55,6 +56,12 @@ void BaseEngine::receive_line(std::string line) {
         }
     }
     if (!waits) process_lines();
+}
+
+void BaseEngine::flush() {
+    m_holds_lines = false;
+    const std::lock_guard lock(m_mutex);
+    if (m_manager != nullptr) m_manager->flush();
 }
 
 std::string BaseEngine::next_line() {
@@ -152,7 +159,8 @@ void BaseEngine::send_together(std::initializer_list<std::string_view> commands)
     m_engio->send_lines({commands.begin(), commands.size()});
 }
 
-void BaseEngine::post(std::string_view line) const {
+void BaseEngine::post(std::string_view line) {
+    m_holds_lines = !is_decisive(line);
     if (m_manager == nullptr) return;
     std::string command = std::to_string(m_engine_id);
     command += ' ';
@@ -162,9 +170,10 @@ void BaseEngine::post(std::string_view line) const {
     m_manager->put_command(command);
 }
 
-void BaseEngine::trace(std::string_view text) const {
+void BaseEngine::trace(std::string_view text, std::string_view more) const {
     if (!m_debug || m_debug_stream == nullptr) return;
-    m_debug_stream->write(wall_log_stamp() + " engine" + std::to_string(m_engine_id) + std::string(text));
+    m_debug_stream->write(wall_log_stamp() + " engine" + std::to_string(m_engine_id) +
+                          std::string(text).append(more));
 }
 
 }  // namespace velmora

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 
 #include "engine/level.h"
@@ -32,6 +33,11 @@ public:
     /// time of the next one. `stamp` is the arrival_stamp() of the engine's line, 0 for none; the time
     /// between it and `present` is refunded.
     void move_and_stop_clock(std::uint32_t stamp, std::uint32_t present = arrival_stamp());
+
+    /// When the last move came, by the steady clock.
+    std::chrono::steady_clock::time_point moved_at() const {
+        return std::chrono::steady_clock::time_point(m_stopwatch.stopped_at());
+    }
 
     void set_time_left(std::int32_t milliseconds);
 

@@ -145,6 +145,11 @@ std::int32_t GuiEngine::move_time() const {
     return ask(0, [](const EngineVariables& v) { return v.clock.move_time(); });
 }
 
+std::chrono::steady_clock::time_point GuiEngine::moved_at() const {
+    return ask(std::chrono::steady_clock::time_point(),
+               [](const EngineVariables& v) { return v.clock.moved_at(); });
+}
+
 std::int32_t GuiEngine::increment() const {
     return ask(0, [](const EngineVariables& v) { return v.clock.increment(); });
 }

@@ -70,6 +70,8 @@ public:
     // The clock, milliseconds.
     std::int32_t time_left() const;
     std::int32_t move_time() const;
+    /// When the clock was stopped by the last move.
+    std::chrono::steady_clock::time_point moved_at() const;
     std::int32_t increment() const;
     std::int64_t opponent_time() const;
     std::int32_t moves_to_go() const;

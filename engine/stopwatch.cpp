@@ -32,7 +32,8 @@ void Stopwatch::stop() {
     const std::lock_guard lock(m_mutex);
     if (m_state.stopped) return;
     m_state.stopped = true;
-    m_state.accumulated += m_now() - m_state.lap_start;
+    m_state.stopped_at = m_now();
+    m_state.accumulated += m_state.stopped_at - m_state.lap_start;
 }
 
 void Stopwatch::reset() {

@@ -30,6 +30,8 @@ public:
 
     /// Seconds measured since the last reset.
     double elapsed() const;
+    /// When it was last stopped, by its own clock; 0 before.
+    std::chrono::nanoseconds stopped_at() const { return state().stopped_at; }
     /// elapsed() in whole milliseconds, cut towards zero.
     std::int64_t elapsed_ms() const;
 
@@ -37,6 +39,7 @@ private:
     struct State {
         std::chrono::nanoseconds lap_start{0};
         std::chrono::nanoseconds accumulated{0};
+        std::chrono::nanoseconds stopped_at{0};
         bool stopped = true;
     };
     State state() const;

@@ -20,9 +20,14 @@ std::uint32_t arrival_stamp_of(std::string_view line) {
 }  // namespace
 
 std::string UciEngine::position_text() const {
-    std::string text = "position fen " + m_position.start_fen() + " moves";
+    constexpr std::size_t longest_move = 6;  // with its blank
+    const std::string start = m_position.start_fen();
+    const auto moves = m_position.moves();
+    std::string text;
+    text.reserve(start.size() + longest_move * moves.size() + 20);
+    text += "position fen " + start + " moves";
     const bool chess960 = is_chess960();
-    for (const Move& move : m_position.moves()) {
+    for (const Move& move : moves) {
         text += ' ';
         text += move.to_string(chess960);
     }
@@ -71,10 +76,10 @@ void UciEngine::do_go() {
     const std::string position = position_text();
     const std::string command = go_text();
     send_together({position, "isready", command});
-    trace(" <- UciEngine::go()    " + position);
+    trace(" <- UciEngine::go()    ", position);
     start_search();
-    trace(" start_clock()  time=" + std::to_string(variables().clock.time_left()));
-    trace(" <- UciEngine::go()    " + command);
+    trace(" start_clock()  time=", std::to_string(variables().clock.time_left()));
+    trace(" <- UciEngine::go()    ", command);
 }
 
 /// Goes on with the ponder search when the opponent has played what the engine expected.
@@ -89,7 +94,7 @@ bool UciEngine::ponder_hit() {
 void UciEngine::do_go_infinite() {
     const std::string position = position_text();
     send_together({position, "go infinite"});
-    trace(" <- UciEngine::go_infinite()    " + position);
+    trace(" <- UciEngine::go_infinite()    ", position);
     variables().status = EngineStatus::thinking;
     trace(" <- UciEngine::go_infinite()    go infinite");
 }
@@ -138,7 +143,7 @@ std::string UciEngine::translate(std::string line) {
 void UciEngine::take_bestmove(const std::string& line) {
     EngineVariables& engine = variables();
     engine.clock.move_and_stop_clock(arrival_stamp_of(line));
-    trace(" move_and_stop_clock()  time=" + std::to_string(engine.clock.time_left()));
+    trace(" move_and_stop_clock()  time=", std::to_string(engine.clock.time_left()));
     engine.status = EngineStatus::idle;
     m_ponder_move.clear();
     text::WordReader reader(line);

@@ -40,7 +40,9 @@ public:
     void operator()();
 
     /// Puts one line on the queue: sender id, a blank and the command. Any thread.
+    /// What an engine says without need of an answer waits for the next other line or flush().
     void put_command(const std::string& line) override;
+    void flush() override { m_queue.announce(); }
 
     /// A copy of all that is known of the engine in the first seat; std::logic_error when there is none. Any
     /// thread; never waits for an engine.

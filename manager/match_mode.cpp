@@ -150,10 +150,9 @@ GameEnd MatchMode::step() {
 }
 
 GameEnd MatchMode::engine_moved(Seat seat, Move move) {
-    const auto arrival = std::chrono::steady_clock::now();
     const std::string line = "move " + move.to_string(false);
     m_state.send(line);
-    m_state.log.write(" interface <- " + line);
+    if (m_state.log.is_on()) m_state.log.write(" interface <- " + line);
     m_state.send("emt " + std::to_string(engine(seat).move_time()));
     if (oversteps(engine(seat))) {
         m_state.log.write(" Manager:   TIME LOSS");
@@ -172,7 +171,7 @@ GameEnd MatchMode::engine_moved(Seat seat, Move move) {
     play(seat, move);
     if (is_adjudicated_draw(m_state.position)) return "1/2-1/2 {adjudicated}";
     if (result(m_state.position) != game_goes_on) return by_the_rules;
-    start_search(other(seat), arrival + move_pause);
+    start_search(other(seat), engine(seat).moved_at() + move_pause);
     return {};
 }
 
@@ -194,10 +193,10 @@ void MatchMode::start_search(Seat seat, std::chrono::steady_clock::time_point st
     prepare_to_move(mover, m_state.position);
     m_state.flush();
     std::this_thread::sleep_until(start);
-    if (m_state.log.is_on())
-        m_state.log.write(" " + log_name(seat) + " <- position " + m_state.position.fen());
+    const bool logs = m_state.log.is_on();
+    if (logs) m_state.log.write(" " + log_name(seat) + " <- position " + m_state.position.fen());
     mover.go();
-    m_state.log.write(" " + log_name(seat) + " <- go");
+    if (logs) m_state.log.write(" " + log_name(seat) + " <- go");
     m_state.turn = turn_of(seat);
 }
 
