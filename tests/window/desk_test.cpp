@@ -180,6 +180,14 @@ TEST_F(DeskTest, AStartThatCrossedAPositionOfOursIsToldTheRefereeAgain) {
     process({"new", chess960}, referee.count() - 2);
     EXPECT_THAT(referee.take(), ElementsAre("0 " + std::string(chess960)));
     EXPECT_EQ("setboard " + desk.position.fen(), chess960);
+    // The start of the first of two new games.
+    modes.new_game();
+    modes.new_game();
+    referee.take();
+    crossed_lines({"new", chess960});
+    EXPECT_THAT(referee.take(), ElementsAre("0 " + std::string(chess960)));
+    crossed_lines({"new", "setboard bbnqnrkr/pppppppp/8/8/8/8/PPPPPPPP/BBNQNRKR w HFhf - 0 1"});
+    EXPECT_EQ("setboard " + desk.position.fen(), chess960);
 }
 
 TEST_F(DeskTest, TheClockOfASetBoardIsThatOfTheSideNotToMove) {
