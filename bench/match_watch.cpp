@@ -35,7 +35,7 @@ public:
             if (m_moves > 2) ++m_plies;
         } else if (line.starts_with("1-0") || line.starts_with("0-1") || line.starts_with("1/2-1/2")) {
             m_result = now;
-            m_elapsed += now - m_second_move;
+            if (m_moves >= 2) m_elapsed += now - m_second_move;
         }
         return line != "tournament_finished";
     }
