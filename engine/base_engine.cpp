@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "channel/text.h"
-#include "engine/engine_line.h"
 #include "engine/engio.h"
 #include "engine/wall_clock.h"
 
@@ -56,12 +55,6 @@ void BaseEngine::receive_line(std::string line) {
         }
     }
     if (!waits) process_lines();
-}
-
-void BaseEngine::flush() {
-    m_holds_lines = false;
-    const std::lock_guard lock(m_mutex);
-    if (m_manager != nullptr) m_manager->flush();
 }
 
 std::string BaseEngine::next_line() {
@@ -159,8 +152,7 @@ void BaseEngine::send_together(std::initializer_list<std::string_view> commands)
     m_engio->send_lines({commands.begin(), commands.size()});
 }
 
-void BaseEngine::post(std::string_view line) {
-    m_holds_lines = !is_decisive(line);
+void BaseEngine::post(std::string_view line) const {
     if (m_manager == nullptr) return;
     std::string command = std::to_string(m_engine_id);
     command += ' ';

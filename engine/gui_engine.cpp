@@ -241,4 +241,8 @@ void GuiEngine::set_instance_id(std::uint64_t instance_id) {
     if (m_engine) m_engine->set_instance_id(instance_id);
 }
 
+std::optional<pthread_t> GuiEngine::reader() {
+    return m_reader.joinable() ? std::optional(m_reader.native_handle()) : std::nullopt;
+}
+
 }  // namespace velmora

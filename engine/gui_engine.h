@@ -3,6 +3,8 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <pthread.h>
 #include <string>
 #include <thread>
 
@@ -98,6 +100,10 @@ public:
     /// Where the driver's trace goes; must outlive the loaded engine. Null for nowhere.
     void set_debug_stream(LogFile* stream);
     void set_instance_id(std::uint64_t instance_id);
+
+    /// The thread that the engine's lines arrive on; none without a process. Stands until the next load or
+    /// unload.
+    std::optional<pthread_t> reader();
 
 private:
     void replace_probe();

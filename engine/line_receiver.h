@@ -11,11 +11,6 @@ public:
 
     /// Takes one line, without line end; a "bestmove" line has its arrival stamp behind it.
     virtual void receive_line(std::string line) = 0;
-
-    /// Whether lines that were taken wait for those that follow, so that all are passed on together.
-    virtual bool holds_lines() const { return false; }
-    /// Passes them on.
-    virtual void flush() {}
 };
 
 }  // namespace velmora

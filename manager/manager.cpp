@@ -2,13 +2,11 @@
 
 #include <exception>
 #include <iostream>
-#include <optional>
-#include <string_view>
 #include <sys/prctl.h>
 #include <utility>
 
 #include "channel/text.h"
-#include "engine/engine_line.h"
+#include "engine/shared_core.h"
 #include "game/pgn_error.h"
 
 namespace velmora {
@@ -20,18 +18,12 @@ int sender(const std::string& line) { return text::WordReader(line).integer<int>
 
 constexpr int window_sender = 0;
 
-/// What an engine says, behind sender 1 or 2 and the instance id; none for the window's lines.
-std::optional<std::string_view> said_by_engine(std::string_view line) {
-    text::WordReader reader(line);
-    if (reader.word() == "0") return std::nullopt;
-    reader.word();
-    return reader.rest();
-}
-
-/// An engine's search line.
+/// An engine's search line: sender 1 or 2, the instance id, "info".
 bool is_engine_info(const std::string& line) {
-    const auto said = said_by_engine(line);
-    return said && text::first_word(*said) == "info";
+    text::WordReader reader(line);
+    if (reader.word() == "0") return false;
+    reader.word();
+    return reader.word() == "info";
 }
 
 bool is_quit(const std::string& line) {
@@ -55,23 +47,22 @@ Manager::Manager(CommandSink& window, std::string program_path, std::chrono::mil
 
 Manager::~Manager() = default;
 
-void Manager::put_command(const std::string& line) {
-    const auto said = said_by_engine(line);
-    if (said && !is_decisive(*said)) {
-        m_queue.put_quietly(line);
-    } else {
-        m_queue.put(line);
-    }
-}
+void Manager::put_command(const std::string& line) { m_queue.put(line); }
 
 void Manager::operator()() {
     // The pauses of a match end when they should: by default the kernel may stretch a sleep by 50 us.
     prctl(PR_SET_TIMERSLACK, 1);
-    while (!m_state.quit) {
-        take_turn(m_queue.wait_and_pop());
-        if (m_queue.empty()) m_state.flush();
-    }
+    while (!m_state.quit) take_turn(next_line());
     m_state.flush();
+}
+
+std::string Manager::next_line() {
+    if (auto line = m_queue.try_pop()) return *std::move(line);
+    m_state.flush();
+    const auto answering = m_match.answering_thread();
+    if (!answering) return m_queue.wait_and_pop();
+    const SharedCore core(*answering);
+    return m_queue.wait_and_pop();
 }
 
 void Manager::take_turn(const std::string& line) {

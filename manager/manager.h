@@ -40,9 +40,7 @@ public:
     void operator()();
 
     /// Puts one line on the queue: sender id, a blank and the command. Any thread.
-    /// What an engine says without need of an answer waits for the next other line or flush().
     void put_command(const std::string& line) override;
-    void flush() override { m_queue.announce(); }
 
     /// A copy of all that is known of the engine in the first seat; std::logic_error when there is none. Any
     /// thread; never waits for an engine.
@@ -58,6 +56,7 @@ public:
     void process_command_from_interface(const std::string& line) { m_commands.process(line); }
 
 private:
+    std::string next_line();
     void take_turn(const std::string& line);
     void forget_waiting_lines();
     GameEnd dispatch(const std::string& line);

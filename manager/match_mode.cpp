@@ -19,6 +19,10 @@ constexpr std::int32_t forgiven_overstep = 500;
 /// ms.
 constexpr std::int32_t hopeless_overstep = 20000;
 
+/// How long after "go" the engine's lines may come at any moment, ms. A wait that begins later leaves its
+/// threads free to run where there is room.
+constexpr std::int32_t young_search = 20;
+
 /// From a move's arrival to the next search; the queue waits, and the window can show the position meanwhile.
 constexpr std::chrono::milliseconds move_pause{10};
 
@@ -139,6 +143,12 @@ void MatchMode::start_first_mover() {
 bool MatchMode::is_game_running() const {
     return is_running() && is_engine_turn(m_state.turn) && m_seats.engine(Seat::first) != nullptr &&
            m_seats.engine(Seat::second) != nullptr;
+}
+
+std::optional<pthread_t> MatchMode::answering_thread() const {
+    if (!is_game_running()) return std::nullopt;
+    auto& mover = engine(m_state.turn == MoveTurn::engine1 ? Seat::first : Seat::second);
+    return mover.move_time() < young_search ? mover.reader() : std::nullopt;
 }
 
 GameEnd MatchMode::step() {

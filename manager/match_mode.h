@@ -2,6 +2,8 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
+#include <pthread.h>
 #include <string>
 #include <string_view>
 
@@ -35,6 +37,9 @@ public:
     /// The end of a running game whose engine in `seat` is far beyond its time: what a dead or silent engine
     /// would leave hanging for ever.
     GameEnd watch(Seat seat) const;
+
+    /// The thread that is about to bring the lines of a young search; none when there is no such search.
+    std::optional<pthread_t> answering_thread() const;
 
     /// Scores and stores a finished game, and starts the next one or ends the tournament.
     void game_over(std::string_view result_word);

@@ -1,6 +1,5 @@
 #include "engine/engio.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <stdexcept>
@@ -20,12 +19,6 @@ public:
         m_sink.put_command(line);
         if (line.find("throw") != std::string::npos) throw std::runtime_error("of the test's making");
     }
-    /// Search lines are held.
-    bool holds_lines() const override {
-        const auto lines = m_sink.lines();
-        return !lines.empty() && lines.back().starts_with("info");
-    }
-    void flush() override { m_sink.put_command("(flush)"); }
     std::vector<std::string> lines() const { return m_sink.lines(); }
 
 private:
@@ -74,21 +67,6 @@ TEST_F(EngioTest, LinesComeWholeAndInOrder) {
     ASSERT_TRUE(wait_until([&] { return m_receiver.lines().size() == 5; }));
     const Lines expected{"one", "two", "", "three", "bestmove e2e4 TS=~"};
     EXPECT_EQ(masked(m_receiver.lines(), expected), expected);
-}
-
-TEST_F(EngioTest, HeldLinesArePassedOnSoon) {
-    start("a", "write info one\\nbestmove e2e4\\ninfo two\\n\nwait 300\nwrite info three\\ndone\\n\n");
-    ASSERT_TRUE(wait_until([&] { return m_receiver.lines().size() == 6; }));
-    const Lines expected{"info one", "bestmove e2e4 TS=~", "info two", "(flush)", "info three", "done"};
-    EXPECT_EQ(masked(m_receiver.lines(), expected), expected);
-    // Also of an engine that never pauses for long.
-    std::string chatter;
-    for (int i = 0; i < 50; ++i) chatter += "write info\\n\nwait 1\n";
-    quit();
-    start("b", chatter + "write over\\n\n");
-    ASSERT_TRUE(wait_until([&] { return m_receiver.lines().back() == "over"; }));
-    const Lines lines = m_receiver.lines();
-    EXPECT_TRUE(std::find(lines.begin() + 6, lines.end(), "(flush)") != lines.end());
 }
 
 TEST_F(EngioTest, LogsBothDirections) {

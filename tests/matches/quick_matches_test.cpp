@@ -94,6 +94,7 @@ TEST(QuickMatches, ALongMatchLeavesNothingBehind) {
     EXPECT_EQ(test::ArchivingWindow::archived("White"), expected_whites);
     EXPECT_EQ(test::ArchivingWindow::complaints(), "");
     EXPECT_EQ(late.children, 2U);
+    EXPECT_EQ(late.bound_children, 0U);
     EXPECT_LE(late.descriptors, early.descriptors);
     EXPECT_EQ(late.threads, early.threads);
     if (memory_can_be_measured) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <sched.h>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -66,6 +67,7 @@ public:
         std::size_t descriptors = 0;
         std::size_t threads = 0;
         std::size_t children = 0;
+        std::size_t bound_children = 0;  // that may not run on every core that the test may run on
         long resident_kb = 0;
     };
 
@@ -76,7 +78,7 @@ public:
             return static_cast<std::size_t>(
                 std::distance(fs::directory_iterator(directory), fs::directory_iterator()));
         };
-        Belongings now{entries(process / "fd"), entries(process / "task"), 0, 0};
+        Belongings now{.descriptors = entries(process / "fd"), .threads = entries(process / "task")};
         std::ifstream status(process / "status");
         for (std::string line; std::getline(status, line);) {
             if (line.starts_with("VmRSS:")) now.resident_kb = std::stol(line.substr(6));
@@ -86,12 +88,22 @@ public:
             std::getline(std::ifstream(entry.path() / "stat"), stat);
             // "number (name) state parent ..."
             const auto parent = stat.rfind(") ");
-            if (parent != std::string::npos && std::atoi(stat.c_str() + parent + 4) == m_pid) ++now.children;
+            if (parent == std::string::npos || std::atoi(stat.c_str() + parent + 4) != m_pid) continue;
+            ++now.children;
+            if (!may_run_everywhere(std::atoi(stat.c_str()))) ++now.bound_children;
         }
         return now;
     }
 
 private:
+    static bool may_run_everywhere(pid_t process) {
+        cpu_set_t all;
+        cpu_set_t cores;
+        if (sched_getaffinity(0, sizeof all, &all) != 0) return false;
+        // A process that has just ended has no cores, and is no engine of the game.
+        return sched_getaffinity(process, sizeof cores, &cores) != 0 || CPU_EQUAL(&all, &cores) != 0;
+    }
+
     std::FILE* m_lines = nullptr;
     pid_t m_pid = 0;
 };
