@@ -6,12 +6,14 @@
 namespace velmora {
 
 void LineQueue::put(const std::string& line) {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_lines.push_back(line);
-        if (m_lines.size() > crowded_at && m_expendable) drop_expendable_front();
-    }
+    put_quietly(line);
     m_filled.notify_one();
+}
+
+void LineQueue::put_quietly(const std::string& line) {
+    const std::lock_guard lock(m_mutex);
+    m_lines.push_back(line);
+    if (m_lines.size() > crowded_at && m_expendable) drop_expendable_front();
 }
 
 void LineQueue::drop_expendable_front() {

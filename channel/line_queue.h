@@ -31,6 +31,11 @@ public:
 
     /// Appends a line and wakes one waiting reader.
     void put(const std::string& line);
+    /// Appends a line that can wait: a reader that sleeps gets it with the next put() or announce(), so that
+    /// it is woken once for all.
+    void put_quietly(const std::string& line);
+    /// Wakes one waiting reader for what was put quietly.
+    void announce() { m_filled.notify_one(); }
 
     /// The front line; waits for one.
     std::string wait_and_pop();

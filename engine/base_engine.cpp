@@ -1,9 +1,11 @@
 #include "engine/base_engine.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
 #include "channel/text.h"
+#include "engine/engine_line.h"
 #include "engine/engio.h"
 #include "engine/wall_clock.h"
 
@@ -55,6 +57,16 @@ void BaseEngine::receive_line(std::string line) {
         }
     }
     if (!waits) process_lines();
+}
+
+void BaseEngine::flush() {
+    m_held = Held::nothing;
+    CommandSink* manager = nullptr;
+    {
+        const std::lock_guard lock(m_mutex);
+        manager = m_manager;
+    }
+    if (manager != nullptr) manager->flush();
 }
 
 std::string BaseEngine::next_line() {
@@ -152,7 +164,8 @@ void BaseEngine::send_together(std::initializer_list<std::string_view> commands)
     m_engio->send_lines({commands.begin(), commands.size()});
 }
 
-void BaseEngine::post(std::string_view line) const {
+void BaseEngine::post(std::string_view line) {
+    m_held = std::max(m_held, is_decisive(line) ? Held::urgent : Held::can_wait);
     if (m_manager == nullptr) return;
     std::string command = std::to_string(m_engine_id);
     command += ' ';

@@ -54,6 +54,9 @@ public:
 
     /// Queues the line and works the queue off; a "readyok" waits for the line after it.
     void receive_line(std::string line) override;
+    Held held() const override { return m_held; }
+    /// Has the referee take what it was given. Under no lock of the driver's, which the referee asks for next.
+    void flush() override;
     /// The oldest line, empty when there is none.
     std::string next_line();
     void clear_queue();
@@ -101,7 +104,7 @@ protected:
     /// Several commands by one write.
     void send_together(std::initializer_list<std::string_view> commands);
     /// Hands a line to the referee, behind the engine's number and its instance id.
-    void post(std::string_view line) const;
+    void post(std::string_view line);
     /// Writes "engine<id>" and the text, in one part or two, to the trace if that is wanted.
     void trace(std::string_view text, std::string_view more = {}) const;
 
@@ -120,6 +123,8 @@ private:
     std::uint64_t m_instance_id = 0;
     bool m_debug = false;
     LogFile* m_debug_stream = nullptr;
+
+    Held m_held = Held::nothing;  // reader thread only
 
     std::mutex m_queue_mutex;
     std::deque<std::string> m_queue;  // guarded by m_queue_mutex, oldest first

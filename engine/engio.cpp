@@ -20,6 +20,10 @@ namespace {
 constexpr std::size_t read_size = 32768;
 constexpr std::chrono::milliseconds patience(2000);
 
+/// How long a line may wait for those behind it, so that whoever takes them is woken once. Well below what
+/// the eye notices.
+constexpr std::chrono::milliseconds longest_hold(5);
+
 /// Writes all bytes to a pipe that does not block, waiting for at most `wait` in all until it takes them.
 bool write_all(int fd, std::string_view bytes, std::chrono::milliseconds wait) {
     const auto deadline = std::chrono::steady_clock::now() + wait;
@@ -94,6 +98,7 @@ bool Engio::reset_flags() {
 void Engio::operator()() {
     if (!enter_reader()) return;
     read_until_end();
+    if (m_flush_due) flush_receiver();
     leave_reader();
 }
 
@@ -121,6 +126,7 @@ void Engio::read_until_end() {
             m_splitter.finish();
         }
         hand_over_lines();
+        flush_or_hold();
         if (count <= 0 || m_splitter.overflown()) {
             log("   Engio::operator()  engine crashed   read bytes=" + std::to_string(count));
             m_crashed_flag = true;
@@ -130,12 +136,39 @@ void Engio::read_until_end() {
 }
 
 /// Waits until the engine has written or closed its output; false when the reader has to leave.
-bool Engio::wait_for_output() const {
+bool Engio::wait_for_output() {
     while (!m_quit_flag && !m_crashed_flag) {
         std::array<pollfd, 2> sources{{{m_child.stdout_fd(), POLLIN, 0}, {m_wakeup->read_fd(), POLLIN, 0}}};
-        if (::poll(sources.data(), sources.size(), -1) > 0 && sources[0].revents != 0) return true;
+        if (::poll(sources.data(), sources.size(), flush_when_due()) > 0 && sources[0].revents != 0)
+            return true;
     }
     return false;
+}
+
+void Engio::flush_or_hold() {
+    const std::lock_guard lock(m_engine_mutex);
+    const auto held = m_engine == nullptr ? LineReceiver::Held::nothing : m_engine->held();
+    if (held != LineReceiver::Held::can_wait) m_flush_due.reset();
+    if (held == LineReceiver::Held::urgent) m_engine->flush();
+    if (held == LineReceiver::Held::can_wait && !m_flush_due) {
+        m_flush_due = std::chrono::steady_clock::now() + longest_hold;
+    }
+}
+
+/// Gives the milliseconds until held lines are due, -1 when none are held.
+int Engio::flush_when_due() {
+    if (!m_flush_due) return -1;
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(*m_flush_due - std::chrono::steady_clock::now());
+    if (left.count() > 0) return static_cast<int>(left.count());
+    flush_receiver();
+    return -1;
+}
+
+void Engio::flush_receiver() {
+    m_flush_due.reset();
+    const std::lock_guard lock(m_engine_mutex);
+    if (m_engine != nullptr) m_engine->flush();
 }
 
 void Engio::hand_over_lines() {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -82,7 +84,10 @@ private:
     bool enter_reader();
     void leave_reader();
     void read_until_end();
-    bool wait_for_output() const;
+    bool wait_for_output();
+    void flush_or_hold();
+    int flush_when_due();
+    void flush_receiver();
     void hand_over_lines();
     bool hand_over(const std::string& line);
     void write_lines(std::span<const std::string_view> lines);
@@ -108,7 +113,9 @@ private:
     ChildProcess m_child;
     std::unique_ptr<WakeupPipe> m_wakeup;  // null without a process
 
-    LineSplitter m_splitter;  // reader thread only
+    // Reader thread only.
+    LineSplitter m_splitter;
+    std::optional<std::chrono::steady_clock::time_point> m_flush_due;  // none while nothing is held
     LogFile m_log;
     std::uint32_t m_engine_id = 0;  // owner's thread only
 };

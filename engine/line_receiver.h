@@ -11,6 +11,12 @@ public:
 
     /// Takes one line, without line end; a "bestmove" line has its arrival stamp behind it.
     virtual void receive_line(std::string line) = 0;
+
+    /// What has been taken since the last flush().
+    enum class Held { nothing, can_wait, urgent };
+    virtual Held held() const { return Held::nothing; }
+    /// Has whoever the lines are for take them. What can wait travels together with what follows soon.
+    virtual void flush() {}
 };
 
 }  // namespace velmora

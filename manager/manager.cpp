@@ -47,7 +47,14 @@ Manager::Manager(CommandSink& window, std::string program_path, std::chrono::mil
 
 Manager::~Manager() = default;
 
-void Manager::put_command(const std::string& line) { m_queue.put(line); }
+void Manager::put_command(const std::string& line) {
+    const int from = sender(line);
+    if (from == 1 || from == 2) {
+        m_queue.put_quietly(line);
+    } else {
+        m_queue.put(line);
+    }
+}
 
 void Manager::operator()() {
     // The pauses of a match end when they should: by default the kernel may stretch a sleep by 50 us.

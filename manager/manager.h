@@ -39,8 +39,10 @@ public:
     /// The thread's whole life: returns after "quit".
     void operator()();
 
-    /// Puts one line on the queue: sender id, a blank and the command. Any thread.
+    /// Puts one line on the queue: sender id, a blank and the command. Any thread. An engine's line waits for
+    /// flush() or a line of the window's.
     void put_command(const std::string& line) override;
+    void flush() override { m_queue.announce(); }
 
     /// A copy of all that is known of the engine in the first seat; std::logic_error when there is none. Any
     /// thread; never waits for an engine.

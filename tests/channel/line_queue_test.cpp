@@ -29,6 +29,21 @@ TEST(LineQueue, KeepsTheOrderOfEachOfThreeWriters) {
     EXPECT_TRUE(queue.empty());
 }
 
+TEST(LineQueue, QuietLinesComeWhenAnnouncedAndWithTheNextLine) {
+    LineQueue queue;
+    std::string read;
+    std::jthread reader([&] {
+        for (int i = 0; i < 3; ++i) read += queue.wait_and_pop();
+    });
+    queue.put_quietly("a");
+    queue.announce();
+    while (!queue.empty()) std::this_thread::sleep_for(1ms);
+    queue.put_quietly("b");
+    queue.put("c");
+    reader.join();
+    EXPECT_EQ(read, "abc");
+}
+
 TEST(LineQueue, DrainHoldsUpWritersUntilItsHandlerReturns) {
     LineQueue queue;
     queue.put("first");

@@ -1,5 +1,6 @@
 #include "engine/engio.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <stdexcept>
@@ -17,12 +18,20 @@ class Receiver : public LineReceiver {
 public:
     void receive_line(std::string line) override {
         m_sink.put_command(line);
+        if (line.starts_with("info")) m_held = std::max(m_held, Held::can_wait);
+        if (line.starts_with("urgent")) m_held = Held::urgent;
         if (line.find("throw") != std::string::npos) throw std::runtime_error("of the test's making");
+    }
+    Held held() const override { return m_held; }
+    void flush() override {
+        m_held = Held::nothing;
+        m_sink.put_command("(flush)");
     }
     std::vector<std::string> lines() const { return m_sink.lines(); }
 
 private:
     test::RecordingSink m_sink;
+    Held m_held = Held::nothing;
 };
 
 /// An Engio with its reader thread, as a handle uses it.
@@ -67,6 +76,21 @@ TEST_F(EngioTest, LinesComeWholeAndInOrder) {
     ASSERT_TRUE(wait_until([&] { return m_receiver.lines().size() == 5; }));
     const Lines expected{"one", "two", "", "three", "bestmove e2e4 TS=~"};
     EXPECT_EQ(masked(m_receiver.lines(), expected), expected);
+}
+
+TEST_F(EngioTest, HeldLinesArePassedOnSoon) {
+    start("a", "write info one\\ninfo two\\n\nwait 300\nwrite info three\\nurgent\\ninfo four\\n\n");
+    ASSERT_TRUE(wait_until([&] { return m_receiver.lines().size() == 7; }));
+    EXPECT_EQ(m_receiver.lines(),
+              Lines({"info one", "info two", "(flush)", "info three", "urgent", "info four", "(flush)"}));
+    // Also of an engine that never pauses for long.
+    std::string chatter;
+    for (int i = 0; i < 50; ++i) chatter += "write info\\n\nwait 1\n";
+    quit();
+    start("b", chatter + "write over\\n\n");
+    ASSERT_TRUE(wait_until([&] { return m_receiver.lines().back() == "over"; }));
+    const Lines lines = m_receiver.lines();
+    EXPECT_TRUE(std::find(lines.begin() + 6, lines.end(), "(flush)") != lines.end());
 }
 
 TEST_F(EngioTest, LogsBothDirections) {

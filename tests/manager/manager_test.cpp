@@ -35,6 +35,7 @@ struct EchoingReferee {
     void hold() {
         referee.window().hold_at("white_info stop here");
         put("info stop here");
+        referee.manager().flush();
         EXPECT_EQ(referee.next_line(), "white_info stop here");
     }
 

@@ -135,6 +135,7 @@ protected:
             m_referee.say(rest);
         } else if (word == ">>") {
             m_referee.manager().put_command(rest);
+            m_referee.manager().flush();
         } else if (word == "<") {
             ASSERT_EQ(m_referee.next_line(), rest);
         } else if (word == "<~") {
