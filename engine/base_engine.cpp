@@ -5,11 +5,21 @@
 #include <vector>
 
 #include "channel/text.h"
-#include "engine/engine_line.h"
 #include "engine/engio.h"
 #include "engine/wall_clock.h"
 
 namespace velmora {
+
+namespace {
+
+/// Whether a line makes the referee act. All else that an engine says is passed on or noted, and may wait for
+/// the lines behind it.
+bool is_decisive(std::string_view line) {
+    const auto word = text::first_word(line);
+    return word == "bestmove" || word == "resign";
+}
+
+}  // namespace
 
 void BaseEngine::set_ponder(bool on) {
     const std::lock_guard lock(m_mutex);
