@@ -55,7 +55,8 @@ public:
     /// Queues the line and works the queue off; a "readyok" waits for the line after it.
     void receive_line(std::string line) override;
     Held held() const override { return m_held; }
-    /// Has the referee take what it was given. Under no lock of the driver's, which the referee asks for next.
+    /// Has the referee take what it was given; holds no lock meanwhile, since the referee asks for the
+    /// driver's next.
     void flush() override;
     /// The oldest line, empty when there is none.
     std::string next_line();
