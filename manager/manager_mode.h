@@ -31,4 +31,7 @@ constexpr bool is_engine_turn(MoveTurn turn) {
     return turn == MoveTurn::engine1 || turn == MoveTurn::engine2;
 }
 
+/// REQUIRES: is_engine_turn(turn).
+constexpr Seat seat_of(MoveTurn turn) { return turn == MoveTurn::engine1 ? Seat::first : Seat::second; }
+
 }  // namespace velmora

@@ -147,7 +147,7 @@ bool MatchMode::is_game_running() const {
 
 std::optional<pthread_t> MatchMode::answering_thread() const {
     if (!is_game_running()) return std::nullopt;
-    auto& mover = engine(m_state.turn == MoveTurn::engine1 ? Seat::first : Seat::second);
+    auto& mover = engine(seat_of(m_state.turn));
     return mover.move_time() < young_search ? mover.reader() : std::nullopt;
 }
 
@@ -156,7 +156,7 @@ GameEnd MatchMode::step() {
     // included.
     const Move move = std::exchange(m_state.pending, Move());
     if (move.empty() || !is_game_running()) return {};
-    return engine_moved(m_state.turn == MoveTurn::engine1 ? Seat::first : Seat::second, move);
+    return engine_moved(seat_of(m_state.turn), move);
 }
 
 GameEnd MatchMode::engine_moved(Seat seat, Move move) {
