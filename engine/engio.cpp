@@ -146,11 +146,17 @@ bool Engio::wait_for_output() {
 }
 
 void Engio::flush_or_hold() {
-    const std::lock_guard lock(m_engine_mutex);
-    const auto held = m_engine == nullptr ? LineReceiver::Held::nothing : m_engine->held();
-    if (held != LineReceiver::Held::can_wait) m_flush_due.reset();
-    if (held == LineReceiver::Held::urgent) m_engine->flush();
-    if (held == LineReceiver::Held::can_wait && !m_flush_due) {
+    using Held = LineReceiver::Held;
+    Held held = Held::nothing;
+    {
+        const std::lock_guard lock(m_engine_mutex);
+        if (m_engine != nullptr) held = m_engine->held();
+    }
+    if (held == Held::urgent) {
+        flush_receiver();
+    } else if (held == Held::nothing) {
+        m_flush_due.reset();
+    } else if (!m_flush_due) {
         m_flush_due = std::chrono::steady_clock::now() + longest_hold;
     }
 }
