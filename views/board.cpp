@@ -2,25 +2,11 @@
 
 #include <algorithm>
 
-#include <glibmm/main.h>
-#include <gtkmm/tooltip.h>
-
-#include "views/image_code.h"
-
 namespace velmora {
-
-namespace {
-
-/// Beyond the toolkit's own half second.
-constexpr unsigned tooltip_delay_ms = 1500;
-
-}  // namespace
 
 Board::Board(int size) : m_drawing(size) {
     add_events(Gdk::BUTTON_PRESS_MASK | Gdk::BUTTON_RELEASE_MASK | Gdk::POINTER_MOTION_MASK);
     add(m_drawing);
-    set_has_tooltip();
-    signal_query_tooltip().connect(sigc::mem_fun(*this, &Board::name_man_under));
     m_drawing.signal_square_pressed().connect([this](int square) {
         report_move({converted(square), converted(square)});
     });
@@ -56,12 +42,6 @@ std::optional<int> Board::picked_square() const {
     return converted(m_drawing.table().drag_from());
 }
 
-bool Board::note_rest() {
-    m_rested = true;
-    trigger_tooltip_query();
-    return false;
-}
-
 void Board::report_move(std::pair<int, int> shown_squares) {
     m_move = shown_squares;
     m_move_made.emit();
@@ -89,23 +69,6 @@ bool Board::on_motion_notify_event(GdkEventMotion* event) {
 void Board::on_grab_notify(bool was_grabbed) {
     // A dialog has taken the pointer in the middle of a drag: the release will not come here.
     if (!was_grabbed) m_drawing.cancel_drag();
-}
-
-/// The tooltip of the man under the resting pointer; an empty square needs no words. It comes later than
-/// other tooltips do: who rests the pointer to think wants to see the board.
-bool Board::name_man_under(int x, int y, bool, const Glib::RefPtr<Gtk::Tooltip>& tooltip) {
-    const auto square = m_drawing.square_at(x, y);
-    if (square != m_tip_square) {
-        m_tip_square = square;
-        m_rested = false;
-        m_resting.disconnect();
-        m_resting = Glib::signal_timeout().connect(sigc::mem_fun(*this, &Board::note_rest), tooltip_delay_ms);
-    }
-    if (!m_rested || !square || !is_man(m_drawing.table().code(*square)) || picked_square()) return false;
-    tooltip->set_text(m_drawing.content_in_words(converted(*square)));
-    const Place corner = corner_of(*square, m_drawing.cell());
-    tooltip->set_tip_area({corner.x, corner.y, m_drawing.cell().width, m_drawing.cell().height});
-    return true;
 }
 
 }  // namespace velmora

@@ -53,19 +53,14 @@ protected:
 private:
     /// From a square of the position to the shown square, and back.
     int converted(int square) const { return m_flipped ? turned(square) : square; }
-    bool name_man_under(int x, int y, bool keyboard, const Glib::RefPtr<Gtk::Tooltip>& tooltip);
-    bool note_rest();
     void report_move(std::pair<int, int> shown_squares);
 
     sigc::signal<void> m_move_made;
     sigc::signal<void> m_man_picked;
     bool m_flipped = false;
     Drawing m_drawing;
-    std::pair<int, int> m_move;       // shown squares
-    BoardMarks m_marks;               // squares of the position
-    std::optional<int> m_tip_square;  // the shown square under the pointer when a tooltip was last asked for
-    bool m_rested = false;            // whether it has stayed there long enough for one
-    sigc::connection m_resting;
+    std::pair<int, int> m_move;  // shown squares
+    BoardMarks m_marks;          // squares of the position
 };
 
 }  // namespace velmora

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include <gdkmm/general.h>
-#include <gtkmm/tooltip.h>
 
 #include "views/board_accessible.h"
 #include "views/shown_position.h"
@@ -23,8 +22,6 @@ ChessBoard::ChessBoard(int size)
     // An empty label would still take up a line's height.
     unset_label();
     set_shadow_type(Gtk::SHADOW_NONE);
-    set_has_tooltip();
-    signal_query_tooltip().connect(sigc::mem_fun(*this, &ChessBoard::explain));
     get_accessible()->set_name("Board");
     add(m_board);
     m_board.signal_move_made().connect(m_move_made.make_slot());
@@ -62,15 +59,6 @@ bool ChessBoard::on_draw(const Cairo::RefPtr<Cairo::Context>& cr) {
         draw_label(cr, char('1' + shown), left - m_label_width / 2.0, top + (7.5 - i) * cell);
     }
     return false;
-}
-
-/// The tooltip of the margin; over the board itself it would be in the way.
-bool ChessBoard::explain(int x, int y, bool, const Glib::RefPtr<Gtk::Tooltip>& tooltip) {
-    int board_x = 0, board_y = 0;
-    translate_coordinates(m_board, x, y, board_x, board_y);
-    if (drawing().square_at(board_x, board_y)) return false;
-    tooltip->set_text("Drag a man, or click him and then the square he is to go to, or type the move");
-    return true;
 }
 
 /// A character centred on a point.

@@ -59,7 +59,6 @@ protected:
     void compute_child_allocation_vfunc(Gtk::Allocation& allocation) override;
 
 private:
-    bool explain(int x, int y, bool keyboard, const Glib::RefPtr<Gtk::Tooltip>& tooltip);
     void draw_label(const Cairo::RefPtr<Cairo::Context>& cr, char label, double x, double y);
 
     sigc::signal<void> m_move_made;

@@ -62,7 +62,6 @@ public:
 
     const SquareTable& table() const { return m_table; }
     CellSize cell() const { return m_cell; }
-    std::optional<int> square_at(double x, double y) const { return velmora::square_at(x, y, m_cell); }
 
     bool on_draw(const Cairo::RefPtr<Cairo::Context>& cr) override;
 
@@ -70,6 +69,7 @@ protected:
     void on_size_allocate(Gtk::Allocation& allocation) override;
 
 private:
+    std::optional<int> square_at(double x, double y) const { return velmora::square_at(x, y, m_cell); }
     void redraw_square(int square);
     void square_changed(int square);
     void squares_changed_since(const SquareTable::Codes& before);

@@ -25,6 +25,9 @@ protected:
 
 TEST_F(AccessibleBoardTest, SquaresTellTheirContent) {
     board.set_fen(start_fen);
+    for (const Gtk::Widget* widget : gui::descendants(board)) {
+        EXPECT_FALSE(widget->get_has_tooltip()) << "words over the squares";
+    }
     ASSERT_EQ(atk_object_get_n_accessible_children(accessible()), 64);
     EXPECT_STREQ(atk_object_get_name(accessible()), "Chess board");
     EXPECT_EQ(atk_object_get_role(accessible()), ATK_ROLE_DRAWING_AREA);
@@ -76,26 +79,6 @@ TEST_F(AccessibleBoardTest, SquaresOutliveTheirBoard) {
     EXPECT_EQ(atk_object_get_name(kept), nullptr);
     EXPECT_FALSE(atk_action_do_action(ATK_ACTION(kept), 0));
     g_object_unref(kept);
-}
-
-TEST_F(AccessibleBoardTest, OnlyMenAndTheMarginHaveTooltips) {
-    board.set_fen(start_fen);
-    const auto answers = [](Gtk::Widget& widget, gui::Point at) {
-        auto* tooltip = GTK_TOOLTIP(g_object_new(GTK_TYPE_TOOLTIP, nullptr));
-        gboolean answered = FALSE;
-        g_signal_emit_by_name(widget.gobj(), "query-tooltip", int(at.x), int(at.y), FALSE, tooltip,
-                              &answered);
-        g_object_unref(tooltip);
-        return answered != FALSE;
-    };
-    int x = 0, y = 0;
-    board.drawing().translate_coordinates(board, 0, 0, x, y);
-    EXPECT_FALSE(answers(taker(), middle(12))) << "not at once";
-    EXPECT_TRUE(gui::pump_until([&] { return answers(taker(), middle(12)); }));
-    EXPECT_FALSE(answers(taker(), middle(13))) << "the pointer has not rested there";
-    EXPECT_FALSE(answers(taker(), middle(28)));
-    EXPECT_FALSE(answers(board, {x + 10.0, y + 300.0}));
-    EXPECT_TRUE(answers(board, {x - 10.0, y + 300.0}));
 }
 
 TEST_F(AccessibleBoardTest, LastMoveIsSaid) {
