@@ -51,6 +51,8 @@ bool Board::on_button_press_event(GdkEventButton* event) {
     // A double click sends a press of another type besides its two; it must not take up what is in the air
     // already.
     if (event->type != GDK_BUTTON_PRESS || event->button != GDK_BUTTON_PRIMARY) return true;
+    // Whoever turns to the board is done with the text that was typed before.
+    m_drawing.grab_focus();
     if (m_drawing.begin_drag(event->x, event->y)) m_man_picked.emit();
     return true;
 }

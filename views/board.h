@@ -10,8 +10,8 @@
 
 namespace velmora {
 
-/// Takes the pointer's events on the board and hides from the outside which side the board is seen from: all
-/// squares here are those of the position, 0 is a1.
+/// Takes the pointer's events on the board, and the keyboard with them, and hides from the outside which side
+/// the board is seen from: all squares here are those of the position, 0 is a1.
 class Board : public Gtk::EventBox {
 public:
     explicit Board(int size);

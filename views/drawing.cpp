@@ -15,6 +15,7 @@ Drawing::Drawing(int size) : Glib::ObjectBase("velmora_Drawing") {
     use_board_accessible(GTK_WIDGET_GET_CLASS(gobj()));
     get_accessible()->set_name("Chess board");
     get_accessible()->set_role(Atk::ROLE_DRAWING_AREA);
+    set_can_focus();
     const int side = board_size(size);
     set_size_request(side, side);
     m_cell = cell_of(side, side);

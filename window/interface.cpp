@@ -5,11 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include <gdk/gdkkeysyms.h>
 #include <glibmm/convert.h>
 #include <glibmm/main.h>
-#include <gtkmm/editable.h>
-#include <gtkmm/textview.h>
 
 #include "channel/text.h"
 #include "window/typed_move.h"
@@ -49,6 +46,7 @@ Interface::Interface(std::string program_path, int board_size)
       m_modes(m_desk, m_screen, m_comments, m_link, [this] { return m_manager.has_engine(); }),
       m_user_moves(m_desk, m_screen, m_comments, m_link),
       m_navigation(m_desk, m_screen, m_comments, m_link),
+      m_navigation_keys(m_navigation),
       m_files(*this, m_desk, m_screen, m_comments, m_link, m_chooser),
       m_engines(*this, m_desk, m_screen, m_link, m_chooser,
                 [this] { return m_manager.get_enginevariables(); }),
@@ -112,7 +110,9 @@ void Interface::lay_out() {
                                 static_cast<Gtk::Window*>(&m_comment), static_cast<Gtk::Window*>(&m_epd)}) {
         window->set_transient_for(*this);
         window->set_type_hint(Gdk::WINDOW_TYPE_HINT_UTILITY);
+        m_navigation_keys.attach(*window);
     }
+    m_navigation_keys.attach(*this);
     m_navigation_bar.connect(m_navigation);
     drag_dest_set({Gtk::TargetEntry("text/uri-list")}, Gtk::DEST_DEFAULT_ALL, Gdk::ACTION_COPY);
 }
@@ -150,36 +150,14 @@ bool Interface::on_delete_event(GdkEventAny* /*event*/) {
 }
 
 bool Interface::on_key_press_event(GdkEventKey* event) {
-    const Gtk::Widget* const focus = get_focus();
-    const bool typing =
-        dynamic_cast<const Gtk::Editable*>(focus) || dynamic_cast<const Gtk::TextView*>(focus);
     const auto modifiers = event->state & gtk_accelerator_get_default_mod_mask();
     const auto character = gdk_keyval_to_unicode(event->keyval);
-    if (!typing && modifiers == 0 && press_navigation_key(event->keyval)) return true;
-    if (!typing && (modifiers & ~unsigned(GDK_SHIFT_MASK)) == 0 && begins_move(character)) {
+    const bool plain = (modifiers & ~unsigned(GDK_SHIFT_MASK)) == 0;
+    if (plain && begins_move(character) && !NavigationKeys::is_typing(*this)) {
         m_move_entry.begin(character);
         return true;
     }
     return Gtk::Window::on_key_press_event(event);
-}
-
-bool Interface::press_navigation_key(unsigned key) {
-    switch (key) {
-        case GDK_KEY_Left:
-            m_navigation.back();
-            return true;
-        case GDK_KEY_Right:
-            m_navigation.forward();
-            return true;
-        case GDK_KEY_Home:
-            m_navigation.to_start();
-            return true;
-        case GDK_KEY_End:
-            m_navigation.to_end();
-            return true;
-        default:
-            return false;
-    }
 }
 
 void Interface::on_drag_data_received(const Glib::RefPtr<Gdk::DragContext>& /*context*/, int /*x*/, int /*y*/,

@@ -31,6 +31,7 @@
 #include "window/mode_controller.h"
 #include "window/navigation.h"
 #include "window/navigation_bar.h"
+#include "window/navigation_keys.h"
 #include "window/rooms.h"
 #include "window/secondary_windows.h"
 #include "window/tournament_flows.h"
@@ -80,7 +81,6 @@ private:
     void open_dropped(const std::string& uri);
     void lay_out();
     void connect_views();
-    bool press_navigation_key(unsigned key);
 
     // The lines from the referee: there before its thread starts, gone after it has ended.
     LineQueue m_queue;          // each behind the number of commands that the referee had taken, and a blank
@@ -110,6 +110,7 @@ private:
     ModeController m_modes;
     UserMoves m_user_moves;
     Navigation m_navigation;
+    NavigationKeys m_navigation_keys;
     FileFlows m_files;
     EngineFlows m_engines;
     TournamentFlows m_tournaments;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include <gdk/gdkkeysyms.h>
 #include <glibmm/miscutils.h>
 #include <gtkmm/comboboxtext.h>
 #include <gtkmm/entry.h>
@@ -204,11 +205,30 @@ TEST_F(WordsTest, TheWindows) {
     EXPECT_EQ(m_window->get_title(), "Velmora (no engine loaded)");
     activate("View", "Show FEN");
     EXPECT_THAT(texts(*m_window), testing::IsSupersetOf({"White: ", "Black: ", "FEN ", "OK"}));
+    // The keyboard goes where the pointer presses, and steps through the game wherever no text is edited.
+    Board& board = *gui::find_widget<Board>(*m_window);
+    const double cell = board.drawing().cell().width;
+    const auto steps_back = [&](Gtk::Window& window) {
+        gui::press_key(window, GDK_KEY_Left);
+        const bool stepped = !m_window->desk().can_go_back();
+        if (stepped) gui::press_key(window, GDK_KEY_End);
+        return stepped;
+    };
+    auto& fen_field = *gui::find_widget<Gtk::Entry>(*gui::find_widget<FenEntry>(*m_window));
+    fen_field.grab_focus();
+    EXPECT_TRUE(gui::pump_until([&] {  // the first presses after the start don't count
+        gui::drag(board, {4.5 * cell, 6.5 * cell}, {4.5 * cell, 4.5 * cell});
+        return m_window->desk().can_go_back();
+    }));
+    EXPECT_TRUE(steps_back(*m_window));
+    fen_field.grab_focus();
+    EXPECT_FALSE(steps_back(*m_window));
     const struct {
         const char *label, *title, *texts;
+        bool steps = true;
     } rows[] = {{"Show Engine Output", "Engines: output", "Black|White"},
                 {"Show PGN", "PGN", ""},
-                {"Show Comment Editor", "Comment", ""},
+                {"Show Comment Editor", "Comment", "", false},
                 {"Show EPD Code", "EPD", ""}};
     for (const auto& row : rows) {
         activate("View", row.label);
@@ -218,6 +238,7 @@ TEST_F(WordsTest, TheWindows) {
         }
         ASSERT_NE(shown, nullptr) << row.title;
         EXPECT_EQ(joined(texts(*shown)), row.texts);
+        EXPECT_EQ(steps_back(*shown), row.steps) << row.title;
     }
     load_engine();
     // All of them go with the main window, also the one that the keyboard is in.

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <gtkmm/window.h>
+
+#include "window/navigation.h"
+
+namespace velmora {
+
+/// Left, Right, Home and End step through the game, in each window that shows it, wherever no text is edited.
+class NavigationKeys : public sigc::trackable {
+public:
+    explicit NavigationKeys(Navigation& navigation) : m_navigation(navigation) {}
+
+    /// Takes the four keys ahead of what has the keyboard in the window.
+    void attach(Gtk::Window& window);
+
+    /// Whether what has the keyboard in the window takes typed text.
+    static bool is_typing(const Gtk::Window& window);
+
+private:
+    bool on_key(GdkEventKey* event, const Gtk::Window* window);
+    bool press(unsigned key);
+
+    Navigation& m_navigation;
+};
+
+}  // namespace velmora
