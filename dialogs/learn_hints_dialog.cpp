@@ -12,6 +12,8 @@ int ask_learn_hints(Gtk::Window& parent) {
     dialog.body().set_border_width(20);
     Gtk::CheckButton white("hint white moves");
     Gtk::CheckButton black("hint black moves");
+    white.set_active();
+    black.set_active();
     dialog.body().pack_start(white, Gtk::PACK_SHRINK);
     dialog.body().pack_start(black, Gtk::PACK_SHRINK);
     dialog.add_answer("CANCEL", cancel);

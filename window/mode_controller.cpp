@@ -78,6 +78,11 @@ void ModeController::learn_openings(bool on) {
         return;
     }
     const int mask = m_screen.choose_hints();
+    if (mask == 0) {
+        // A drill without hints is none. Without a mode of its own the referee would go on with the last.
+        m_screen.select_mode(Mode::human_human);
+        return;
+    }
     m_screen.set_sensitive("StartThinking", false);
     m_desk.clocks_held = true;
     m_desk.set_engine_plays(false, false);
@@ -85,7 +90,7 @@ void ModeController::learn_openings(bool on) {
     m_manager.send("learnopenings " + std::to_string(mask));
     // The referee has not followed the moves of a game between people: the drill starts from what is on the
     // board.
-    if (mask != 0) send_position();
+    send_position();
 }
 
 void ModeController::tournament(bool on) {

@@ -86,8 +86,8 @@ TEST_F(SmallDialogsTest, LearnHintsMasks) {
         for (const bool ok : {true, false}) {
             const auto reply = [&](Gtk::Dialog& dialog) {
                 EXPECT_EQ(dialog.get_title(), "Learn Openings Hints");
-                if (mask & 1) press(dialog, "hint white moves");
-                if (mask & 2) press(dialog, "hint black moves");
+                if ((mask & 1) == 0) press(dialog, "hint white moves");
+                if ((mask & 2) == 0) press(dialog, "hint black moves");
                 press(dialog, ok ? "OK" : "CANCEL");
             };
             EXPECT_EQ(answering(reply, [&] { return ask_learn_hints(m_parent); }), ok ? mask : 0);

@@ -268,6 +268,10 @@ TEST_F(DeskTest, WhatEachModeSends) {
     screen.select_mode(Mode::analyze_position);
     EXPECT_THAT(referee.take(), ElementsAre(board, "0 analyzeposition"));
     EXPECT_FALSE(screen.sensitive["StartThinking"] || screen.sensitive["Ponder"]);
+    screen.hints_answer = 0;
+    screen.select_mode(Mode::learn_openings);
+    EXPECT_EQ(screen.mode(), Mode::human_human);
+    EXPECT_THAT(referee.take(), ElementsAre("0 learnopenings 0", "0 human_human"));
     screen.hints_answer = 3;
     screen.select_mode(Mode::learn_openings);
     EXPECT_THAT(referee.take(), ElementsAre("0 learnopenings 3", board));

@@ -16,7 +16,7 @@ public:
     std::string comment;  // the comment box
     int piece_answer = 0;
     int promotion_answer = 0;
-    int hints_answer = 0;
+    int hints_answer = 3;
     /// What the mode's radio actions bring about, as the real menu connects it.
     std::function<void(Mode, bool)> on_switched;
 

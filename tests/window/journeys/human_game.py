@@ -101,14 +101,16 @@ class HumanGame(Journey):
         for item in ("Human - computer", "Analysis", "Start thinking"):
             self.assertFalse(program.is_sensitive("Mode", item), item)
         program.play("e2e4")
-        for count, answer in enumerate(("CANCEL", "OK")):
+        for count, answer in enumerate(("CANCEL", "OK"), 1):
             program.choose("Mode", "Learn Opening")
-            program.press_button(answer, program.dialog("Learn Openings Hints"))
-            program.wait_for_log("0 learnopenings 0", 2 * count + 1)
-            program.choose("Mode", "Human - human")
+            dialog = program.dialog("Learn Openings Hints")
+            for box in ("white", "black"):
+                press(program.wait_for("check box", f"hint {box} moves", dialog))
+            program.press_button(answer, dialog)
+            program.wait_for_log("0 learnopenings 0", count)
+            program.wait_for_mode("Human - human")
         program.choose("Mode", "Learn Opening")
         dialog = program.dialog("Learn Openings Hints")
-        press(program.wait_for("check box", "hint white moves", dialog))
         program.screenshot("learn-dialog")
         program.press_button("OK", dialog)
         program.answer_message("use menu 'File' to load a Polyglot book")

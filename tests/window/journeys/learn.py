@@ -27,7 +27,7 @@ class Learn(Journey):
     def learn(self, *boxes):
         self.program.choose("Mode", "Learn Opening")
         dialog = self.program.dialog("Learn Openings Hints")
-        for box in boxes:
+        for box in {"white", "black"} - set(boxes):
             press(self.program.wait_for("check box", f"hint {box} moves", dialog))
         self.program.press_button("OK", dialog)
 
