@@ -21,11 +21,13 @@ constexpr const char* placeholder_name = "no_engine_loaded";
 }  // namespace
 
 EngineFlows::EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager,
-                         FileChooser& chooser, std::function<EngineVariables()> engine_variables)
+                         ModeController& modes, FileChooser& chooser,
+                         std::function<EngineVariables()> engine_variables)
     : m_parent(parent),
       m_desk(desk),
       m_screen(screen),
       m_manager(manager),
+      m_modes(modes),
       m_chooser(chooser),
       m_engine_variables([ask = std::move(engine_variables)] {
           try {
@@ -41,8 +43,7 @@ void EngineFlows::send_load(const std::string& command) {
     m_manager.send(command);
     // The referee stands at the start of a game after a load, the board doesn't.
     if (m_screen.mode() == Mode::tournament) return;
-    m_manager.send("setboard " + m_desk.position.fen());
-    if (m_screen.mode() == Mode::analyze_position) m_manager.send("analyzeposition");
+    m_modes.follow_position();
 }
 
 void EngineFlows::load() {

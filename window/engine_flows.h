@@ -9,6 +9,7 @@
 #include "window/file_chooser.h"
 #include "window/game_desk.h"
 #include "window/manager_link.h"
+#include "window/mode_controller.h"
 #include "window/screen.h"
 
 namespace velmora {
@@ -19,7 +20,8 @@ public:
     /// @param engine_variables  gives the referee's record of the engine in the first seat; throws
     ///                          std::logic_error when there is none
     EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager,
-                FileChooser& chooser, std::function<EngineVariables()> engine_variables);
+                ModeController& modes, FileChooser& chooser,
+                std::function<EngineVariables()> engine_variables);
 
     void load();
     void load_installed();
@@ -34,6 +36,7 @@ private:
     GameDesk& m_desk;
     Screen& m_screen;
     ManagerLink& m_manager;
+    ModeController& m_modes;
     FileChooser& m_chooser;
     const std::function<EngineVariables()> m_engine_variables;
 };

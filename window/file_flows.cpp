@@ -136,7 +136,7 @@ void FileFlows::show_loaded() {
     m_screen.show_game();
     m_screen.mark_clock(m_desk.side_to_move());
     m_screen.show_position();
-    m_manager.send("setboard " + m_desk.position.fen());
+    m_modes.follow_position();
 }
 
 void FileFlows::enter_fen(const std::string& fen) {

@@ -10,6 +10,7 @@
 #include "window/file_chooser.h"
 #include "window/game_desk.h"
 #include "window/manager_link.h"
+#include "window/mode_controller.h"
 #include "window/screen.h"
 
 namespace velmora {
@@ -18,12 +19,13 @@ namespace velmora {
 class FileFlows {
 public:
     FileFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, CommentKeeper& comments,
-              ManagerLink& manager, FileChooser& chooser)
+              ManagerLink& manager, ModeController& modes, FileChooser& chooser)
         : m_parent(parent),
           m_desk(desk),
           m_screen(screen),
           m_comments(comments),
           m_manager(manager),
+          m_modes(modes),
           m_chooser(chooser) {}
 
     void load_game();
@@ -57,6 +59,7 @@ private:
     Screen& m_screen;
     CommentKeeper& m_comments;
     ManagerLink& m_manager;
+    ModeController& m_modes;
     FileChooser& m_chooser;
     std::string m_position_file;       // loaded last
     std::size_t m_position_index = 0;  // of its line, from 1

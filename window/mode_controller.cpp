@@ -28,6 +28,23 @@ void ModeController::repeat() {
     if (mode == Mode::human_computer || mode == Mode::analyze_position) on_switched(mode, true);
 }
 
+void ModeController::follow_position() {
+    send_position();
+    const Mode mode = m_screen.mode();
+    if (mode == Mode::human_computer) leave_move_to_person();
+    if (mode == Mode::analyze_position) m_manager.send("analyzeposition");
+}
+
+/// Whichever side is to move, it is the person's, and the engine takes the other: nobody else would begin.
+void ModeController::leave_move_to_person() {
+    const Side engine = opposite(m_desk.side_to_move());
+    m_desk.set_engine_plays(engine == Side::white, engine == Side::black);
+    m_desk.clocks_held = false;
+    m_manager.send("playother");
+    m_screen.stop_clocks();
+    m_screen.mark_clock(m_desk.side_to_move());
+}
+
 void ModeController::send_position() { m_manager.send("setboard " + m_desk.position.fen()); }
 
 void ModeController::setup(bool on) {
@@ -54,13 +71,7 @@ void ModeController::human_human(bool on) {
 void ModeController::human_computer(bool on) {
     m_screen.set_sensitive("StartThinking", on);
     m_screen.set_sensitive("Ponder", on);
-    if (!on) return;
-    const Side engine = opposite(m_desk.side_to_move());
-    m_desk.set_engine_plays(engine == Side::white, engine == Side::black);
-    m_desk.clocks_held = false;
-    send_position();
-    m_manager.send("playother");
-    m_screen.mark_clock(m_desk.side_to_move());
+    if (on) follow_position();
 }
 
 void ModeController::analyze_position(bool on) {
@@ -68,8 +79,7 @@ void ModeController::analyze_position(bool on) {
     m_screen.set_sensitive("StartThinking", false);
     m_desk.clocks_held = true;
     m_desk.set_engine_plays(false, false);
-    send_position();
-    m_manager.send("analyzeposition");
+    follow_position();
 }
 
 void ModeController::learn_openings(bool on) {
@@ -122,6 +132,9 @@ void ModeController::start_thinking() {
 void ModeController::new_game() {
     m_desk.position.new_game();
     m_desk.selected.reset();
+    m_screen.set_clock_level(m_desk.level);
+    m_screen.reset_clocks();
+    m_screen.stop_clocks();
     m_screen.mark_clock(Side::white);
     m_screen.clear_arrows();
     m_manager.send("new");

@@ -22,6 +22,10 @@ public:
     /// take it.
     void repeat();
 
+    /// The board shows a position that didn't come by a move: the referee follows, and an engine that takes
+    /// part in the mode goes on from there.
+    void follow_position();
+
     void start_thinking();
     void new_game();
 
@@ -36,6 +40,7 @@ private:
     void tournament(bool on);
 
     void send_position();
+    void leave_move_to_person();
 
     GameDesk& m_desk;
     Screen& m_screen;

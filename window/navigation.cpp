@@ -52,8 +52,7 @@ void Navigation::go(const Step& step) {
     m_screen.show_game();
     m_screen.mark_clock(m_desk.side_to_move());
     m_screen.show_position();
-    m_manager.send("setboard " + m_desk.position.fen());
-    if (m_screen.mode() == Mode::analyze_position) m_manager.send("analyzeposition");
+    m_modes.follow_position();
 }
 
 }  // namespace velmora

@@ -5,7 +5,7 @@
 
 #include "window/comment_keeper.h"
 #include "window/game_desk.h"
-#include "window/manager_link.h"
+#include "window/mode_controller.h"
 #include "window/screen.h"
 
 namespace velmora {
@@ -13,8 +13,8 @@ namespace velmora {
 /// Steps through the record: the four buttons under the board and clicks into the PGN text.
 class Navigation {
 public:
-    Navigation(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager)
-        : m_desk(desk), m_screen(screen), m_comments(comments), m_manager(manager) {}
+    Navigation(GameDesk& desk, Screen& screen, CommentKeeper& comments, ModeController& modes)
+        : m_desk(desk), m_screen(screen), m_comments(comments), m_modes(modes) {}
 
     void to_start();
     void back();
@@ -34,7 +34,7 @@ private:
     GameDesk& m_desk;
     Screen& m_screen;
     CommentKeeper& m_comments;
-    ManagerLink& m_manager;
+    ModeController& m_modes;
 };
 
 }  // namespace velmora

@@ -78,7 +78,7 @@ protected:
     MessageDispatcher dispatcher{desk, screen, comments, link, [this] { modes.repeat(); }};
     ModeController modes{desk, screen, comments, link, [this] { return engine_loaded; }};
     UserMoves moves{desk, screen, comments, link, 0.0};
-    Navigation navigation{desk, screen, comments, link};
+    Navigation navigation{desk, screen, comments, modes};
 };
 
 // -- Lines from the referee
@@ -292,6 +292,27 @@ TEST_F(DeskTest, WhatEachModeSends) {
     EXPECT_THAT(screen.calls, Contains(std::string("title ") + no_engine_title));
 }
 
+TEST_F(DeskTest, APositionFromElsewhereIsWhereTheEngineGoesOn) {
+    const struct {
+        Mode mode;
+        Lines behind_position;
+    } rows[] = {{Mode::human_human, {}},
+                {Mode::human_computer, {"0 playother"}},
+                {Mode::analyze_position, {"0 analyzeposition"}},
+                {Mode::learn_openings, {}}};
+    for (const auto& row : rows) {
+        select(row.mode);
+        desk.start_from(after_e4);
+        modes.follow_position();
+        Lines expected{"0 setboard " + after_e4};
+        expected.insert(expected.end(), row.behind_position.begin(), row.behind_position.end());
+        EXPECT_EQ(referee.take(), expected) << mode_actions[std::size_t(row.mode)];
+        EXPECT_FALSE(desk.engine_to_move()) << "whichever side is to move is the person's";
+        EXPECT_EQ(desk.engine_plays[Side::white], row.mode == Mode::human_computer);
+        desk.position.new_game();
+    }
+}
+
 TEST_F(DeskTest, AnEngineThatComesToAnEmptySeatTakesUpTheMode) {
     const std::string board = "0 setboard " + desk.position.fen();
     const auto taken_up = [&](const char* name) {
@@ -322,6 +343,11 @@ TEST_F(DeskTest, NewGameGoesAgainstTheEngineOnlyWhenThereIsOne) {
     desk.engine1_name = "???";
     modes.new_game();
     EXPECT_EQ(screen.mode(), Mode::human_human);
+    screen.calls.clear();
+    modes.new_game();
+    EXPECT_THAT(screen.calls, ElementsAre("clock level " + desk.level.text(), "reset clocks", "stop clocks",
+                                          "mark clock white", "clear arrows"))
+        << "the game before may have been one against the clock";
     desk.engine1_name = "Alpha";
     engine_loaded = true;
     lines({"move e2e4"});

@@ -27,6 +27,11 @@ class Analysis(Journey):
         program.play("c7c5")
         infos = sum("-----> white_info" in line for line in program.log())
         program.wait_for_log("-----> white_info", infos + 3, 60)
+        program.show_fen()
+        program.enter_fen("4k3/8/8/8/8/8/4p3/4K2R b - - 0 1")
+        program.wait_for_log("0 analyzeposition", 3)
+        infos = sum("-----> black_info" in line for line in program.log())
+        program.wait_for_log("-----> black_info", infos + 3, 60)
         program.close()
 
     def test_the_engine_dies_while_it_analyses(self):
