@@ -1,5 +1,6 @@
 #include "window/engine_flows.h"
 
+#include <filesystem>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -21,13 +22,14 @@ constexpr const char* placeholder_name = "no_engine_loaded";
 }  // namespace
 
 EngineFlows::EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager,
-                         ModeController& modes, FileChooser& chooser,
+                         ModeController& modes, SeatedEngine& engine, FileChooser& chooser,
                          std::function<EngineVariables()> engine_variables)
     : m_parent(parent),
       m_desk(desk),
       m_screen(screen),
       m_manager(manager),
       m_modes(modes),
+      m_engine(engine),
       m_chooser(chooser),
       m_engine_variables([ask = std::move(engine_variables)] {
           try {
@@ -39,8 +41,9 @@ EngineFlows::EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, Ma
           }
       }) {}
 
-void EngineFlows::send_load(const std::string& command) {
+void EngineFlows::send_load(const std::string& command, const std::string& name, Protocol protocol) {
     m_manager.send(command);
+    m_engine.begin_load(name, protocol);
     // The referee stands at the start of a game after a load, the board doesn't.
     if (m_screen.mode() == Mode::tournament) return;
     m_modes.follow_position();
@@ -51,13 +54,16 @@ void EngineFlows::load() {
     if (path.empty()) return;
     const auto protocol = choose_protocol(m_parent);
     if (!protocol) return;
-    send_load("load " + std::to_string(*protocol) + " filename " + path);
+    send_load("load " + std::to_string(*protocol) + " filename " + path,
+              std::filesystem::path(path).filename(), static_cast<Protocol>(*protocol));
 }
 
 void EngineFlows::load_installed() {
     try {
         const auto engine = InstalledList(m_parent).choose();
-        if (engine && !engine->name.empty()) send_load("load 0 name " + engine->name);
+        if (engine && !engine->name.empty()) {
+            send_load("load 0 name " + engine->name, engine->name, engine->protocol);
+        }
     } catch (const std::exception& error) {
         m_screen.tell_user("The list of engines can't be used", error.what());
     }

@@ -11,6 +11,7 @@
 #include "window/manager_link.h"
 #include "window/mode_controller.h"
 #include "window/screen.h"
+#include "window/seated_engine.h"
 
 namespace velmora {
 
@@ -20,7 +21,7 @@ public:
     /// @param engine_variables  gives the referee's record of the engine in the first seat; throws
     ///                          std::logic_error when there is none
     EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager,
-                ModeController& modes, FileChooser& chooser,
+                ModeController& modes, SeatedEngine& engine, FileChooser& chooser,
                 std::function<EngineVariables()> engine_variables);
 
     void load();
@@ -30,13 +31,15 @@ public:
     void edit_options();
 
 private:
-    void send_load(const std::string& command);
+    /// @param name  of the program, for the person
+    void send_load(const std::string& command, const std::string& name, Protocol protocol);
 
     Gtk::Window& m_parent;
     GameDesk& m_desk;
     Screen& m_screen;
     ManagerLink& m_manager;
     ModeController& m_modes;
+    SeatedEngine& m_engine;
     FileChooser& m_chooser;
     const std::function<EngineVariables()> m_engine_variables;
 };

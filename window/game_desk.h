@@ -49,8 +49,6 @@ struct GameDesk {
     std::string round = "?";
     std::string engine1_name = no_engine_title;
     std::string engine2_name;
-    /// The first seat may have been empty since the last engine's name came.
-    bool seat_emptied = false;
     Level level;
 
     /// The board edits the position instead of playing on it.

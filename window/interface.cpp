@@ -28,6 +28,15 @@ bool is_search_output(const std::string& numbered_line) {
     return line.starts_with("white_info") || line.starts_with("black_info");
 }
 
+/// Nothing when nobody sits in the first seat, who may have left between one question and the next.
+std::optional<Protocol> protocol_of_engine(const Manager& manager) {
+    try {
+        return manager.get_enginevariables().protocol;
+    } catch (const std::logic_error&) {
+        return std::nullopt;
+    }
+}
+
 }  // namespace
 
 Interface::Interface(std::string program_path, int board_size)
@@ -42,13 +51,14 @@ Interface::Interface(std::string program_path, int board_size)
                         m_epd}),
       m_chooser(*this),
       m_comments(m_desk, m_screen),
-      m_dispatcher(m_desk, m_screen, m_comments, m_link, [this] { m_modes.repeat(); }),
-      m_modes(m_desk, m_screen, m_comments, m_link, [this] { return m_manager.has_engine(); }),
+      m_engine(m_desk, m_screen, m_link, [this] { return protocol_of_engine(m_manager); }),
+      m_dispatcher(m_desk, m_screen, m_comments, m_link, m_engine),
+      m_modes(m_desk, m_screen, m_comments, m_link, m_engine),
       m_user_moves(m_desk, m_screen, m_comments, m_link),
       m_navigation(m_desk, m_screen, m_comments, m_modes),
       m_navigation_keys(m_navigation),
       m_files(*this, m_desk, m_screen, m_comments, m_link, m_modes, m_chooser),
-      m_engines(*this, m_desk, m_screen, m_link, m_modes, m_chooser,
+      m_engines(*this, m_desk, m_screen, m_link, m_modes, m_engine, m_chooser,
                 [this] { return m_manager.get_enginevariables(); }),
       m_tournaments(*this, m_desk, m_screen, m_link),
       m_windows(*this, m_board,
@@ -68,16 +78,14 @@ Interface::Interface(std::string program_path, int board_size)
     m_screen.attach(m_actions, m_windows);
     lay_out();
     m_screen.show_position();
-    m_screen.set_title(no_engine_title);
     m_screen.select_mode(Mode::human_human);
     connect_views();
     show_all_children();
     m_windows.hide_all();
     m_screen.set_clock_level(m_desk.level);
     m_link.send("level " + m_desk.level.text());
-    for (const char* action : {"StartThinking", "HumanComputer", "Ponder", "AnalyzePosition"}) {
-        m_screen.set_sensitive(action, false);
-    }
+    m_screen.set_sensitive("Ponder", false);
+    m_engine.show();
 }
 
 Interface::~Interface() {

@@ -33,6 +33,7 @@
 #include "window/navigation_bar.h"
 #include "window/navigation_keys.h"
 #include "window/rooms.h"
+#include "window/seated_engine.h"
 #include "window/secondary_windows.h"
 #include "window/tournament_flows.h"
 #include "window/user_moves.h"
@@ -106,6 +107,7 @@ private:
     MainScreen m_screen;
     FileChooser m_chooser;
     CommentKeeper m_comments;
+    SeatedEngine m_engine;
     MessageDispatcher m_dispatcher;
     ModeController m_modes;
     UserMoves m_user_moves;

@@ -25,6 +25,9 @@ public:
     /// new game, when it wrote the line that came last. If not, the two have crossed.
     bool referee_knows_position() const { return m_taken >= m_position_sent; }
 
+    /// The same of the last command that sends the referee to look for engines.
+    bool referee_took_load() const { return m_taken >= m_load_sent; }
+
     /// On truncates and opens the log, off closes it.
     void set_logging(bool on);
 
@@ -34,6 +37,7 @@ private:
     CommandSink& m_manager;
     std::uint64_t m_sent = 0;           // commands so far
     std::uint64_t m_position_sent = 0;  // of these, up to the last that changed the position
+    std::uint64_t m_load_sent = 0;      // likewise, the last that loads engines
     std::uint64_t m_taken = 0;          // of these, what the referee had taken when it wrote its last line
     LogFile m_log;
     Stopwatch m_session;  // runs from construction; the log's stamps count from the program's start

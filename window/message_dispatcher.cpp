@@ -266,7 +266,8 @@ std::string MessageDispatcher::clean_name(Rest& rest) {
 template <Side side>
 void MessageDispatcher::set_name(Rest& rest) {
     m_desk.players[side] = {clean_name(rest), ""};
-    m_screen.set_title(m_desk.players[Side::white].name + "  " + m_desk.players[Side::black].name);
+    m_engine.end_search();
+    m_engine.set_title(m_desk.players[Side::white].name + "  " + m_desk.players[Side::black].name);
 }
 
 template <Side side>
@@ -274,15 +275,7 @@ void MessageDispatcher::set_elo(Rest& rest) {
     m_desk.players[side].elo = rest.word();
 }
 
-void MessageDispatcher::set_engine1_name(Rest& rest) {
-    m_desk.engine1_name = clean_name(rest);
-    m_screen.set_title(m_desk.engine1_name);
-    for (const Mode mode : {Mode::human_computer, Mode::tournament, Mode::analyze_position}) {
-        m_screen.set_sensitive(mode_actions[static_cast<std::size_t>(mode)], true);
-    }
-    const bool came = m_desk.engine1_name != unknown_name;
-    if (std::exchange(m_desk.seat_emptied, !came) && came) m_engine_came();
-}
+void MessageDispatcher::set_engine1_name(Rest& rest) { m_engine.take_name(clean_name(rest)); }
 
 void MessageDispatcher::set_engine2_name(Rest& rest) { m_desk.engine2_name = clean_name(rest); }
 
@@ -300,6 +293,7 @@ void MessageDispatcher::clear_arrows(Rest& /*rest*/) { m_screen.clear_arrows(); 
 
 void MessageDispatcher::tell_user(Rest& rest) {
     const std::string headline(rest.word());
+    m_engine.end_search();
     m_screen.tell_user(headline, std::string(rest.rest()));
 }
 

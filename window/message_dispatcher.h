@@ -1,9 +1,7 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "channel/text.h"
 #include "chess/side.h"
@@ -11,6 +9,7 @@
 #include "window/game_desk.h"
 #include "window/manager_link.h"
 #include "window/screen.h"
+#include "window/seated_engine.h"
 
 namespace velmora {
 
@@ -19,14 +18,9 @@ namespace velmora {
 /// The board changes only where the mode lets the referee move it.
 class MessageDispatcher {
 public:
-    /// @param engine_came  called when an engine's name has come after the first seat was empty
     MessageDispatcher(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager,
-                      std::function<void()> engine_came)
-        : m_desk(desk),
-          m_screen(screen),
-          m_comments(comments),
-          m_manager(manager),
-          m_engine_came(std::move(engine_came)) {}
+                      SeatedEngine& engine)
+        : m_desk(desk), m_screen(screen), m_comments(comments), m_manager(manager), m_engine(engine) {}
 
     /// Handles one line; a line whose first word is in no table is ignored.
     /// @throws whatever a handler throws; the caller's loop contains it
@@ -85,7 +79,7 @@ private:
     Screen& m_screen;
     CommentKeeper& m_comments;
     ManagerLink& m_manager;
-    const std::function<void()> m_engine_came;
+    SeatedEngine& m_engine;
 
     static const Command* find(std::string_view word);
 };

@@ -1,17 +1,8 @@
 #include "window/mode_controller.h"
 
 #include <array>
-#include <utility>
 
 namespace velmora {
-
-ModeController::ModeController(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager,
-                               std::function<bool()> engine_loaded)
-    : m_desk(desk),
-      m_screen(screen),
-      m_comments(comments),
-      m_manager(manager),
-      m_engine_loaded(std::move(engine_loaded)) {}
 
 void ModeController::on_switched(Mode mode, bool on) {
     static constexpr std::array<Handler, mode_count> handlers = {
@@ -21,11 +12,6 @@ void ModeController::on_switched(Mode mode, bool on) {
     m_desk.selected.reset();
     (this->*handlers[static_cast<std::size_t>(mode)])(on);
     m_screen.show_position();
-}
-
-void ModeController::repeat() {
-    const Mode mode = m_screen.mode();
-    if (mode == Mode::human_computer || mode == Mode::analyze_position) on_switched(mode, true);
 }
 
 void ModeController::follow_position() {
@@ -105,19 +91,15 @@ void ModeController::learn_openings(bool on) {
 
 void ModeController::tournament(bool on) {
     if (!on) {
-        // The match may have ended before engines came.
-        if (!m_engine_loaded()) {
-            m_desk.engine1_name = no_engine_title;
-            m_screen.set_title(no_engine_title);
-        }
+        m_engine.leave_match();
         return;
     }
     m_screen.set_sensitive("StartThinking", false);
     // The board of a match only looks on; its clocks follow the moves.
     m_desk.set_engine_plays(true, true);
     m_desk.clocks_held = false;
-    m_desk.seat_emptied = true;  // a match begins by sending the engines away
     m_manager.send("start_tournament");
+    m_engine.begin_match();
 }
 
 void ModeController::start_thinking() {
@@ -143,8 +125,7 @@ void ModeController::new_game() {
     m_comments.show();
     m_screen.show_game();
     m_screen.show_position();
-    // After a failed load the name is "???", so the name alone doesn't tell.
-    if (m_desk.engine1_name != no_engine_title && m_engine_loaded()) {
+    if (m_engine.is_there()) {
         m_desk.set_engine_plays(false, true);
         m_screen.select_mode(Mode::human_computer);
         m_screen.set_sensitive("StartThinking", true);

@@ -1,27 +1,22 @@
 #pragma once
 
-#include <functional>
-
 #include "window/comment_keeper.h"
 #include "window/game_desk.h"
 #include "window/manager_link.h"
 #include "window/screen.h"
+#include "window/seated_engine.h"
 
 namespace velmora {
 
 /// What the six radio actions, "Start thinking" and "New game" bring about.
 class ModeController {
 public:
-    /// @param engine_loaded  asks the referee whether an engine sits in the first seat
     ModeController(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager,
-                   std::function<bool()> engine_loaded);
+                   SeatedEngine& engine)
+        : m_desk(desk), m_screen(screen), m_comments(comments), m_manager(manager), m_engine(engine) {}
 
     /// A radio action has been switched on or off. The one switched off is told first.
     void on_switched(Mode mode, bool on);
-    /// Tells the referee once more of a mode that needs an engine: with nobody in the first seat it didn't
-    /// take it.
-    void repeat();
-
     /// The board shows a position that didn't come by a move: the referee follows, and an engine that takes
     /// part in the mode goes on from there.
     void follow_position();
@@ -46,7 +41,7 @@ private:
     Screen& m_screen;
     CommentKeeper& m_comments;
     ManagerLink& m_manager;
-    const std::function<bool()> m_engine_loaded;
+    SeatedEngine& m_engine;
 };
 
 }  // namespace velmora

@@ -72,11 +72,12 @@ protected:
     GameDesk desk;
     RecordingScreen screen;
     test::RecordingSink referee;
-    bool engine_loaded = false;
+    std::optional<Protocol> seat;  // what the engine speaks that sits there
     ManagerLink link{referee};
     CommentKeeper comments{desk, screen};
-    MessageDispatcher dispatcher{desk, screen, comments, link, [this] { modes.repeat(); }};
-    ModeController modes{desk, screen, comments, link, [this] { return engine_loaded; }};
+    SeatedEngine engine{desk, screen, link, [this] { return seat; }};
+    MessageDispatcher dispatcher{desk, screen, comments, link, engine};
+    ModeController modes{desk, screen, comments, link, engine};
     UserMoves moves{desk, screen, comments, link, 0.0};
     Navigation navigation{desk, screen, comments, modes};
 };
@@ -126,7 +127,7 @@ TEST_F(DeskTest, LinesThatCrossedAStepOfThePersonAreDropped) {
     EXPECT_EQ(desk.position.fen(), shown);
     EXPECT_FALSE(desk.game.is_empty());
     // The echo of a new game in which the person has moved already.
-    engine_loaded = true;
+    seat = Protocol::uci;
     lines({"engine1name Some Engine"});
     modes.new_game();
     desk.set_engine_plays(false, true);
@@ -167,7 +168,7 @@ TEST_F(DeskTest, AnEmptyAnnotationLeavesACommentAlone) {
 
 TEST_F(DeskTest, AStartThatCrossedAPositionOfOursIsToldTheRefereeAgain) {
     constexpr const char* chess960 = "setboard bbqnnrkr/pppppppp/8/8/8/8/PPPPPPPP/BBQNNRKR w FHfh - 0 1";
-    engine_loaded = true;
+    seat = Protocol::uci;
     lines({"engine1name Alpha"});
     select(Mode::human_computer);
     modes.new_game();
@@ -210,7 +211,7 @@ TEST_F(DeskTest, AFinishedGameIsArchivedWithNamesTimeControlAndEnding) {
     select(Mode::tournament);
     lines({"level sessions 40 5 2", "whitename  A \"quoted\" name ", "blackname", "WhiteElo 2600",
            "move f2f3", "move e7e5", "move g2g4", "move d8h4", "0-1 {Black mates}"});
-    EXPECT_THAT(screen.calls, Contains("title A \"quoted\" name  ???"));
+    EXPECT_EQ(screen.title, "A \"quoted\" name  ???");
     EXPECT_THAT(screen.calls, Contains("stop clocks"));
     const auto archive = m_home.content("Velmora battles.pgn");
     EXPECT_EQ(archive, desk.game.pgn());
@@ -238,10 +239,9 @@ TEST_F(DeskTest, WhatIsShownAroundTheBoard) {
            "level fixed_depth 7", "quit"});
     EXPECT_THAT(screen.calls,
                 ElementsAre("set clock white 1234", "set clock black 0", "tell Polyglotbook:| no more moves",
-                            "arrow 12 28 1", "arrow 1 2 0", "arrow 3 4 2", "clear arrows", "title Alpha 1.0",
+                            "arrow 12 28 1", "arrow 1 2 0", "arrow 3 4 2", "clear arrows",
                             "clock level fixed_depth 7", "reset clocks", "close"));
-    EXPECT_TRUE(screen.sensitive["HumanComputer"] && screen.sensitive["Tournament"] &&
-                screen.sensitive["AnalyzePosition"]);
+    EXPECT_EQ(screen.title, "Alpha 1.0");
 }
 
 TEST_F(DeskTest, ResetFallsBackToTwoPeopleOnlyForTheMode) {
@@ -255,7 +255,7 @@ TEST_F(DeskTest, ResetFallsBackToTwoPeopleOnlyForTheMode) {
 // -- Modes
 
 TEST_F(DeskTest, WhatEachModeSends) {
-    engine_loaded = true;
+    seat = Protocol::uci;
     desk.engine1_name = "Alpha";
     const std::string board = "0 setboard " + desk.position.fen();
     screen.select_mode(Mode::human_computer);
@@ -286,10 +286,10 @@ TEST_F(DeskTest, WhatEachModeSends) {
     EXPECT_EQ(desk.engine1_name, "Alpha");
     // A match without a game to play leaves nobody in the seat.
     select(Mode::tournament);
-    engine_loaded = false;
+    seat.reset();
     lines({"tournament_finished"});
     EXPECT_EQ(desk.engine1_name, no_engine_title);
-    EXPECT_THAT(screen.calls, Contains(std::string("title ") + no_engine_title));
+    EXPECT_EQ(screen.title, no_engine_title);
 }
 
 TEST_F(DeskTest, APositionFromElsewhereIsWhereTheEngineGoesOn) {
@@ -313,34 +313,79 @@ TEST_F(DeskTest, APositionFromElsewhereIsWhereTheEngineGoesOn) {
     }
 }
 
-TEST_F(DeskTest, AnEngineThatComesToAnEmptySeatTakesUpTheMode) {
-    const std::string board = "0 setboard " + desk.position.fen();
-    const auto taken_up = [&](const char* name) {
-        referee.take();
-        lines({name});
-        return referee.take();
+TEST_F(DeskTest, TitleAndMenuTellOfTheEngineThatIsLookedFor) {
+    const auto menu = [&] {
+        std::string all;
+        for (const char* action : {"Install", "Engine1_options", "HumanComputer", "AnalyzePosition"}) {
+            all += screen.sensitive[action] ? '+' : '-';
+        }
+        return all;
     };
-    engine_loaded = true;
+    const auto load = [&](const char* name, Protocol asked_for) {
+        link.send("load");
+        engine.begin_load(name, asked_for);
+    };
+    engine.show();
+    EXPECT_EQ(menu(), "++--");
+    load("alpha", Protocol::uci);
+    EXPECT_EQ(screen.title, "Loading alpha...");
+    crossed_lines({"engine1name Earlier", "whitename Earlier", "telluser engine1 crashed"});
+    EXPECT_EQ(screen.title, "Loading alpha...");
+    EXPECT_EQ(menu(), "----");
+    seat = Protocol::uci;
     lines({"engine1name Alpha"});
-    select(Mode::human_computer);
-    EXPECT_THAT(taken_up("engine1name Beta"), IsEmpty()) << "one engine for another";
-    EXPECT_THAT(taken_up("engine1name ???"), IsEmpty());
-    EXPECT_THAT(taken_up("engine1name Alpha"), ElementsAre(board, "0 playother"));
-    EXPECT_THAT(taken_up("engine1name Alpha"), IsEmpty());
-    // Matches send the engines away, and the next may come when the mode is another one.
+    EXPECT_EQ(screen.title, "Alpha");
+    EXPECT_EQ(menu(), "++++");
+    // A load that fails leaves nobody, and no mode that needs somebody.
+    for (const Mode mode : {Mode::human_computer, Mode::analyze_position, Mode::setup}) {
+        select(mode);
+        load("beta", Protocol::uci);
+        EXPECT_FALSE(screen.sensitive["StartThinking"]);
+        seat.reset();
+        lines({"engine1name ???", "telluser beta failed"});
+        EXPECT_EQ(menu(), "++--");
+        EXPECT_EQ(screen.mode(), mode == Mode::setup ? mode : Mode::human_human);
+        seat = Protocol::uci;
+        lines({"engine1name Alpha"});
+    }
+    // What went wrong in a way of its own ends the search as well.
+    load("gamma", Protocol::uci);
+    lines({"telluser Error: no more threads"});
+    EXPECT_EQ(screen.title, "Alpha");
+    // A match looks for two engines, and one name is not the end of it.
     select(Mode::tournament);
-    select(Mode::analyze_position);
-    EXPECT_THAT(taken_up("engine1name Beta"), ElementsAre(board, "0 analyzeposition"));
-    select(Mode::tournament);
-    EXPECT_THAT(taken_up("engine1name Beta"), IsEmpty()) << "the match's own";
-    select(Mode::human_human);
-    lines({"engine1name ???"});
-    EXPECT_THAT(taken_up("engine1name Beta"), IsEmpty()) << "a mode without engines";
+    EXPECT_EQ(screen.title, "Loading engines...");
+    lines({"new", "engine1name Beta"});
+    EXPECT_EQ(screen.title, "Loading engines...");
+    EXPECT_EQ(menu(), "----");
+    lines({"engine2name Gamma", "whitename Beta", "blackname Gamma"});
+    EXPECT_EQ(screen.title, "Beta  Gamma");
+    EXPECT_EQ(menu(), "++++");
+}
+
+TEST_F(DeskTest, AProgramThatGivesNoAnswerIsSaidToBeOne) {
+    const struct {
+        Protocol asked_for, found;
+        bool told;
+    } rows[] = {{Protocol::autodetect, Protocol::xboard_v1, true},
+                {Protocol::autodetect, Protocol::xboard_v2, false},
+                {Protocol::xboard_v1, Protocol::xboard_v1, false}};
+    for (const auto& row : rows) {
+        screen.calls.clear();
+        seat = row.found;
+        link.send("load");
+        engine.begin_load("cat", row.asked_for);
+        lines({"engine1name "});
+        EXPECT_EQ(std::ranges::count_if(
+                      screen.calls,
+                      [](const std::string& call) { return call.starts_with("tell No answer from cat|"); }),
+                  row.told ? 1 : 0);
+        EXPECT_TRUE(screen.sensitive["HumanComputer"]) << "somebody sits there, by whatever name";
+    }
 }
 
 TEST_F(DeskTest, NewGameGoesAgainstTheEngineOnlyWhenThereIsOne) {
     select(Mode::tournament);
-    desk.engine1_name = "???";
     modes.new_game();
     EXPECT_EQ(screen.mode(), Mode::human_human);
     screen.calls.clear();
@@ -348,9 +393,8 @@ TEST_F(DeskTest, NewGameGoesAgainstTheEngineOnlyWhenThereIsOne) {
     EXPECT_THAT(screen.calls, ElementsAre("clock level " + desk.level.text(), "reset clocks", "stop clocks",
                                           "mark clock white", "clear arrows"))
         << "the game before may have been one against the clock";
-    desk.engine1_name = "Alpha";
-    engine_loaded = true;
-    lines({"move e2e4"});
+    seat = Protocol::uci;
+    lines({"engine1name Alpha", "move e2e4"});
     referee.take();
     modes.new_game();
     EXPECT_EQ(screen.mode(), Mode::human_computer);

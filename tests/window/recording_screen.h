@@ -23,7 +23,8 @@ public:
     void show_position() override {}
     void show_targets(int square) override { calls.push_back("targets " + std::to_string(square)); }
     void show_game() override {}
-    void set_title(const std::string& title) override { calls.push_back("title " + title); }
+    void set_title(const std::string& text) override { title = text; }
+    std::string title;
     void tell_user(const std::string& headline, const std::string& details) override {
         calls.push_back("tell " + headline + "|" + details);
     }
