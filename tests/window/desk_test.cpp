@@ -354,6 +354,7 @@ TEST_F(DeskTest, TitleAndMenuTellOfTheEngineThatIsLookedFor) {
     EXPECT_EQ(screen.title, "Alpha");
     // A match looks for two engines, and one name is not the end of it.
     select(Mode::tournament);
+    crossed_lines({"whitename Alpha"});
     EXPECT_EQ(screen.title, "Loading engines...");
     lines({"new", "engine1name Beta"});
     EXPECT_EQ(screen.title, "Loading engines...");
