@@ -38,8 +38,6 @@ Clocks::Clocks() : Gtk::Box(Gtk::ORIENTATION_HORIZONTAL), m_style(Gtk::CssProvid
     set_homogeneous();
     m_labels[Side::white].set_text("White: ");
     m_labels[Side::black].set_text("Black: ");
-    m_time_labels[Side::white].set_tooltip_text("White's time left, minutes and seconds");
-    m_time_labels[Side::black].set_tooltip_text("Black's time left, minutes and seconds");
     pack_side(Side::white);
     pack_side(Side::black);
 }
