@@ -8,8 +8,10 @@
 #include <mutex>
 #include <optional>
 #include <span>
+#include <stop_token>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "channel/log_file.h"
 #include "engine/child_process.h"
@@ -37,7 +39,8 @@ public:
     /// Bytes ahead of the line end; a longer command is refused.
     static constexpr std::size_t longest_command = 32767;
 
-    Engio() = default;
+    /// Once `leaving` is stopped, no write waits for the engine.
+    explicit Engio(std::stop_token leaving = {}) : m_leaving(std::move(leaving)) {}
     /// Quits a process that is still there. REQUIRES: no reader thread has yet to enter operator().
     ~Engio();
 
@@ -92,6 +95,8 @@ private:
     bool hand_over(const std::string& line);
     void write_lines(std::span<const std::string_view> lines);
     void log(std::string_view text);
+
+    const std::stop_token m_leaving;
 
     // Atomic: read and set by the owner, the reader and whoever sends.
     std::atomic<bool> m_spawned = false;

@@ -64,7 +64,9 @@ void InterfaceCommands::process(std::string_view line) {
 
 void InterfaceCommands::analyzeposition(text::WordReader&) { m_analyze.analyze_position(); }
 
-void InterfaceCommands::book(text::WordReader& arguments) { m_match.set_book(std::string(arguments.word())); }
+void InterfaceCommands::book(text::WordReader& arguments) {
+    m_match.set_book(std::string(text::trim_blanks(arguments.rest())));
+}
 
 void InterfaceCommands::debug(text::WordReader& arguments) {
     m_state.log.set_debug(arguments.word() == "true");
@@ -74,7 +76,7 @@ void InterfaceCommands::debug(text::WordReader& arguments) {
 void InterfaceCommands::go(text::WordReader&) { m_play.go(); }
 
 void InterfaceCommands::human_human(text::WordReader&) {
-    m_state.mode = ManagerMode::human_human;
+    m_state.enter(ManagerMode::human_human);
     m_seats.stop_all();
 }
 
