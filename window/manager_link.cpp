@@ -12,7 +12,8 @@ void ManagerLink::send(const std::string& command) {
     const auto word = text::first_word(command);
     ++m_sent;
     if (word == "usermove" || word == "setboard" || word == "new") m_position_sent = m_sent;
-    // A periodic sender of this one command would flood the log.
+    if (word == "quit") m_leaving = true;
+    // Sent once a second, it would flood the log.
     if (command.find("wake_up") == std::string::npos) m_log.write(stamp() + " interface --> " + line);
 }
 

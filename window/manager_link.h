@@ -25,6 +25,9 @@ public:
     /// new game, when it wrote the line that came last. If not, the two have crossed.
     bool referee_knows_position() const { return m_taken >= m_position_sent; }
 
+    /// Whether the window is about to close: "quit" has been sent.
+    bool is_leaving() const { return m_leaving; }
+
     /// On truncates and opens the log, off closes it.
     void set_logging(bool on);
 
@@ -35,6 +38,7 @@ private:
     std::uint64_t m_sent = 0;           // commands so far
     std::uint64_t m_position_sent = 0;  // of these, up to the last that changed the position
     std::uint64_t m_taken = 0;          // of these, what the referee had taken when it wrote its last line
+    bool m_leaving = false;
     LogFile m_log;
     Stopwatch m_session;  // runs from construction; the log's stamps count from the program's start
 };

@@ -242,6 +242,10 @@ TEST_F(DeskTest, WhatIsShownAroundTheBoard) {
                             "clock level fixed_depth 7", "reset clocks", "close"));
     EXPECT_TRUE(screen.sensitive["HumanComputer"] && screen.sensitive["Tournament"] &&
                 screen.sensitive["AnalyzePosition"]);
+    screen.calls.clear();
+    link.send("quit");
+    lines({"telluser too late", "white_info too late"});
+    EXPECT_THAT(screen.calls, IsEmpty()) << "nothing holds up the end";
 }
 
 TEST_F(DeskTest, ResetFallsBackToTwoPeopleOnlyForTheMode) {
@@ -258,22 +262,26 @@ TEST_F(DeskTest, WhatEachModeSends) {
     engine_loaded = true;
     desk.engine1_name = "Alpha";
     const std::string board = "0 setboard " + desk.position.fen();
+    EXPECT_FALSE(modes.awaits_engine());
     screen.select_mode(Mode::human_computer);
     EXPECT_THAT(referee.take(), ElementsAre(board, "0 playother"));
-    EXPECT_TRUE(desk.engine_plays[Side::black]);
+    EXPECT_TRUE(desk.engine_plays[Side::black] && !modes.awaits_engine());
     EXPECT_TRUE(screen.sensitive["StartThinking"] && screen.sensitive["Ponder"]);
     modes.start_thinking();
     EXPECT_THAT(referee.take(), ElementsAre("0 go"));
-    EXPECT_TRUE(desk.engine_plays[Side::white] && !desk.engine_plays[Side::black]);
+    EXPECT_TRUE(desk.engine_plays[Side::white] && !desk.engine_plays[Side::black] && modes.awaits_engine());
     screen.select_mode(Mode::analyze_position);
+    EXPECT_TRUE(modes.awaits_engine());
     EXPECT_THAT(referee.take(), ElementsAre(board, "0 analyzeposition"));
     EXPECT_FALSE(screen.sensitive["StartThinking"] || screen.sensitive["Ponder"]);
     screen.hints_answer = 3;
     screen.select_mode(Mode::learn_openings);
     EXPECT_THAT(referee.take(), ElementsAre("0 learnopenings 3", board));
+    EXPECT_FALSE(modes.awaits_engine());
     screen.select_mode(Mode::tournament);
     EXPECT_THAT(referee.take(), ElementsAre("0 learnopenings 0", "0 start_tournament"));
     EXPECT_TRUE(desk.engine_plays[Side::white] && desk.engine_plays[Side::black] && !desk.clocks_held);
+    EXPECT_TRUE(modes.awaits_engine());
     screen.select_mode(Mode::human_human);
     EXPECT_THAT(referee.take(), ElementsAre("0 human_human"));
     EXPECT_TRUE(desk.clocks_held);
