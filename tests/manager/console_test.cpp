@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -103,11 +104,13 @@ TEST(Console, WaitsForARunningMatchAtTheEndOfTheInput) {
 
 TEST(ConsoleProgram, EndsWithTheInputOrAQuit) {
     const test::Workplace place;
-    for (const auto* input : {"", "quit\n", "start_tournament", "wake_up\nquit\nlearnopenings 3\n"}) {
+    for (const auto& [input, count] :
+         {std::pair("", 1U), std::pair("quit\n", 1U), std::pair("start_tournament", 3U),
+          std::pair("learnopenings 3", 3U), std::pair("wake_up\nquit\nlearnopenings 3\n", 1U)}) {
         test::ConsoleProcess console(input);
         const Lines lines = console.remaining_lines();
         EXPECT_EQ(lines.back(), "quit") << input;
-        EXPECT_EQ(lines.size(), std::string(input) == "start_tournament" ? 3U : 1U) << input;
+        EXPECT_EQ(lines.size(), count) << input;
         EXPECT_EQ(console.finish(), 0) << input;
     }
 }
