@@ -19,7 +19,6 @@ namespace velmora {
 namespace {
 
 constexpr std::size_t read_size = 32768;
-constexpr std::chrono::milliseconds patience(2000);
 
 /// How often a write that waits looks whether it has to go on waiting.
 constexpr std::chrono::milliseconds stop_interval(50);
@@ -237,7 +236,7 @@ void Engio::write_lines(std::span<const std::string_view> lines) {
     }
     if (bytes.empty()) return;
     // A crashed engine may still take its "quit", but is not waited for again.
-    const auto wait = m_crashed_flag ? std::chrono::milliseconds(0) : patience;
+    const auto wait = m_crashed_flag ? std::chrono::milliseconds(0) : m_patience;
     if (write_all(m_child.stdin_fd(), bytes, wait, m_leaving)) return;
     m_crashed_flag = true;
     m_wakeup->wake();

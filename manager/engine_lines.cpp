@@ -62,8 +62,9 @@ GameEnd EngineLines::best_move(Seat seat, text::WordReader reader) {
 }
 
 GameEnd EngineLines::resign(Seat seat) {
-    // Between the games of a match it would count for the game after.
-    if (m_state.mode == ManagerMode::match && !is_engine_turn(m_state.turn)) return {};
+    // Between the games of a match it would count for the game after, and elsewhere once more for the same.
+    const bool over = m_state.mode == ManagerMode::match ? !is_engine_turn(m_state.turn) : m_state.game_over;
+    if (over) return {};
     m_state.pending = Move();
     return m_seats.engine(seat)->is_white() ? "0-1 {white resigns}" : "1-0 {black resigns}";
 }

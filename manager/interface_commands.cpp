@@ -59,7 +59,9 @@ void InterfaceCommands::process(std::string_view line) {
     if (m_state.log.is_on()) m_state.log.write(" interface -> " + std::string(line));
     const auto word = reader.word();
     const auto command = std::ranges::find(commands, word, &Command::word);
-    if (command != std::end(commands)) (this->*command->run)(reader);
+    if (command == std::end(commands)) return;
+    m_state.game_over = false;
+    (this->*command->run)(reader);
 }
 
 void InterfaceCommands::analyzeposition(text::WordReader&) { m_analyze.analyze_position(); }

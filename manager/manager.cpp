@@ -143,6 +143,7 @@ void Manager::settle(const GameEnd& end) {
 
 void Manager::end_game(const std::string& claimed) {
     m_state.turn = MoveTurn::none;
+    m_state.game_over = true;
     // What still waits belongs to the game that is over.
     forget_waiting_lines();
     const std::string text = claimed == by_the_rules ? result(m_state.position) : claimed;

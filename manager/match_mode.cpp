@@ -219,9 +219,10 @@ void MatchMode::start_search(Seat seat, std::chrono::steady_clock::time_point st
 }
 
 GameEnd MatchMode::watch(Seat seat, const std::function<bool()>& has_waiting_lines) const {
-    // An engine that isn't written to any more because the program ends has failed nobody.
-    if (!is_game_running() || m_state.leaving.stop_requested()) return {};
+    if (!is_game_running()) return {};
     const bool crashed = engine(seat).has_crashed();
+    // A write that was given up because the program ends makes it look so, too.
+    if (m_state.leaving.stop_requested()) return {};
     if (crashed && !has_waiting_lines()) return loss_of(engine(seat).is_white(), "engine failure");
     if (engine(seat).time_left() >= -hopeless_overstep) return {};
     return loss_of(engine(seat).is_white(), crashed ? "engine failure" : "time");

@@ -48,6 +48,7 @@ struct RefereeState {
     MoveTurn turn = MoveTurn::user;
     Move pending;             ///< waits for the next game step; empty when none does
     bool has_arrows = false;  ///< of the drill, on the window's board
+    bool game_over = false;   ///< nobody has asked for anything since a game ended
     bool quit = false;        ///< set by "quit", never taken back
 };
 
