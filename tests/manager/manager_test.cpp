@@ -212,6 +212,15 @@ TEST(MatchOpening, IsDrawnAtRandomOnceForBothColours) {
     }
 }
 
+TEST(DeathCount, ThreeWithinAMinuteAreTooMany) {
+    DeathCount deaths;
+    std::string verdicts;
+    for (const int second : {0, 50, 61, 111, 120}) {
+        verdicts += deaths.add(DeathCount::TimePoint(std::chrono::seconds(second))) ? '!' : '.';
+    }
+    EXPECT_EQ(verdicts, "....!");
+}
+
 TEST(MatchScore, CountsBySeat) {
     MatchScore score;
     for (const auto& [word, first_is_white] :
