@@ -100,19 +100,5 @@ TEST(LineQueue, AnAccountThatIsFullGetsNoMore) {
     EXPECT_EQ(last, "1 y");
 }
 
-TEST(LineQueue, UrgentLinesOvertakeTheOthersAndOutlastAClear) {
-    LineQueue queue;
-    queue.put("go");
-    queue.put_urgently("quit");
-    queue.put("new");
-    std::string dropped;
-    EXPECT_EQ(queue.try_pop(), "quit");
-    queue.put_urgently("quit");
-    queue.clear([&](const std::string& line) { dropped += line; });
-    EXPECT_EQ(dropped, "gonew");
-    EXPECT_EQ(queue.try_pop(), "quit");
-    EXPECT_TRUE(queue.empty());
-}
-
 }  // namespace
 }  // namespace velmora

@@ -1,16 +1,13 @@
 #include "manager/manager.h"
 
-#include <array>
 #include <random>
 #include <set>
 #include <stdexcept>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "channel/text.h"
 #include "manager/match_opening.h"
 #include "manager/match_score.h"
 #include "tests/manager/referee.h"
@@ -44,31 +41,6 @@ struct EchoingReferee {
     test::Referee referee;
     const std::string id = std::to_string(std::mt19937_64(12345)());
 };
-
-TEST(Manager, ManyWritersLoseNothingAndKeepTheirOrder) {
-    constexpr int writers = 3;
-    constexpr int lines_each = 3000;
-    EchoingReferee echo;
-    {
-        std::vector<std::jthread> threads;
-        for (int writer = 0; writer < writers; ++writer) {
-            threads.emplace_back([&echo, writer] {
-                const std::string head = "info " + std::to_string(writer) + ' ';
-                for (int i = 0; i < lines_each; ++i) echo.put(head + std::to_string(i));
-            });
-        }
-    }
-    std::array<int, writers> next{};
-    const Lines lines = echo.referee.quit();
-    ASSERT_EQ(lines.size(), writers * lines_each + 1U);
-    for (const auto& line : lines) {
-        if (line == "quit") break;
-        text::WordReader reader(line);
-        EXPECT_EQ(reader.word(), "white_info");
-        const auto writer = reader.integer<std::size_t>().value();
-        EXPECT_EQ(reader.integer<int>(), next.at(writer)++) << line;
-    }
-}
 
 TEST(Manager, ACrowdedQueueDropsSearchLinesAndMovesThatNobodyAwaits) {
     EchoingReferee echo;
