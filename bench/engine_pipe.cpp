@@ -69,7 +69,9 @@ public:
     }
 
 private:
-    LineQueue m_queue{[](const std::string& line) { return line.find(" info ") != std::string::npos; }};
+    LineQueue m_queue{[](const std::string& line) {
+        return LineQueue::Class{.expendable = line.find(" info ") != std::string::npos};
+    }};
     std::atomic<int> m_count = 0;
     Clock::time_point m_put_at;  // published by m_count
     int m_seen = 0;

@@ -2,29 +2,40 @@
 
 #include <condition_variable>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <functional>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace velmora {
 
 /// A first-in first-out queue of text lines between two threads.
 ///
 /// Many threads may put(); one thread reads, in one of two ways: the referee blocks in wait_and_pop(), the
-/// window calls drain() on its tick. Beyond `crowded_at` waiting lines the oldest lines that a predicate
-/// calls expendable are dropped, so that a reader held up by a dialog does not let a talkative engine fill
-/// the memory.
+/// window calls drain() on its tick. A reader that is held up by a dialog must not let a talkative writer
+/// fill the memory: lines are classified as they come, and what their class allows is dropped.
 class LineQueue {
 public:
-    /// Waiting lines above which expendable ones are dropped.
+    /// Waiting lines, and their bytes, above which the oldest expendable lines are dropped.
     static constexpr std::size_t crowded_at = 10000;
+    static constexpr std::size_t crowded_bytes = 16 << 20;
 
-    using Expendable = std::function<bool(const std::string&)>;
+    /// Lines of one account that may wait; what comes beyond is dropped.
+    static constexpr std::size_t account_limit = 100;
+
+    /// What may become of a line that has to wait.
+    struct Class {
+        bool expendable = false;    ///< may be dropped when the queue is crowded
+        std::uint64_t account = 0;  ///< whose lines it is counted among; 0 where they aren't counted
+    };
+    using Classify = std::function<Class(const std::string&)>;
 
     LineQueue() = default;
-    explicit LineQueue(Expendable expendable) : m_expendable(std::move(expendable)) {}
+    explicit LineQueue(Classify classify) : m_classify(std::move(classify)) {}
 
     LineQueue(const LineQueue&) = delete;
     LineQueue& operator=(const LineQueue&) = delete;
@@ -34,6 +45,8 @@ public:
     /// Appends a line that can wait: a reader that sleeps gets it with the next put() or announce(), so that
     /// it is woken once for all.
     void put_quietly(const std::string& line);
+    /// The line overtakes all that wait, and is never dropped.
+    void put_urgently(const std::string& line);
     /// Wakes one waiting reader for what was put quietly.
     void announce() { m_filled.notify_one(); }
 
@@ -48,21 +61,37 @@ public:
     /// and lines that arrive meanwhile wait outside. `handle` must not call back into this queue.
     void drain(const std::function<void(const std::string&)>& handle);
 
-    /// Drops all lines but those that `keep` accepts.
-    void clear(const std::function<bool(const std::string&)>& keep = {});
+    /// Drops all lines but the urgent ones, telling `dropped` of each.
+    void clear(const std::function<void(const std::string&)>& dropped = {});
 
+    /// Whether a line waits that `sought` accepts; urgent ones aren't looked at.
+    bool contains(const std::function<bool(const std::string&)>& sought) const;
     bool empty() const;
     std::size_t size() const;
 
 private:
-    std::string pop();  // REQUIRES: locked, and not empty
-    void drop_expendable_front();
+    struct Entry {
+        std::string line;
+        Class kind;
+    };
 
-    const Expendable m_expendable;
+    bool is_empty() const { return m_urgent.empty() && m_entries.empty(); }  // REQUIRES: locked
+    std::string pop();  // REQUIRES: locked, and not empty
+    void append(const std::string& line, Class kind);
+    bool is_crowded() const { return m_entries.size() > crowded_at || m_bytes > crowded_bytes; }
+    bool drop_expendable();
+    void forget(const Entry& entry);
+
+    const Classify m_classify;
     mutable std::mutex m_mutex;
     std::condition_variable m_filled;
-    std::deque<std::string> m_lines;  // guarded by m_mutex
-    std::size_t m_search_from = 0;    // guarded by m_mutex; no expendable line stands ahead of this index
+
+    // Guarded by m_mutex.
+    std::deque<std::string> m_urgent;  // ahead of all others
+    std::deque<Entry> m_entries;
+    std::size_t m_bytes = 0;                         // of the lines in m_entries
+    std::map<std::uint64_t, std::size_t> m_counted;  // lines in m_entries by account
+    std::size_t m_search_from = 0;                   // no expendable line stands ahead of this index
 };
 
 }  // namespace velmora

@@ -1,5 +1,6 @@
 #include "engine/engio.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
@@ -18,14 +19,18 @@ namespace velmora {
 namespace {
 
 constexpr std::size_t read_size = 32768;
-constexpr std::chrono::milliseconds patience(2000);
+
+/// How often a write that waits looks whether it has to go on waiting.
+constexpr std::chrono::milliseconds stop_interval(50);
 
 /// How long a line may wait for those behind it, so that whoever takes them is woken once. Well below what
 /// the eye notices.
 constexpr std::chrono::milliseconds longest_hold(5);
 
-/// Writes all bytes to a pipe that does not block, waiting for at most `wait` in all until it takes them.
-bool write_all(int fd, std::string_view bytes, std::chrono::milliseconds wait) {
+/// Writes all bytes to a pipe that does not block, waiting for at most `wait` in all until it takes them, and
+/// no longer than until `leaving` is stopped.
+bool write_all(int fd, std::string_view bytes, std::chrono::milliseconds wait,
+               const std::stop_token& leaving) {
     const auto deadline = std::chrono::steady_clock::now() + wait;
     while (!bytes.empty()) {
         const auto count = ::write(fd, bytes.data(), bytes.size());
@@ -34,9 +39,9 @@ bool write_all(int fd, std::string_view bytes, std::chrono::milliseconds wait) {
         } else if (count < 0 && errno == EAGAIN) {
             const auto left =
                 std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
-            if (left.count() <= 0) return false;
+            if (left.count() <= 0 || leaving.stop_requested()) return false;
             pollfd writable{fd, POLLOUT, 0};
-            ::poll(&writable, 1, static_cast<int>(left.count()));
+            ::poll(&writable, 1, static_cast<int>(std::min(left, stop_interval).count()));
         } else if (count == 0 || errno != EINTR) {
             return false;
         }
@@ -231,8 +236,8 @@ void Engio::write_lines(std::span<const std::string_view> lines) {
     }
     if (bytes.empty()) return;
     // A crashed engine may still take its "quit", but is not waited for again.
-    const auto wait = m_crashed_flag ? std::chrono::milliseconds(0) : patience;
-    if (write_all(m_child.stdin_fd(), bytes, wait)) return;
+    const auto wait = m_crashed_flag ? std::chrono::milliseconds(0) : m_patience;
+    if (write_all(m_child.stdin_fd(), bytes, wait, m_leaving)) return;
     m_crashed_flag = true;
     m_wakeup->wake();
 }

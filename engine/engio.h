@@ -8,8 +8,10 @@
 #include <mutex>
 #include <optional>
 #include <span>
+#include <stop_token>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "channel/log_file.h"
 #include "engine/child_process.h"
@@ -37,7 +39,12 @@ public:
     /// Bytes ahead of the line end; a longer command is refused.
     static constexpr std::size_t longest_command = 32767;
 
-    Engio() = default;
+    /// How long an engine may take to read what it is sent.
+    static constexpr std::chrono::milliseconds default_patience{2000};
+
+    /// Once `leaving` is stopped, no write waits for the engine.
+    explicit Engio(std::stop_token leaving = {}, std::chrono::milliseconds patience = default_patience)
+        : m_leaving(std::move(leaving)), m_patience(patience) {}
     /// Quits a process that is still there. REQUIRES: no reader thread has yet to enter operator().
     ~Engio();
 
@@ -54,8 +61,8 @@ public:
     /// The life of the reader thread: returns when the engine has ended or quit() was called.
     void operator()();
 
-    /// Writes one line to the engine. Nothing without a living process. An engine that takes nothing for two
-    /// seconds counts as crashed.
+    /// Writes one line to the engine. Nothing without a living process. An engine that takes nothing for
+    /// the patience counts as crashed.
     void send(std::string_view text) { send_lines({&text, 1}); }
     /// Several lines by one write, so that the engine is woken once.
     void send_lines(std::span<const std::string_view> lines);
@@ -92,6 +99,9 @@ private:
     bool hand_over(const std::string& line);
     void write_lines(std::span<const std::string_view> lines);
     void log(std::string_view text);
+
+    const std::stop_token m_leaving;
+    const std::chrono::milliseconds m_patience;
 
     // Atomic: read and set by the owner, the reader and whoever sends.
     std::atomic<bool> m_spawned = false;

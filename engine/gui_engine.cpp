@@ -13,8 +13,10 @@
 
 namespace velmora {
 
-GuiEngine::GuiEngine(std::chrono::milliseconds probe_interval)
-    : m_probe_interval(probe_interval), m_engio(std::make_unique<Engio>()) {}
+GuiEngine::GuiEngine(std::chrono::milliseconds probe_interval, std::stop_token leaving)
+    : m_probe_interval(probe_interval),
+      m_leaving(std::move(leaving)),
+      m_engio(std::make_unique<Engio>(m_leaving)) {}
 
 GuiEngine::~GuiEngine() { unload_engine(); }
 
@@ -23,7 +25,7 @@ void GuiEngine::load_engine(CommandSink* manager, std::uint32_t id, const std::s
     unload_engine();
     m_manager = manager;
     m_filename = filename;
-    auto probe = std::make_unique<ProtocolEngine>(m_probe_interval);
+    auto probe = std::make_unique<ProtocolEngine>(m_probe_interval, m_leaving);
     ProtocolEngine& prober = *probe;
     m_engine = std::move(probe);
     m_engine->attach(id, &m_variables, m_engio.get());

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <pthread.h>
+#include <stop_token>
 #include <string>
 #include <thread>
 
@@ -25,8 +26,11 @@ class Engio;
 /// engine's number, a blank, the instance id, a blank and the line.
 class GuiEngine {
 public:
-    /// `probe_interval` is the sleep between two looks for the engine's answer in the handshake.
-    explicit GuiEngine(std::chrono::milliseconds probe_interval = std::chrono::milliseconds(50));
+    /// `probe_interval` is the sleep between two looks for the engine's answer in the handshake. Once
+    /// `leaving` is stopped, nothing waits for the engine any more: a probe fails, and so does a write that
+    /// isn't taken.
+    explicit GuiEngine(std::chrono::milliseconds probe_interval = std::chrono::milliseconds(50),
+                       std::stop_token leaving = {});
     /// Quits the process and joins the reader, as unload_engine().
     ~GuiEngine();
 
@@ -114,6 +118,7 @@ private:
     void tell(Change change);
 
     const std::chrono::milliseconds m_probe_interval;
+    const std::stop_token m_leaving;
 
     CommandSink* m_manager = nullptr;  // borrowed; null before the first load
     std::unique_ptr<Engio> m_engio;

@@ -1,7 +1,8 @@
 #include "engine/protocol_engine.h"
 
+#include <condition_variable>
 #include <iostream>
-#include <thread>
+#include <mutex>
 
 #include "channel/text.h"
 #include "engine/engio.h"
@@ -55,7 +56,10 @@ void ProtocolEngine::not_answered(const char* text) {
 
 /// Sleeps between two looks into the queue. A dead process will not answer, so its looks take no time.
 void ProtocolEngine::pause() const {
-    if (is_alive()) std::this_thread::sleep_for(m_interval);
+    if (!is_alive()) return;
+    std::mutex mutex;
+    std::unique_lock lock(mutex);
+    std::condition_variable_any().wait_for(lock, m_leaving, m_interval, [] { return false; });
 }
 
 void ProtocolEngine::try_uci() {

@@ -2,8 +2,10 @@
 
 #include <chrono>
 #include <cstdint>
+#include <stop_token>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "engine/base_engine.h"
 
@@ -18,8 +20,10 @@ class ProtocolEngine : public BaseEngine {
 public:
     static constexpr std::chrono::milliseconds default_interval{50};
 
-    /// `interval` is the sleep between two looks into the queue.
-    explicit ProtocolEngine(std::chrono::milliseconds interval = default_interval) : m_interval(interval) {}
+    /// `interval` is the sleep between two looks into the queue; once `leaving` is stopped there is none.
+    explicit ProtocolEngine(std::chrono::milliseconds interval = default_interval,
+                            std::stop_token leaving = {})
+        : m_interval(interval), m_leaving(std::move(leaving)) {}
 
     /// What was asked for; after load() what was found.
     Protocol protocol() const override { return m_protocol; }
@@ -46,6 +50,7 @@ private:
     void pause() const;
 
     const std::chrono::milliseconds m_interval;
+    const std::stop_token m_leaving;
     std::string m_error_text;
     bool m_found = false;
     Protocol m_protocol = Protocol::autodetect;

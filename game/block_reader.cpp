@@ -46,7 +46,7 @@ bool BlockReader::extend() {
 }
 
 bool BlockReader::read_behind() {
-    if (m_descriptor < 0 || m_end == block_size) return false;
+    if (m_descriptor < 0 || m_end == block_size || m_leaving.stop_requested()) return false;
     ssize_t count = 0;
     do {
         count = ::pread(m_descriptor, m_block.get() + m_end, block_size - m_end,

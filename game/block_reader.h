@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <stop_token>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace velmora {
 
@@ -16,7 +18,8 @@ class BlockReader {
 public:
     static constexpr std::size_t block_size = 1 << 17;
 
-    BlockReader() = default;
+    /// Once `leaving` is stopped, files are at their end.
+    explicit BlockReader(std::stop_token leaving = {}) : m_leaving(std::move(leaving)) {}
     ~BlockReader() { close(); }
     BlockReader(const BlockReader&) = delete;  // owns a descriptor
     BlockReader& operator=(const BlockReader&) = delete;
@@ -70,6 +73,7 @@ private:
     bool fill();
     bool read_behind();
 
+    const std::stop_token m_leaving;
     int m_descriptor = -1;
     std::unique_ptr<char[]> m_block;
     std::uint64_t m_block_offset = 0;  // of m_block[0] in the file

@@ -62,7 +62,7 @@ void GuiBook::count_entries() {
 }
 
 void GuiBook::count_games() {
-    PgnFile file;
+    PgnFile file(m_leaving);
     if (file.open(m_path)) {
         while (!file.next_game().empty()) m_offsets.push_back(file.game_offset());
     }
@@ -70,7 +70,7 @@ void GuiBook::count_games() {
 }
 
 void GuiBook::count_lines() {
-    BlockReader reader;
+    BlockReader reader(m_leaving);
     if (!reader.open(m_path)) {
         std::cerr << "\nbook " << m_path << " error" << std::endl;
         m_path.clear();
@@ -95,7 +95,7 @@ void GuiBook::play_entry(ChessPosition& position, std::int32_t n) {
 }
 
 void GuiBook::play_game(ChessPosition& position, std::size_t entry) const {
-    PgnFile file;
+    PgnFile file(m_leaving);
     if (!file.open(m_path)) return;
     Game game;
     try {

@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <stop_token>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "chess/position.h"
@@ -17,6 +19,9 @@ namespace velmora {
 /// and does nothing else.
 class GuiBook {
 public:
+    /// Without a file. Once `leaving` is stopped, reading one ends early.
+    explicit GuiBook(std::stop_token leaving = {}) : m_leaving(std::move(leaving)) {}
+
     /// Uses another file and counts its entries. A file that can't be read, or has neither ending (as written
     /// here), leaves the book without one. A path of four characters or less changes nothing.
     void set_path(const std::string& path);
@@ -46,6 +51,7 @@ private:
     void play_line(ChessPosition& position, std::size_t entry) const;
     std::int32_t random_entry();
 
+    std::stop_token m_leaving;
     std::string m_path;                    // empty when none is in use
     std::vector<std::uint64_t> m_offsets;  // where each entry begins, in bytes
     std::int32_t m_index = 0;

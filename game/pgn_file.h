@@ -2,8 +2,10 @@
 
 #include <cstdint>
 #include <fstream>
+#include <stop_token>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "game/block_reader.h"
 #include "game/game_cutter.h"
@@ -14,7 +16,8 @@ namespace velmora {
 /// at once. One game is in memory at a time, whatever the size of the file.
 class PgnFile {
 public:
-    PgnFile() : m_cutter(m_reader) {}
+    /// Once `leaving` is stopped, the input is at its end.
+    explicit PgnFile(std::stop_token leaving = {}) : m_reader(std::move(leaving)), m_cutter(m_reader) {}
     PgnFile(const PgnFile&) = delete;  // the cutter points into the object
     PgnFile& operator=(const PgnFile&) = delete;
 

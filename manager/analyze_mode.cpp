@@ -18,7 +18,7 @@ constexpr std::chrono::milliseconds settling_time{500};
 void AnalyzeMode::analyze_position() {
     if (!is_ready()) return;
     auto& engine = *m_seats.engine(Seat::first);
-    m_state.mode = ManagerMode::analyze;
+    m_state.enter(ManagerMode::analyze);
     m_state.turn = MoveTurn::none;
     m_state.pending = Move();
     engine.set_white(m_state.white_to_move());

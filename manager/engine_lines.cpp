@@ -10,6 +10,12 @@ namespace {
 /// Whether the line answers a search that was stopped: the driver says so behind the stamp of the arrival.
 bool is_stopped_search(std::string_view line) { return line.ends_with(" stopped"); }
 
+/// The word behind "bestmove"; a bare one is followed by the stamp of its arrival.
+std::string_view move_word(text::WordReader& reader) {
+    const auto word = reader.word();
+    return word.starts_with("TS=") ? std::string_view() : word;
+}
+
 }  // namespace
 
 GameEnd EngineLines::process(Seat seat, std::string_view line) {
@@ -40,13 +46,15 @@ GameEnd EngineLines::best_move(Seat seat, text::WordReader reader) {
     const bool playing = m_state.mode == ManagerMode::play || m_state.mode == ManagerMode::match;
     if (!playing || m_state.turn != turn_of(seat) || is_stopped_search(reader.rest())) return {};
 
-    const std::string token(reader.word());
-    if (token == "0000" || token == "(none)") {
+    const std::string token(move_word(reader));
+    if (token.empty() || token == "0000" || token == "(none)") {
         std::cerr << "Current game:\n"
                   << m_state.position.fen() << '\n'
                   << m_state.position.moves_text() << '\n'
                   << "engine answered '" << token << "'" << std::endl;
-        return {};
+        // Where the game is over there was nothing to answer.
+        if (result(m_state.position) != game_goes_on) return by_the_rules;
+        return loss_of(m_seats.engine(seat)->is_white(), "illegal move: (none)");
     }
     m_state.pending = legal_move(m_state.position, parse_move(m_state.position, token));
     if (!m_state.pending.empty()) return {};
@@ -54,8 +62,9 @@ GameEnd EngineLines::best_move(Seat seat, text::WordReader reader) {
 }
 
 GameEnd EngineLines::resign(Seat seat) {
-    // Between the games of a match it would count for the game after.
-    if (m_state.mode == ManagerMode::match && !is_engine_turn(m_state.turn)) return {};
+    // Between the games of a match it would count for the game after, and elsewhere once more for the same.
+    const bool over = m_state.mode == ManagerMode::match ? !is_engine_turn(m_state.turn) : m_state.game_over;
+    if (over) return {};
     m_state.pending = Move();
     return m_seats.engine(seat)->is_white() ? "0-1 {white resigns}" : "1-0 {black resigns}";
 }

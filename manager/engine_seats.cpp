@@ -13,6 +13,9 @@ namespace {
 
 constexpr std::uint64_t instance_id_seed = 12345;
 
+/// What stands for the name of an engine that isn't there.
+const std::string no_name = "???";
+
 std::string number_of(Seat seat) { return std::to_string(static_cast<int>(seat)); }
 
 }  // namespace
@@ -34,7 +37,7 @@ bool EngineSeats::is_current(Seat seat, std::uint64_t instance_id) const {
 
 void EngineSeats::load_engine(Seat seat, const std::string& path, Protocol protocol) {
     unload(seat);
-    auto guest = std::make_unique<GuiEngine>(m_probe_interval);
+    auto guest = std::make_unique<GuiEngine>(m_probe_interval, m_state.leaving);
     guest->load_engine(&m_line_sink, static_cast<std::uint32_t>(seat), path, protocol);
     if (!guest->is_alive()) {
         report_failed_load(seat, path);
@@ -42,8 +45,9 @@ void EngineSeats::load_engine(Seat seat, const std::string& path, Protocol proto
     }
     at(seat).engine = std::move(guest);
     at(seat).path = path;
+    at(seat).deaths.clear();
     publish();  // whoever reads the name finds an engine
-    m_state.send("engine" + number_of(seat) + "name " + engine(seat)->engine_name());
+    send_name(seat, engine(seat)->engine_name());
     welcome(seat);
     engine(seat)->set_level(m_state.level);
     publish();
@@ -87,7 +91,14 @@ void EngineSeats::reload(Seat seat) {
 }
 
 void EngineSeats::replace_crashed(Seat seat) {
-    m_state.send("telluser engine" + number_of(seat) + " crashed");
+    const std::string crash = "telluser engine" + number_of(seat) + " crashed";
+    if (at(seat).deaths.add(std::chrono::steady_clock::now())) {
+        unload(seat);
+        send_name(seat, no_name);
+        m_state.send(crash + " three times within a minute and isn't started again");
+        return;
+    }
+    m_state.send(crash);
     // The reload puts the position to the start of a game; the window's game isn't touched, so ours stays,
     // too.
     const ChessPosition game = m_state.position;
@@ -122,8 +133,12 @@ void EngineSeats::welcome(Seat seat) {
 }
 
 void EngineSeats::report_failed_load(Seat seat, const std::string& path) {
-    m_state.send("engine" + number_of(seat) + "name ???");
+    send_name(seat, no_name);
     m_state.send("telluser " + path + " failed");
+}
+
+void EngineSeats::send_name(Seat seat, const std::string& name) {
+    m_state.send("engine" + number_of(seat) + "name " + name);
 }
 
 void EngineSeats::publish() {

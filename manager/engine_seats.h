@@ -9,6 +9,7 @@
 
 #include "channel/command_sink.h"
 #include "engine/gui_engine.h"
+#include "manager/death_count.h"
 #include "manager/manager_mode.h"
 #include "manager/published_engine.h"
 #include "manager/referee_state.h"
@@ -20,6 +21,7 @@ struct EngineSeat {
     std::unique_ptr<GuiEngine> engine;
     std::string path;               ///< of the program, as it was loaded
     std::uint64_t instance_id = 0;  ///< tells the lines of this engine from those of one that sat here before
+    DeathCount deaths;
 };
 
 /// The two places of the engines: who sits there, and what is said to both.
@@ -56,8 +58,12 @@ public:
     /// are at the start of a game afterwards. A program that doesn't start any more leaves the place empty.
     void reload(Seat seat);
 
-    /// What to do with an engine that died: tells the user and reloads it, the game staying as it is.
+    /// What to do with an engine that died: tells the user and reloads it, the game staying as it is. One
+    /// that keeps dying leaves its place empty.
     void replace_crashed(Seat seat);
+
+    /// The engine of a place has moved: what it died of before is over.
+    void note_move(Seat seat) { at(seat).deaths.clear(); }
 
     /// Quits and destroys the engine of a place, if there is one.
     void unload(Seat seat);
@@ -85,6 +91,7 @@ private:
 
     void welcome(Seat seat);
     void report_failed_load(Seat seat, const std::string& path);
+    void send_name(Seat seat, const std::string& name);
     void publish();
 
     RefereeState& m_state;

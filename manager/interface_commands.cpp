@@ -59,12 +59,16 @@ void InterfaceCommands::process(std::string_view line) {
     if (m_state.log.is_on()) m_state.log.write(" interface -> " + std::string(line));
     const auto word = reader.word();
     const auto command = std::ranges::find(commands, word, &Command::word);
-    if (command != std::end(commands)) (this->*command->run)(reader);
+    if (command == std::end(commands)) return;
+    m_state.game_over = false;
+    (this->*command->run)(reader);
 }
 
 void InterfaceCommands::analyzeposition(text::WordReader&) { m_analyze.analyze_position(); }
 
-void InterfaceCommands::book(text::WordReader& arguments) { m_match.set_book(std::string(arguments.word())); }
+void InterfaceCommands::book(text::WordReader& arguments) {
+    m_match.set_book(std::string(text::trim_blanks(arguments.rest())));
+}
 
 void InterfaceCommands::debug(text::WordReader& arguments) {
     m_state.log.set_debug(arguments.word() == "true");
@@ -74,7 +78,7 @@ void InterfaceCommands::debug(text::WordReader& arguments) {
 void InterfaceCommands::go(text::WordReader&) { m_play.go(); }
 
 void InterfaceCommands::human_human(text::WordReader&) {
-    m_state.mode = ManagerMode::human_human;
+    m_state.enter(ManagerMode::human_human);
     m_seats.stop_all();
 }
 

@@ -23,7 +23,10 @@ constexpr char hint = 'b';
 
 void LearnMode::learn_openings(int hint_mask) {
     m_hint_mask = hint_mask;
-    if (hint_mask == 0) return;
+    if (hint_mask == 0) {
+        m_state.clear_arrows();
+        return;
+    }
     if (m_book.path().empty()) {
         m_state.send("reset mode");
         m_state.send("telluser No_Polyglot_book_found use menu 'File' to load a Polyglot book");
@@ -36,7 +39,7 @@ void LearnMode::learn_openings(int hint_mask) {
         report_no_book(error.what());
         return;
     }
-    m_state.mode = ManagerMode::learn;
+    m_state.enter(ManagerMode::learn);
     m_state.turn = MoveTurn::none;
     m_seats.stop_all();
 }
@@ -79,12 +82,13 @@ void LearnMode::step() {
         m_state.send("takeback");
     } else {
         // The window keeps the move and our copy doesn't: they differ until the next "setboard".
-        m_state.send("clear_arrows");
+        m_state.clear_arrows();
         m_state.send("telluser Polyglotbook: no more moves");
     }
 }
 
 void LearnMode::send_arrow(int from, int to, char colour) {
+    m_state.has_arrows = true;
     m_state.send("set_arrow " + std::to_string(from) + ' ' + std::to_string(to) + ' ' + colour);
 }
 

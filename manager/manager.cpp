@@ -1,5 +1,6 @@
 #include "manager/manager.h"
 
+#include <algorithm>
 #include <exception>
 #include <iostream>
 #include <sys/prctl.h>
@@ -18,12 +19,15 @@ int sender(const std::string& line) { return text::WordReader(line).integer<int>
 
 constexpr int window_sender = 0;
 
-/// An engine's search line: sender 1 or 2, the instance id, "info".
-bool is_engine_info(const std::string& line) {
+/// The window's lines are all kept. Of an engine's, its moves and its resignation are: it never owes more
+/// than a few of them, and more aren't waited for.
+LineQueue::Class classify(const std::string& line) {
     text::WordReader reader(line);
-    if (reader.word() == "0") return false;
-    reader.word();
-    return reader.word() == "info";
+    if (reader.integer<int>() == window_sender) return {};
+    const auto instance_id = reader.integer<std::uint64_t>();
+    const auto word = reader.word();
+    if (word != "bestmove" && word != "resign") return {.expendable = true};
+    return {.account = std::max<std::uint64_t>(instance_id.value_or(0), 1)};
 }
 
 bool is_quit(const std::string& line) {
@@ -35,8 +39,8 @@ bool is_quit(const std::string& line) {
 
 Manager::Manager(CommandSink& window, std::string program_path, std::chrono::milliseconds probe_interval)
     : m_program_path(std::move(program_path)),
-      m_queue(is_engine_info),
-      m_state(window),
+      m_queue(classify),
+      m_state(window, m_leaving.get_token()),
       m_seats(m_state, *this, probe_interval),
       m_analyze(m_state, m_seats),
       m_play(m_state, m_seats),
@@ -51,6 +55,9 @@ void Manager::put_command(const std::string& line) {
     const int from = sender(line);
     if (from == 1 || from == 2) {
         m_queue.put_quietly(line);
+    } else if (is_quit(line)) {
+        m_leaving.request_stop();
+        m_queue.put_urgently(line);
     } else {
         m_queue.put(line);
     }
@@ -78,7 +85,10 @@ void Manager::take_turn(const std::string& line) {
         settle(dispatch(line));
         settle(step());
         // One after the other: the end of a game seats new engines.
-        for (const auto seat : both_seats) settle(m_match.watch(seat));
+        for (const auto seat : both_seats)
+            settle(m_match.watch(seat, [&] { return has_waiting_lines(seat); }));
+        // Games that begin at their end are ended one a line, so that none has to wait for all of them.
+        if (m_match.is_over_at_start()) m_queue.put("");
     } catch (const pgn_error& error) {
         contain(error.text());
     } catch (const std::exception& error) {
@@ -122,13 +132,19 @@ GameEnd Manager::step() {
     return {};
 }
 
+bool Manager::has_waiting_lines(Seat seat) const {
+    const int number = static_cast<int>(seat);
+    return m_queue.contains([number](const std::string& line) { return sender(line) == number; });
+}
+
 void Manager::settle(const GameEnd& end) {
     if (end) end_game(*end);
 }
 
 void Manager::end_game(const std::string& claimed) {
     m_state.turn = MoveTurn::none;
-    // What still waits belongs to the game that is over; only the wish to leave is kept.
+    m_state.game_over = true;
+    // What still waits belongs to the game that is over.
     forget_waiting_lines();
     const std::string text = claimed == by_the_rules ? result(m_state.position) : claimed;
     m_state.send(text);
@@ -143,9 +159,7 @@ void Manager::end_game(const std::string& claimed) {
 
 void Manager::forget_waiting_lines() {
     m_queue.clear([this](const std::string& line) {
-        const bool kept = is_quit(line);
-        if (!kept && sender(line) == window_sender) ++m_taken;
-        return kept;
+        if (sender(line) == window_sender) ++m_taken;
     });
     m_state.window.acknowledge(m_taken);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <stop_token>
 #include <string>
 
 #include "channel/command_sink.h"
@@ -40,7 +41,8 @@ public:
     void operator()();
 
     /// Puts one line on the queue: sender id, a blank and the command. Any thread. An engine's line waits for
-    /// flush() or a line of the window's.
+    /// flush() or a line of the window's; "0 quit" overtakes all others and cuts short what the referee waits
+    /// for.
     void put_command(const std::string& line) override;
     void flush() override { m_queue.announce(); }
 
@@ -69,12 +71,16 @@ private:
         return m_engine_lines.process(Seat::second, line);
     }
     GameEnd step();
+    bool has_waiting_lines(Seat seat) const;
     void settle(const GameEnd& end);
     void end_game(const std::string& claimed);
     void contain(const std::string& failure);
 
     const std::string m_program_path;
-    LineQueue m_queue;          // the one member that other threads touch, beside what the seats publish
+    // What other threads touch, beside what the seats publish.
+    LineQueue m_queue;
+    std::stop_source m_leaving;  // stops whatever the thread waits for, once "quit" is on the queue
+
     std::uint64_t m_taken = 0;  // lines of the window that have left the queue
     RefereeState m_state;
     EngineSeats m_seats;

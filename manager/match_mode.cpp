@@ -6,6 +6,7 @@
 #include <thread>
 #include <utility>
 
+#include "chess/legal_moves.h"
 #include "manager/match_opening.h"
 
 namespace velmora {
@@ -37,14 +38,15 @@ bool begins_from_standard_start(const ChessPosition& position) {
 
 }  // namespace
 
-MatchMode::MatchMode(RefereeState& state, EngineSeats& seats) : m_state(state), m_seats(seats) {
+MatchMode::MatchMode(RefereeState& state, EngineSeats& seats)
+    : m_state(state), m_seats(seats), m_book(state.leaving) {
     m_tournament.set_event("");
 }
 
 void MatchMode::load_tournament(const std::string& name) {
     cancel();
     // A fresh book: one without a file of its own would keep the openings of the tournament before.
-    m_book = GuiBook();
+    m_book = GuiBook(m_state.leaving);
     try {
         m_tournament.load(name);
     } catch (const std::exception& error) {
@@ -64,7 +66,7 @@ void MatchMode::start_tournament() {
         m_state.send("tournament_finished");
         return;
     }
-    m_state.mode = ManagerMode::match;
+    m_state.enter(ManagerMode::match);
     m_state.turn = MoveTurn::none;
     m_score = MatchScore();
     // The level's bare text: the window ignores a line that starts so, the "level" of each game tells it.
@@ -76,11 +78,12 @@ void MatchMode::start_tournament() {
 
 void MatchMode::start_game() {
     m_state.pending = Move();
+    m_over_at_start = false;
     for (const auto seat : both_seats) m_seats.unload(seat);
     const TournamentGame game = m_tournament.next_game();
     m_game_number = game.number;
     if (game.white.name.empty()) {
-        m_state.mode = ManagerMode::human_human;
+        m_state.enter(ManagerMode::human_human);
         finish_run();
         return;
     }
@@ -92,13 +95,14 @@ void MatchMode::start_game() {
     m_state.position.new_game();
     play_opening(m_book, m_state.position, m_tournament, m_game_number);
     show_opening();
-    start_first_mover();
+    m_over_at_start = !has_legal_move(m_state.position);
+    if (!m_over_at_start) start_first_mover();
 }
 
 bool MatchMode::seat_engine(Seat seat, const std::string& name) {
     m_seats.load_installed_engine(seat, name);
     if (m_seats.is_alive(seat)) return true;
-    m_state.mode = ManagerMode::human_human;
+    m_state.enter(ManagerMode::human_human);
     m_state.send("telluser Oops... loading " + name + " failed");
     m_state.send("tournament_finished");
     return false;
@@ -155,6 +159,10 @@ GameEnd MatchMode::step() {
     // Whatever waits and isn't the move of the engine on turn is thrown away here, the user's clicks
     // included.
     const Move move = std::exchange(m_state.pending, Move());
+    if (is_over_at_start()) {
+        m_over_at_start = false;
+        return by_the_rules;
+    }
     if (move.empty() || !is_game_running()) return {};
     return engine_moved(seat_of(m_state.turn), move);
 }
@@ -210,9 +218,14 @@ void MatchMode::start_search(Seat seat, std::chrono::steady_clock::time_point st
     m_state.turn = turn_of(seat);
 }
 
-GameEnd MatchMode::watch(Seat seat) const {
-    if (!is_game_running() || engine(seat).time_left() >= -hopeless_overstep) return {};
-    return loss_of(engine(seat).is_white(), engine(seat).has_crashed() ? "engine failure" : "time");
+GameEnd MatchMode::watch(Seat seat, const std::function<bool()>& has_waiting_lines) const {
+    if (!is_game_running()) return {};
+    const bool crashed = engine(seat).has_crashed();
+    // A write that was given up because the program ends makes it look so, too.
+    if (m_state.leaving.stop_requested()) return {};
+    if (crashed && !has_waiting_lines()) return loss_of(engine(seat).is_white(), "engine failure");
+    if (engine(seat).time_left() >= -hopeless_overstep) return {};
+    return loss_of(engine(seat).is_white(), crashed ? "engine failure" : "time");
 }
 
 void MatchMode::game_over(std::string_view result_word) {
@@ -246,7 +259,7 @@ void MatchMode::finish_run() {
 
 void MatchMode::leave() {
     if (!is_running()) return;
-    m_state.mode = ManagerMode::human_human;
+    m_state.enter(ManagerMode::human_human);
     m_state.turn = MoveTurn::none;
     m_seats.stop_all();
 }

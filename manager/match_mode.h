@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <pthread.h>
 #include <string>
@@ -34,9 +35,12 @@ public:
 
     GameEnd step();
 
-    /// The end of a running game whose engine in `seat` is far beyond its time: what a dead or silent engine
-    /// would leave hanging for ever.
-    GameEnd watch(Seat seat) const;
+    /// The end of a running game whose engine in `seat` has died or is far beyond its time: what would else
+    /// hang for ever. One that has died is asked for by `has_waiting_lines`: its last words count.
+    GameEnd watch(Seat seat, const std::function<bool()>& has_waiting_lines) const;
+
+    /// Whether a game has begun whose opening leaves no move; the next step() ends it.
+    bool is_over_at_start() const { return is_running() && m_over_at_start; }
 
     /// The thread that is about to bring the lines of a young search; none when there is no such search.
     std::optional<pthread_t> answering_thread() const;
@@ -73,6 +77,7 @@ private:
     Tournament m_tournament;  // its event is empty while none is loaded
     GuiBook m_book;
     std::int32_t m_game_number = 0;
+    bool m_over_at_start = false;
     MatchScore m_score;
 };
 

@@ -18,7 +18,7 @@ void PlayMode::go() {
     const bool on_its_turn = m_state.mode == ManagerMode::play && m_state.turn == MoveTurn::engine1;
     if (on_its_turn && engine->status() == EngineStatus::thinking) return;
 
-    m_state.mode = ManagerMode::play;
+    m_state.enter(ManagerMode::play);
     m_state.turn = MoveTurn::engine1;
     m_state.pending = Move();
     engine->set_white(m_state.white_to_move());
@@ -31,7 +31,7 @@ void PlayMode::play_other() {
     auto* const engine = m_seats.engine(Seat::first);
     if (engine == nullptr) return;
     engine->stop();
-    m_state.mode = ManagerMode::play;
+    m_state.enter(ManagerMode::play);
     m_state.turn = MoveTurn::user;
     m_state.pending = Move();
     // Provisional: the person's next move decides.
@@ -97,6 +97,7 @@ GameEnd PlayMode::user_moved() {
 
 GameEnd PlayMode::engine_moved() {
     const Move move = std::exchange(m_state.pending, Move());
+    m_seats.note_move(Seat::first);
     m_state.send("move " + move.to_string(false));
     m_state.send(clock_line(*m_seats.engine(Seat::first)));
     m_state.send("shout");

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <stop_token>
 #include <string>
+#include <utility>
 
 #include "channel/command_sink.h"
 #include "chess/move.h"
@@ -13,7 +15,10 @@ namespace velmora {
 
 /// What all the rooms of the referee share. Touched on the Manager's thread only.
 struct RefereeState {
-    explicit RefereeState(CommandSink& window_lines) : window(window_lines) { position.new_game(); }
+    RefereeState(CommandSink& window_lines, std::stop_token quit_is_due)
+        : window(window_lines), leaving(std::move(quit_is_due)) {
+        position.new_game();
+    }
 
     /// Sends one line to the window.
     void send(const std::string& line) { window.put_command(line); }
@@ -21,16 +26,30 @@ struct RefereeState {
     /// Lets the window have what was sent; called ahead of all that takes its time.
     void flush() { window.flush(); }
 
+    /// Changes the mode, and what a mode has put on the board goes with it.
+    void enter(ManagerMode next) {
+        if (next != mode) clear_arrows();
+        mode = next;
+    }
+
+    /// Takes the arrows off the board, if there are any.
+    void clear_arrows() {
+        if (std::exchange(has_arrows, false)) send("clear_arrows");
+    }
+
     bool white_to_move() const { return position.side_to_move() == Side::white; }
 
     CommandSink& window;
+    const std::stop_token leaving;  ///< "quit" waits: nothing may take long any more
     ManagerLog log;
     ChessPosition position;  ///< the game as the referee knows it
     Level level;
     ManagerMode mode = ManagerMode::human_human;
     MoveTurn turn = MoveTurn::user;
-    Move pending;       ///< waits for the next game step; empty when none does
-    bool quit = false;  ///< set by "quit", never taken back
+    Move pending;             ///< waits for the next game step; empty when none does
+    bool has_arrows = false;  ///< of the drill, on the window's board
+    bool game_over = false;   ///< nobody has asked for anything since a game ended
+    bool quit = false;        ///< set by "quit", never taken back
 };
 
 }  // namespace velmora

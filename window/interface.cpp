@@ -16,6 +16,7 @@ namespace velmora {
 namespace {
 
 constexpr unsigned tick_ms = 50;
+constexpr unsigned wake_up_ticks = 1000 / tick_ms;
 
 std::string_view text_behind_number(std::string_view numbered_line) {
     return numbered_line.substr(numbered_line.find(' ') + 1);
@@ -23,9 +24,9 @@ std::string_view text_behind_number(std::string_view numbered_line) {
 
 /// Of the lines that wait, an engine's search output may be dropped when thousands pile up under a message
 /// box.
-bool is_search_output(const std::string& numbered_line) {
+LineQueue::Class classify(const std::string& numbered_line) {
     const std::string_view line = text_behind_number(numbered_line);
-    return line.starts_with("white_info") || line.starts_with("black_info");
+    return {.expendable = line.starts_with("white_info") || line.starts_with("black_info")};
 }
 
 /// Nothing when nobody sits in the first seat, who may have left between one question and the next.
@@ -40,7 +41,7 @@ std::optional<Protocol> protocol_of_engine(const Manager& manager) {
 }  // namespace
 
 Interface::Interface(std::string program_path, int board_size)
-    : m_queue(is_search_output),
+    : m_queue(classify),
       m_box(Gtk::ORIENTATION_VERTICAL),
       m_clock_frame("", Gtk::ALIGN_START, Gtk::ALIGN_START, 15.0F, false),
       m_board(board_size),
@@ -190,6 +191,8 @@ void Interface::open_dropped(const std::string& uri) {
 bool Interface::on_timeout() {
     m_clocks.update();
     process_manager_messages();
+    // The referee acts on lines alone, and an engine that has died or fallen silent sends none.
+    if (++m_ticks % wake_up_ticks == 0 && m_modes.awaits_engine()) m_link.send("wake_up");
     return true;
 }
 

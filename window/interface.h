@@ -86,6 +86,7 @@ private:
     // The lines from the referee: there before its thread starts, gone after it has ended.
     LineQueue m_queue;          // each behind the number of commands that the referee had taken, and a blank
     std::uint64_t m_taken = 0;  // the referee's thread only
+    unsigned m_ticks = 0;
 
     Gtk::Box m_box;
     Gtk::AspectFrame m_clock_frame;

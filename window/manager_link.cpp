@@ -13,7 +13,8 @@ void ManagerLink::send(const std::string& command) {
     ++m_sent;
     if (word == "usermove" || word == "setboard" || word == "new") m_position_sent = m_sent;
     if (word == "load" || word == "start_tournament") m_load_sent = m_sent;
-    // A periodic sender of this one command would flood the log.
+    if (word == "quit") m_leaving = true;
+    // Sent once a second, it would flood the log.
     if (command.find("wake_up") == std::string::npos) m_log.write(stamp() + " interface --> " + line);
 }
 

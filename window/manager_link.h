@@ -28,6 +28,9 @@ public:
     /// The same of the last command that sends the referee to look for engines.
     bool referee_took_load() const { return m_taken >= m_load_sent; }
 
+    /// Whether the window is about to close: "quit" has been sent.
+    bool is_leaving() const { return m_leaving; }
+
     /// On truncates and opens the log, off closes it.
     void set_logging(bool on);
 
@@ -39,6 +42,7 @@ private:
     std::uint64_t m_position_sent = 0;  // of these, up to the last that changed the position
     std::uint64_t m_load_sent = 0;      // likewise, the last that loads engines
     std::uint64_t m_taken = 0;          // of these, what the referee had taken when it wrote its last line
+    bool m_leaving = false;
     LogFile m_log;
     Stopwatch m_session;  // runs from construction; the log's stamps count from the program's start
 };

@@ -221,6 +221,7 @@ void MessageDispatcher::end_game(std::string_view result, Rest& rest) {
 template <Side side>
 void MessageDispatcher::search_output(Rest& rest) {
     const std::string line(rest.rest());
+    if (m_manager.is_leaving()) return;
     if (line.find("currmove") == std::string::npos) m_screen.add_analysis(side, line + "\n");
     annotate(m_desk.annotation[side], line, side);
 }
@@ -292,6 +293,8 @@ void MessageDispatcher::clear_arrows(Rest& /*rest*/) { m_screen.clear_arrows(); 
 // The program
 
 void MessageDispatcher::tell_user(Rest& rest) {
+    // A message box would hold up the end.
+    if (m_manager.is_leaving()) return;
     const std::string headline(rest.word());
     m_engine.end_search();
     m_screen.tell_user(headline, std::string(rest.rest()));

@@ -102,6 +102,12 @@ void ModeController::tournament(bool on) {
     m_engine.begin_match();
 }
 
+bool ModeController::awaits_engine() const {
+    const Mode mode = m_screen.mode();
+    return mode == Mode::tournament || mode == Mode::analyze_position ||
+           (mode == Mode::human_computer && m_desk.engine_to_move());
+}
+
 void ModeController::start_thinking() {
     if (m_screen.mode() != Mode::human_computer) return;
     const Side engine = m_desk.side_to_move();

@@ -24,6 +24,9 @@ public:
     void start_thinking();
     void new_game();
 
+    /// Whether an engine searches or owes a move, as far as the window knows.
+    bool awaits_engine() const;
+
 private:
     using Handler = void (ModeController::*)(bool on);
 

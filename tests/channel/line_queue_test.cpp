@@ -60,29 +60,44 @@ TEST(LineQueue, DrainHoldsUpWritersUntilItsHandlerReturns) {
     EXPECT_EQ(queue.try_pop(), "late");
 }
 
-TEST(LineQueue, DropsOnlyExpendableLinesAndOnlyWhenCrowded) {
-    LineQueue queue([](const std::string& line) { return line.starts_with("info"); });
-    queue.put("bestmove e2e4");
-    for (std::size_t i = 0; i < 2 * LineQueue::crowded_at; ++i) queue.put("info " + std::to_string(i));
-    queue.put("bestmove e7e5");
-    EXPECT_LE(queue.size(), LineQueue::crowded_at + 1);
-    EXPECT_EQ(queue.try_pop(), "bestmove e2e4");
-    std::string last;
-    std::string info;
-    while (auto line = queue.try_pop()) {
-        info = last;
-        last = *line;
-    }
-    EXPECT_EQ(last, "bestmove e7e5");
-    EXPECT_EQ(info, "info " + std::to_string(2 * LineQueue::crowded_at - 1));
+/// "info" may go, "0 ..." may not, and all else is counted by its first digit.
+LineQueue::Class classify(const std::string& line) {
+    const auto account = static_cast<std::uint64_t>(line.front() - '0');
+    return {.expendable = line.starts_with("info"), .account = line.starts_with("info") ? 0 : account};
 }
 
-TEST(LineQueue, ClearKeepsWhatItIsToldToKeep) {
-    LineQueue queue;
-    for (const char* line : {"1 7 info depth 1", "0 quit", "0 new"}) queue.put(line);
-    queue.clear([](const std::string& line) { return line == "0 quit"; });
-    EXPECT_EQ(queue.try_pop(), "0 quit");
-    EXPECT_TRUE(queue.empty());
+TEST(LineQueue, DropsTheOldestExpendableLinesAndOnlyWhenCrowded) {
+    LineQueue queue(classify);
+    // Where the search for what may go had come to says nothing after a clear().
+    for (std::size_t i = 0; i < LineQueue::crowded_at; ++i) queue.put("0 new");
+    queue.put("info");
+    queue.clear();
+    queue.put("0 new");
+    for (std::size_t i = 1; i < 2 * LineQueue::crowded_at; ++i) queue.put("info " + std::to_string(i));
+    queue.put("0 go");
+    EXPECT_EQ(queue.size(), LineQueue::crowded_at);
+    EXPECT_EQ(queue.try_pop(), "0 new");
+    for (std::size_t i = LineQueue::crowded_at + 2; i < 2 * LineQueue::crowded_at; ++i) {
+        ASSERT_EQ(queue.try_pop(), "info " + std::to_string(i));
+    }
+    EXPECT_EQ(queue.try_pop(), "0 go");
+
+    const std::string long_line = "info " + std::string(1 << 20, 'x');
+    for (int i = 0; i < 100; ++i) queue.put(long_line);
+    EXPECT_EQ(queue.size(), LineQueue::crowded_bytes / long_line.size());
+}
+
+TEST(LineQueue, AnAccountThatIsFullGetsNoMore) {
+    LineQueue queue(classify);
+    for (std::size_t i = 0; i <= LineQueue::account_limit; ++i) queue.put("1 " + std::to_string(i));
+    queue.put("2 x");
+    EXPECT_EQ(queue.size(), LineQueue::account_limit + 1);
+    EXPECT_EQ(queue.try_pop(), "1 0");
+    queue.put("1 y");
+    queue.put("1 z");
+    std::string last;
+    while (auto line = queue.try_pop()) last = *line;
+    EXPECT_EQ(last, "1 y");
 }
 
 }  // namespace

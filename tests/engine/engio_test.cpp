@@ -212,6 +212,19 @@ TEST_F(EngioTest, AnEngineThatDoesNotReadCountsAsCrashed) {
     kill_children();
 }
 
+TEST_F(EngioTest, NoWriteWaitsForTheEngineOnceTheProgramEnds) {
+    std::stop_source leaving;
+    Engio engio(leaving.get_token(), std::chrono::hours(1));
+    engio.spawn_engine(add_engine("a", "hang\n"));
+    std::thread writer([&engio] {
+        while (engio.is_alive()) engio.send(std::string(30000, 'x'));
+    });
+    leaving.request_stop();
+    writer.join();
+    EXPECT_TRUE(engio.has_crashed());
+    kill_children();
+}
+
 TEST_F(EngioTest, AnEndlessLineCountsAsCrash) {
     start("a", "answer here\nspew 10000000 x\n");
     ASSERT_TRUE(wait_until([&] { return m_engio.has_crashed(); }));

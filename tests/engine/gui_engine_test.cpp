@@ -24,7 +24,9 @@ public:
     }
 
     std::atomic<int> moves = 0;
-    LineQueue queue{[](const std::string& line) { return line.find(" info ") != std::string::npos; }};
+    LineQueue queue{[](const std::string& line) {
+        return LineQueue::Class{.expendable = line.find(" info ") != std::string::npos};
+    }};
 };
 
 class GuiEngineTest : public EngineTest {

@@ -107,6 +107,11 @@ TEST_F(GuiBookTest, DoesWithoutAFile) {
     m_book.set_path(m_files.write("book.pgn", games));
     m_book.set_path(".epd");
     EXPECT_EQ(m_book.count(), 4) << "four characters change nothing";
+    std::stop_source leaving;
+    leaving.request_stop();
+    GuiBook unread(leaving.get_token());
+    unread.set_path(m_book.path());
+    EXPECT_EQ(unread.count(), 0) << "nobody waits for it any more";
 }
 
 }  // namespace

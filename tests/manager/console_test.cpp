@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -42,7 +43,11 @@ TEST(Console, CutsTheInputIntoCommands) {
     }
     EXPECT_EQ(bench.referee.take(), Lines({"0 debug true", "0 level fixed_depth 3", "0 ", "0 ponder on"}));
     bench.console.end_input();
-    EXPECT_EQ(bench.referee.take(), Lines({"0 go", "0 quit"}));
+    EXPECT_EQ(bench.referee.take(), Lines({"0 go", "0 wake_up"}));
+    bench.console.acknowledge(5);
+    EXPECT_EQ(bench.referee.take(), Lines()) << "all that was said is done first";
+    bench.console.acknowledge(6);
+    EXPECT_EQ(bench.referee.take(), Lines({"0 quit"}));
 }
 
 TEST(Console, PrintsWhatTheRefereeSays) {
@@ -61,13 +66,18 @@ TEST(Console, WaitsForARunningMatchAtTheEndOfTheInput) {
         const char *name, *input;
         Lines said_after_end;
         int quits_at_end, quits_then;
+        bool wakes_at_end, wakes_then;
     } rows[] = {
-        {"nothing", "", {"move e2e4"}, 1, 1},
-        {"match", "start_tournament\n", {"move e2e4", "1-0 {White mates}"}, 0, 0},
-        {"match over", "start_tournament", {"tournament_finished", "quit"}, 0, 1},
-        {"match left", "start_tournament\nhuman_human\n", {}, 1, 1},
-        {"match set aside", "start_tournament\nsetboard 8/8 w\n", {}, 1, 1},
-        {"match after play", "go\nstart_tournament\n", {"move e2e4"}, 0, 0},
+        {"nothing", "", {"move e2e4"}, 1, 1, false, false},
+        {"match", "start_tournament\n", {"move e2e4", "1-0 {White mates}"}, 0, 0, true, true},
+        {"match over", "start_tournament", {"tournament_finished", "quit"}, 0, 1, true, false},
+        {"match left", "start_tournament\nhuman_human\n", {}, 1, 1, false, false},
+        {"match set aside", "start_tournament\nsetboard 8/8 w\n", {}, 1, 1, false, false},
+        {"match after play", "go\nstart_tournament\n", {"move e2e4"}, 0, 0, true, true},
+        {"the engine's move", "go\n", {"move e2e4"}, 1, 1, true, false},
+        {"the person's move", "usermove e2e4", {"0-1 {Black mates}"}, 1, 1, true, false},
+        {"analysis", "analyzeposition", {"white_info depth 1"}, 1, 1, true, true},
+        {"analysis left", "analyzeposition\nhuman_human", {}, 1, 1, false, false},
     };
     for (const auto& row : rows) {
         Bench bench;
@@ -75,21 +85,32 @@ TEST(Console, WaitsForARunningMatchAtTheEndOfTheInput) {
             const auto lines = bench.referee.lines();
             return static_cast<int>(std::count(lines.begin(), lines.end(), "0 quit"));
         };
+        const auto wakes = [&] {
+            const auto before = bench.referee.count();
+            bench.console.wake_up();
+            const bool woken = bench.referee.count() > before;
+            bench.console.acknowledge(bench.referee.count());
+            return woken;
+        };
         bench.console.take_input(row.input);
         bench.console.end_input();
+        EXPECT_EQ(wakes(), row.wakes_at_end) << row.name;
         EXPECT_EQ(quits(), row.quits_at_end) << row.name;
         for (const auto& line : row.said_after_end) bench.console.put_command(line);
+        EXPECT_EQ(wakes(), row.wakes_then) << row.name;
         EXPECT_EQ(quits(), row.quits_then) << row.name;
     }
 }
 
 TEST(ConsoleProgram, EndsWithTheInputOrAQuit) {
     const test::Workplace place;
-    for (const auto* input : {"", "quit\n", "start_tournament", "wake_up\nquit\nlearnopenings 3\n"}) {
+    for (const auto& [input, count] :
+         {std::pair("", 1U), std::pair("quit\n", 1U), std::pair("start_tournament", 3U),
+          std::pair("learnopenings 3", 3U), std::pair("wake_up\nquit\nlearnopenings 3\n", 1U)}) {
         test::ConsoleProcess console(input);
         const Lines lines = console.remaining_lines();
         EXPECT_EQ(lines.back(), "quit") << input;
-        EXPECT_EQ(lines.size(), std::string(input) == "start_tournament" ? 3U : 1U) << input;
+        EXPECT_EQ(lines.size(), count) << input;
         EXPECT_EQ(console.finish(), 0) << input;
     }
 }

@@ -1,16 +1,13 @@
 #include "manager/manager.h"
 
-#include <array>
 #include <random>
 #include <set>
 #include <stdexcept>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "channel/text.h"
 #include "manager/match_opening.h"
 #include "manager/match_score.h"
 #include "tests/manager/referee.h"
@@ -45,60 +42,53 @@ struct EchoingReferee {
     const std::string id = std::to_string(std::mt19937_64(12345)());
 };
 
-TEST(Manager, ManyWritersLoseNothingAndKeepTheirOrder) {
-    constexpr int writers = 3;
-    constexpr int lines_each = 3000;
-    EchoingReferee echo;
-    {
-        std::vector<std::jthread> threads;
-        for (int writer = 0; writer < writers; ++writer) {
-            threads.emplace_back([&echo, writer] {
-                const std::string head = "info " + std::to_string(writer) + ' ';
-                for (int i = 0; i < lines_each; ++i) echo.put(head + std::to_string(i));
-            });
-        }
-    }
-    std::array<int, writers> next{};
-    const Lines lines = echo.referee.quit();
-    ASSERT_EQ(lines.size(), writers * lines_each + 1U);
-    for (const auto& line : lines) {
-        if (line == "quit") break;
-        text::WordReader reader(line);
-        EXPECT_EQ(reader.word(), "white_info");
-        const auto writer = reader.integer<std::size_t>().value();
-        EXPECT_EQ(reader.integer<int>(), next.at(writer)++) << line;
-    }
-}
-
-TEST(Manager, ACrowdedQueueDropsTheOldestSearchLinesOnly) {
+TEST(Manager, ACrowdedQueueDropsSearchLinesAndMovesThatNobodyAwaits) {
     EchoingReferee echo;
     echo.hold();
     echo.referee.say("start_tournament");
-    for (std::size_t i = 1; i <= 2 * LineQueue::crowded_at; ++i) echo.put("info " + std::to_string(i));
+    for (std::size_t i = 1; i <= 2 * LineQueue::crowded_at; ++i) {
+        echo.put("info " + std::to_string(i));
+        echo.put("bestmove e2e4");
+    }
     echo.referee.say("start_tournament");
-    echo.referee.say("quit");
     echo.release();
-    const Lines lines = echo.referee.take_until("quit");
-    // Ten thousand lines wait at most, the three that may not go among them.
     const Lines answer = {"telluser No_tournament_loaded", "tournament_finished"};
-    EXPECT_EQ(Lines(lines.begin(), lines.begin() + 2), answer);
-    EXPECT_EQ(lines[2], "white_info 10004");
-    EXPECT_EQ(lines[lines.size() - 4], "white_info 20000");
-    EXPECT_EQ(Lines(lines.end() - 3, lines.end() - 1), answer);
-    EXPECT_EQ(lines.size(), LineQueue::crowded_at - 3 + 2 * answer.size() + 1);
+    EXPECT_EQ(echo.referee.take_until(answer.back()), answer);
+    const Lines lines = echo.referee.take_until(answer.back());
+    // Ten thousand lines wait at most, those that may not go among them: a hundred moves, two commands.
+    constexpr auto infos = LineQueue::crowded_at - LineQueue::account_limit - 2;
+    ASSERT_EQ(lines.size(), infos + answer.size());
+    EXPECT_EQ(lines[infos - 1], "white_info 20000");
+    EXPECT_EQ(Lines(lines.end() - 2, lines.end()), answer);
 }
 
 TEST(Manager, TheEndOfAGameLosesAllWaitingLinesButQuit) {
     EchoingReferee echo;
-    echo.hold();
-    echo.put("resign");
+    echo.referee.say("setboard 7k/8/5KQ1/8/8/8/8/8 w - - 0 1");
+    echo.referee.say("playother");
+    echo.referee.window().hold_at("whitename Human");
+    echo.referee.say("usermove g6g7");
+    EXPECT_EQ(echo.referee.take_until("whitename Human").size(), 2U);
     echo.put("info lost");
     echo.referee.say("start_tournament");
     echo.referee.say("quit");
     echo.release();
-    EXPECT_EQ(echo.referee.take_until("quit"), Lines({"0-1 {white resigns}", "quit"}));
-    EXPECT_EQ(echo.referee.window().taken(), 3U)
+    EXPECT_EQ(echo.referee.take_until("quit"),
+              Lines({"1-0 {White mates}", "round ?", "telluser result: 1-0", "quit"}));
+    EXPECT_EQ(echo.referee.window().taken(), 6U)
         << "a lost line counts, or all later ones would seem to cross";
+}
+
+TEST(Manager, QuitOvertakesWhatWaitsAndCutsShortWhatTheRefereeWaitsFor) {
+    // A probe that looks for its answer once an hour.
+    test::Referee referee(std::chrono::hours(1));
+    const auto program = referee.workplace.add_engine("silent", "rest\n");
+    referee.say("load 1 filename " + program);
+    referee.workplace.wait_for([&] { return !referee.workplace.processes_of("silent").empty(); });
+    for (int i = 0; i < 1000; ++i) referee.say("start_tournament");
+    referee.say("quit");
+    EXPECT_EQ(referee.take_until("quit").back(), "quit");
+    EXPECT_LE(referee.window().taken(), 2U);
 }
 
 TEST(Manager, PublishesWhatIsKnownOfTheFirstEngine) {
@@ -192,6 +182,15 @@ TEST(MatchOpening, IsDrawnAtRandomOnceForBothColours) {
         for (std::size_t i = 0; i < openings.size(); i += 2) pairs += openings[i] == openings[i + 1] ? 1 : 0;
         EXPECT_EQ(pairs == openings.size() / 2, both_colors);
     }
+}
+
+TEST(DeathCount, ThreeWithinAMinuteAreTooMany) {
+    DeathCount deaths;
+    std::string verdicts;
+    for (const int second : {0, 50, 61, 111, 120}) {
+        verdicts += deaths.add(DeathCount::TimePoint(std::chrono::seconds(second))) ? '!' : '.';
+    }
+    EXPECT_EQ(verdicts, "....!");
 }
 
 TEST(MatchScore, CountsBySeat) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <thread>
@@ -17,7 +18,8 @@ using Lines = std::vector<std::string>;
 /// A Manager on its thread with a recording window, in a working directory of its own; ends with the test.
 class Referee {
 public:
-    Referee() : m_manager(m_window, "velmora", std::chrono::milliseconds(2)), m_thread(std::ref(m_manager)) {}
+    explicit Referee(std::chrono::milliseconds probe_interval = std::chrono::milliseconds(2))
+        : m_manager(m_window, "velmora", probe_interval), m_thread(std::ref(m_manager)) {}
 
     ~Referee() {
         m_window.hold_at({});
@@ -29,7 +31,10 @@ public:
     Referee& operator=(const Referee&) = delete;
 
     /// Sends a command as the window does.
-    void say(const std::string& command) { m_manager.put_command("0 " + command); }
+    void say(const std::string& command) {
+        ++m_said;
+        m_manager.put_command("0 " + command);
+    }
 
     /// The referee's next line. Milliseconds, which no test knows, read "#".
     std::string next_line() {
@@ -49,8 +54,11 @@ public:
         return lines;
     }
 
-    /// Sends "quit" and gives everything that the referee says up to its answer.
+    /// Sends "quit" when all else has been dealt with, and gives everything that the referee says up to its
+    /// answer.
     Lines quit() {
+        say("wake_up");
+        Workplace::wait_for([this] { return m_window.taken() >= m_said; });
         say("quit");
         return take_until("quit");
     }
@@ -62,6 +70,7 @@ public:
 
 private:
     RecordingWindow m_window;
+    std::uint64_t m_said = 0;  // commands so far
     Manager m_manager;
     std::thread m_thread;
 };

@@ -1,6 +1,10 @@
+#include <algorithm>
+#include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -11,6 +15,7 @@
 namespace velmora {
 namespace {
 
+using namespace std::string_literals;
 using test::ConsoleProcess;
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
@@ -19,39 +24,74 @@ constexpr bool memory_can_be_measured = false;  // the sanitizers keep what is f
 constexpr bool memory_can_be_measured = true;
 #endif
 
-/// A tournament of games that end with their first move: won, lost and drawn in turn.
+/// One game of the tournament below: who is White, against whom, from where.
+struct QuickGame {
+    const char *white, *black, *position, *result;
+};
+
+constexpr const char* start = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq -";
+constexpr QuickGame won{"Alpha", "Beta", "5k2/8/4K3/8/8/8/8/Q7 w - -", "1-0"};
+constexpr QuickGame lost{"Beta", "Alpha", "5K2/8/4k3/8/8/8/8/q7 b - -", "0-1"};
+constexpr QuickGame drawn{"Alpha", "Beta", "4k2n/8/8/8/8/8/8/B3K3 w - -", "1/2-1/2"};
+constexpr QuickGame dies{"Mortal", "Beta", start, "0-1"};
+constexpr QuickGame falls_silent{"Mute", "Alpha", start, "0-1"};
+constexpr QuickGame has_no_move{"Empty", "Beta", start, "0-1"};
+
+/// Over and over.
+constexpr QuickGame cycle[] = {won,          lost,  drawn, dies, won,   drawn,      has_no_move,
+                               lost,         drawn, won,   lost, drawn, won,        dies,
+                               falls_silent, drawn, lost,  won,  drawn, has_no_move};
+
+constexpr QuickGame quick_game(int number) { return cycle[std::size_t(number - 1) % std::size(cycle)]; }
+
+/// A tournament of games that end with their first move, or with an engine that fails at its second.
 class QuickGames {
 public:
     explicit QuickGames(int games) : m_games(games) {
-        place.write("book.epd",
-                    "5k2/8/4K3/8/8/8/8/Q7 w - -\n5K2/8/4k3/8/8/8/8/q7 b - -\n4k2n/8/8/8/8/8/8/B3K3 w - -\n");
-        for (const auto* name : {"Alpha", "Beta"}) place.install_engine(name, "line a1h8\nplay\n");
+        std::string book;
+        for (int number = 1; number <= games; ++number) book += quick_game(number).position + "\n"s;
+        place.write("book.epd", book);
+        const std::string play = "line a1h8\nplay\n";
+        const std::pair<const char*, std::string> scripts[] = {{"Alpha", play},
+                                                               {"Beta", play},
+                                                               {"Mortal", "at 2 die\n" + play},
+                                                               {"Mute", "at 2 rest\n" + play},
+                                                               {"Empty", "at 2 answer bestmove\n" + play}};
+        for (const auto& [name, script] : scripts) {
+            m_participants.emplace_back(name);
+            place.install_engine(name, script);
+        }
         place.write("tournaments/quick.trn", file(0));
     }
 
     /// The file with the results of the first games.
     std::string file(int played) const {
-        std::string text =
-            "event Quick\nsite  ?\nlevel fixed_depth 1\ntype match\nrounds " + std::to_string(m_games) +
-            "\nopeningbook book.epd\nbothcolors false\nrandomorder false\nignoretimeloss false\n"
-            "participant Alpha\nparticipant Beta\n";
+        // An increment below 0: who has moved once falls silent for five seconds at most.
+        std::string text = "event Quick\nsite  ?\nlevel sudden_death 0 0 -15\ntype match\nrounds " +
+                           std::to_string(m_games) +
+                           "\nopeningbook book.epd\nbothcolors false\nrandomorder false\n"
+                           "ignoretimeloss true\n";
+        for (const auto& name : m_participants) text += "participant " + name + '\n';
         for (int number = 1; number <= m_games; ++number) {
+            const QuickGame game = quick_game(number);
             char line[80];
-            const bool alpha_is_white = number % 2 == 0;
             std::snprintf(line, sizeof line, "game %7d%7d    %d  -  %d     ", number, number,
-                          alpha_is_white ? 1 : 2, alpha_is_white ? 2 : 1);
-            text += line + (number <= played ? result(number) : "*") + '\n';
+                          place_of(game.white), place_of(game.black));
+            text += line + (number <= played ? game.result : "*"s) + '\n';
         }
         return text;
     }
 
-    /// Past the book's end its last position is played.
-    static std::string result(int number) { return number == 1 ? "1-0" : number == 2 ? "0-1" : "1/2-1/2"; }
-
     const test::Workplace place;
 
 private:
+    /// From 1.
+    int place_of(const std::string& name) const {
+        return int(std::ranges::find(m_participants, name) - m_participants.begin()) + 1;
+    }
+
     int m_games;
+    std::vector<std::string> m_participants;
 };
 
 const std::string play_quick = "load_tournament quick\nstart_tournament\n";
@@ -69,8 +109,8 @@ TEST(QuickMatches, ALongMatchLeavesNothingBehind) {
     std::string expected;
     std::string expected_whites;
     for (int number = 1; number <= games; ++number) {
-        expected += QuickGames::result(number) + ' ';
-        expected_whites += number % 2 == 0 ? "Alpha " : "Beta ";
+        expected += quick_game(number).result + " "s;
+        expected_whites += quick_game(number).white + " "s;
     }
     while (const auto line = console.next_line()) {
         window.process(*line);

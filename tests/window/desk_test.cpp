@@ -247,6 +247,10 @@ TEST_F(DeskTest, WhatIsShownAroundTheBoard) {
                             "arrow 12 28 1", "arrow 1 2 0", "arrow 3 4 2", "clear arrows",
                             "clock level fixed_depth 7", "reset clocks", "close"));
     EXPECT_EQ(screen.title, "Alpha 1.0");
+    screen.calls.clear();
+    link.send("quit");
+    lines({"telluser too late", "white_info too late"});
+    EXPECT_THAT(screen.calls, IsEmpty()) << "nothing holds up the end";
 }
 
 TEST_F(DeskTest, ResetFallsBackToTwoPeopleOnlyForTheMode) {
@@ -263,9 +267,10 @@ TEST_F(DeskTest, WhatEachModeSends) {
     seat = Protocol::uci;
     desk.engine1_name = "Alpha";
     const std::string board = "0 setboard " + desk.position.fen();
+    EXPECT_FALSE(modes.awaits_engine());
     screen.select_mode(Mode::human_computer);
     EXPECT_THAT(referee.take(), ElementsAre(board, "0 playother"));
-    EXPECT_TRUE(desk.engine_plays[Side::black]);
+    EXPECT_TRUE(desk.engine_plays[Side::black] && !modes.awaits_engine());
     EXPECT_TRUE(screen.sensitive["StartThinking"] && screen.sensitive["Ponder"]);
     desk.position.set_fen(after_e4);  // from elsewhere: whichever side is to move there is the person's
     modes.follow_position();
@@ -274,8 +279,9 @@ TEST_F(DeskTest, WhatEachModeSends) {
     desk.position.new_game();
     modes.start_thinking();
     EXPECT_THAT(referee.take(), ElementsAre("0 go"));
-    EXPECT_TRUE(desk.engine_plays[Side::white] && !desk.engine_plays[Side::black]);
+    EXPECT_TRUE(desk.engine_plays[Side::white] && !desk.engine_plays[Side::black] && modes.awaits_engine());
     screen.select_mode(Mode::analyze_position);
+    EXPECT_TRUE(modes.awaits_engine());
     EXPECT_THAT(referee.take(), ElementsAre(board, "0 analyzeposition"));
     EXPECT_FALSE(screen.sensitive["StartThinking"] || screen.sensitive["Ponder"]);
     screen.hints_answer = 0;
@@ -285,9 +291,11 @@ TEST_F(DeskTest, WhatEachModeSends) {
     screen.hints_answer = 3;
     screen.select_mode(Mode::learn_openings);
     EXPECT_THAT(referee.take(), ElementsAre("0 learnopenings 3", board));
+    EXPECT_FALSE(modes.awaits_engine());
     screen.select_mode(Mode::tournament);
     EXPECT_THAT(referee.take(), ElementsAre("0 learnopenings 0", "0 start_tournament"));
     EXPECT_TRUE(desk.engine_plays[Side::white] && desk.engine_plays[Side::black] && !desk.clocks_held);
+    EXPECT_TRUE(modes.awaits_engine());
     screen.select_mode(Mode::human_human);
     EXPECT_THAT(referee.take(), ElementsAre("0 human_human"));
     EXPECT_TRUE(desk.clocks_held);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <functional>
 #include <mutex>
@@ -13,8 +14,8 @@ namespace velmora {
 /// Both ends of the console's channel: commands of the input go to the referee, what the referee says is
 /// printed.
 ///
-/// The end of the input stands for "quit", but a match that runs is played to its end first. Lines come in on
-/// the referee's thread and commands on the main thread.
+/// The end of the input stands for a "quit" that waits its turn, and a match that runs is played to its end
+/// first. Lines come in on the referee's thread and commands on the main thread.
 class Console : public CommandSink {
 public:
     /// Prints to `out`. `leave` is called, from any thread, when the referee has answered "quit".
@@ -29,24 +30,35 @@ public:
     /// The input is at its end; what stands there without a line end is a line.
     void end_input();
 
+    /// Has the referee look at the engines, if it waits for one: nobody else tells it of a death or a
+    /// silence. To be called once a second.
+    void wake_up();
+
     /// Prints a line of the referee; with the next flush() it is on its way.
     void put_command(const std::string& line) override;
 
     /// Writes the lines since the last one by one write.
     void flush() override;
 
+    void acknowledge(std::uint64_t taken) override;
+
 private:
     void command(std::string_view line);
+    void send(const std::string& line);
     void quit_when_done();
+    void quit();
 
     std::FILE* const m_out;
     const std::function<void()> m_leave;
     CommandSink* m_referee = nullptr;  // borrowed; outlives the console's use
     std::string m_partial_line;        // main thread only
     std::mutex m_mutex;
-    bool m_input_ended = false;    // guarded by m_mutex
-    bool m_match_running = false;  // guarded by m_mutex
-    bool m_quit_sent = false;      // guarded by m_mutex
+    bool m_input_ended = false;      // guarded by m_mutex
+    bool m_match_running = false;    // guarded by m_mutex
+    bool m_engine_searches = false;  // guarded by m_mutex; or may do so
+    bool m_quit_sent = false;        // guarded by m_mutex
+    std::uint64_t m_sent = 0;        // guarded by m_mutex; lines
+    std::uint64_t m_taken = 0;       // guarded by m_mutex; of these, how many have reached the referee
 };
 
 }  // namespace velmora

@@ -29,6 +29,11 @@ gboolean read_input(gint descriptor, GIOCondition, gpointer data) {
     return G_SOURCE_CONTINUE;
 }
 
+gboolean wake_up(gpointer data) {
+    static_cast<velmora::Console*>(data)->wake_up();
+    return G_SOURCE_CONTINUE;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -47,6 +52,7 @@ int main(int argc, char** argv) {
     // The loop also reaps the engines' processes, whose child watches are in the default context.
     g_unix_fd_add(STDIN_FILENO, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR), read_input,
                   &console);
+    g_timeout_add_seconds(1, wake_up, &console);
     g_main_loop_run(loop);
     referee.join();
     g_main_loop_unref(loop);

@@ -369,9 +369,8 @@ TEST_F(WordsTest, TheMessages) {
          },
          "result:", " 1-0"},
         {[&] {
-             m_place.kill_engine("alpha");
-             gui::pump_until([&] { return false; }, std::chrono::milliseconds(300));
-             tell("wake_up")();
+             choose("Mode", "Analysis")();
+             m_place.kill_engine("alpha");  // nobody but the tick asks for it
          },
          "engine1", " crashed"},
     };
