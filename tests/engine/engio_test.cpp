@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <map>
 #include <stdexcept>
+#include <sys/prctl.h>
 #include <thread>
 
 #include "engine/line_receiver.h"
@@ -161,6 +162,18 @@ TEST_F(EngioTest, ReportsWhatCannotBeStarted) {
     start("/bin/" + std::string(985, '/') + "true.none");
     EXPECT_EQ(log().at(log().size() - 2).substr(0, 30), "   Engio::spawn_engine(/bin///")
         << "999 bytes are tried";
+}
+
+TEST_F(EngioTest, AnEngineDoesNotInheritTheTimerSlack) {
+    write("slack", "#!/bin/sh\nexec cat /proc/$$/timerslack_ns\n");
+    std::filesystem::permissions("slack", std::filesystem::perms::owner_all);
+    const std::string usual = std::to_string(prctl(PR_GET_TIMERSLACK));
+    prctl(PR_SET_TIMERSLACK, 1);
+    start(path("slack"));
+    EXPECT_EQ(prctl(PR_GET_TIMERSLACK), 1);
+    prctl(PR_SET_TIMERSLACK, 0);
+    ASSERT_TRUE(wait_until([&] { return !m_receiver.lines().empty(); }));
+    EXPECT_EQ(m_receiver.lines().front(), usual);
 }
 
 TEST_F(EngioTest, RefusesASecondProcess) {
