@@ -106,8 +106,11 @@ public:
     std::optional<pthread_t> reader();
 
 private:
+    void start_process();
+    void end_process();
+    void restart_process();
     void replace_probe();
-    void quit_process();
+    void quit_engine();
     template <class Answer, class Question>
     Answer ask(Answer absent, Question question) const;
     template <class Change>

@@ -80,6 +80,9 @@ TEST_F(GuiEngineTest, FindsTheProtocol) {
         {"until protover\nanswer feature memory=1 smp=1 option=\"X -check 1\" made_up=1\n",
          Protocol::autodetect, "v2///2",
          "uci\nxboard\nprotover 2\naccepted memory\naccepted smp\naccepted made_up\nquit\n"},
+        // One that ends at "uci" is started once more.
+        {"expect xboard\nuntil protover\nanswer feature done=1\n", Protocol::autodetect, "v2///0",
+         "uci\nxboard\nprotover 2\naccepted done\nquit\n"},
         {"", Protocol::autodetect, "v1///0", "uci\nxboard\nprotover 2\nxboard\nquit\n"},
         {"", Protocol::uci, "uci///0", "uci\nquit\n"},
         {"", Protocol::xboard_v1, "v1///0", "xboard\nquit\n"},
@@ -132,7 +135,7 @@ TEST_F(GuiEngineTest, AnEmptyHandleAnswersHarmlessly) {
         m_engine->load_engine(&m_sink, 1, path, Protocol::autodetect);
         expect_empty();
     }
-    for (const char* script : {"die", "until uci\nwrite id na\ndie\n",
+    for (const char* script : {"die", "until \nwrite id na\ndie\n", "until uci\nanswer id name A\ndie\n",
                                "until protover\nanswer feature ping=1\nkill 9\n", "close stdout\n"}) {
         load(script, Protocol::autodetect);
         expect_empty();
