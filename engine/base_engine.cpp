@@ -123,8 +123,27 @@ void BaseEngine::set_variables(const EngineVariables& variables) {
 void BaseEngine::send_options(const Options& options) {
     const std::lock_guard lock(m_mutex);
     m_variables->options = options;
+    send_all_options();
+}
+
+void BaseEngine::set_option(const std::string& name, const std::string& value) {
+    const std::lock_guard lock(m_mutex);
+    const auto option = m_variables->options.find(name);
+    if (option != m_variables->options.end()) option->second.value = value;
+    do_set_option(name);
+}
+
+void BaseEngine::send_all_options(const std::string& name) {
+    send_chosen_options([&name](const Option& option) {
+        return option.default_value != "<empty>" || option.value != "<empty>" || option.name == name;
+    });
+}
+
+void BaseEngine::send_chosen_options(const std::function<bool(const Option&)>& wanted) {
     std::vector<std::string> commands;
-    for (const auto& [name, option] : options) commands.push_back(option_command(option));
+    for (const auto& [name, option] : m_variables->options) {
+        if (wanted(option)) commands.push_back(option_command(option));
+    }
     m_engio->send_lines(std::vector<std::string_view>(commands.begin(), commands.end()));
 }
 

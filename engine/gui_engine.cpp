@@ -125,6 +125,10 @@ void GuiEngine::set_enginevariables(const EngineVariables& variables) {
     if (m_engine) m_engine->set_variables(variables);
 }
 
+void GuiEngine::set_option(const std::string& name, const std::string& value) {
+    if (m_engine) m_engine->set_option(name, value);
+}
+
 Options GuiEngine::get_options() const {
     return ask(Options(), [](const EngineVariables& v) { return v.options; });
 }

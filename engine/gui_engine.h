@@ -53,6 +53,10 @@ public:
     /// announced, and sends all its options; neither level nor protocol.
     void set_enginevariables(const EngineVariables& variables);
 
+    /// Sets an option that the engine announced. An engine that thinks about its move gets it afterwards; an
+    /// analysis or a ponder search is interrupted for it.
+    void set_option(const std::string& name, const std::string& value);
+
     Options get_options() const;
     Level get_level() const;
     /// Sets the level, and the clock from it with the record's handicap.
