@@ -33,6 +33,8 @@ public:
 
     /// Lines that the queue keeps at least; above that the oldest thinking output goes.
     static constexpr std::size_t kept_lines = 20;
+    /// Lines that the queue keeps at most, more than a handshake ever looks at; what comes on top is dropped.
+    static constexpr std::size_t most_lines = 400;
 
     virtual Protocol protocol() const = 0;
     virtual bool is_uci() const = 0;

@@ -15,7 +15,11 @@ class PlayingEngine : public BaseEngine {
 public:
     PlayingEngine();
 
-    /// Posts every line, translated; runs on the reader thread.
+    /// What of a line goes on to the referee, the display and the record.
+    static constexpr std::size_t longest_posted = 8192;
+    std::size_t longest_line() const override { return longest_posted; }
+
+    /// Posts the lines, translated; runs on the reader thread.
     void process_lines() override;
 
 protected:

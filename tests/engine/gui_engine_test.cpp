@@ -6,6 +6,7 @@
 
 #include "channel/line_queue.h"
 #include "chess/position.h"
+#include "engine/protocol_engine.h"
 #include "tests/engine/engine_fixture.h"
 #include "tests/support/recording_sink.h"
 #include "tests/support/thrown_text.h"
@@ -73,7 +74,7 @@ TEST_F(GuiEngineTest, FindsTheProtocol) {
          "uci!///150", "uci\nquit\n"},
         {"until uci\nflood 300 option name O%d type check default true\nanswer uciok\n", Protocol::uci,
          "uci///150", "uci\nquit\n"},
-        {"until uci\nflood 2000 info string %d\nanswer uciok\n", Protocol::uci, "uci!///0", "uci\nquit\n"},
+        {"until uci\nflood 2000 some info %d\nanswer uciok\n", Protocol::uci, "uci!///0", "uci\nquit\n"},
         {"until protover\nanswer feature done=0 ping=1 myname=\"Beta 2\" done=1 san=1\n",
          Protocol::autodetect, "v2/Beta 2//0",
          "uci\nxboard\nprotover 2\naccepted done\naccepted ping\naccepted myname\naccepted done\nquit\n"},
@@ -254,9 +255,10 @@ TEST_F(GuiEngineTest, ACrashWhileThinkingIsSeenAndReloaded) {
 
 TEST_F(GuiEngineTest, AMillionInfoLinesThatNobodyReadsLeaveTheMoves) {
     m_engine->load_engine(&m_queue_sink, 2,
-                          add_engine("flooding",
-                                     "until uci\nanswer uciok\nuntil go\nanswer bestmove a2a3\n"
-                                     "flood 1000000 info depth %d\nanswer bestmove e2e4\n"),
+                          add_engine("flooding", "until uci\nanswer uciok\nuntil go\nanswer bestmove a2a3 " +
+                                                     std::string(100000, 'x') +
+                                                     "\nflood 1000000 info depth %d\nflood 100000 y\n"
+                                                     "flood 100000 readyok\nanswer bestmove e2e4\n"),
                           Protocol::uci);
     m_engine->go();
     ASSERT_TRUE(wait_until([&] { return m_queue_sink.moves == 2; }));
@@ -264,9 +266,18 @@ TEST_F(GuiEngineTest, AMillionInfoLinesThatNobodyReadsLeaveTheMoves) {
     EXPECT_EQ(m_queue_sink.queue.size(), LineQueue::crowded_at);
     std::vector<std::string> lines;
     m_queue_sink.queue.drain([&lines](const std::string& line) { lines.push_back(line); });
-    EXPECT_TRUE(matches("2 0 bestmove a2a3 TS=~", lines.front())) << lines.front();
+    const std::string cut = "bestmove a2a3 " + std::string(8192 - 14, 'x');
+    EXPECT_TRUE(matches("2 0 " + cut + " TS=~", lines.front())) << lines.front();
     EXPECT_EQ(lines[lines.size() - 2], "2 0 info depth 1000000");
     EXPECT_TRUE(matches("2 0 bestmove e2e4 TS=~", lines.back())) << lines.back();
+}
+
+TEST(ProtocolEngine, KeepsNoMoreThanItWillLookAt) {
+    ProtocolEngine probe(quick);
+    for (int i = 0; i < 100000; ++i) probe.receive_line("y");
+    std::size_t kept = 0;
+    while (!probe.next_line().empty()) ++kept;
+    EXPECT_EQ(kept, BaseEngine::most_lines);
 }
 
 }  // namespace

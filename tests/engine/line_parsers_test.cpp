@@ -119,7 +119,9 @@ TEST(LineSplitter, CutsAtLineFeeds) {
     EXPECT_EQ(split({"a\nb", "c", "d\ne\n"}), "//<a><bcd><e>/")
         << "a partial line holds back those ahead of it";
     EXPECT_EQ(split({"\n\r\n\ra\r\r\n"}), "<><~><\ra~>/");
-    EXPECT_EQ(split({"", std::string("\0\xff\n", 3)}), "/<" + std::string("\0\xff", 2) + ">/");
+    EXPECT_EQ(split({"", std::string("\0a\xff\r\0\n", 6)}), "/<a\xff~>/") << "zero bytes are dropped";
+    const std::string longest(LineSplitter::longest_line - 1, 'x');
+    EXPECT_EQ(split({longest + "\u00e9y\nz\n"}), '<' + longest + "><z>/") << "cut at a character";
 }
 
 TEST(LineSplitter, GivesUpWholeLinesAtTheEndAndBeyondTheLimit) {
