@@ -15,6 +15,7 @@ namespace velmora {
 namespace {
 
 constexpr std::chrono::milliseconds quick(1);
+constexpr std::chrono::milliseconds patient(50);  // where the engine must not be given up too soon
 
 /// A queue that drops thinking output when nobody reads, as the referee has it.
 class QueueSink : public CommandSink {
@@ -30,8 +31,9 @@ public:
 
 class GuiEngineTest : public EngineTest {
 protected:
-    void load(const std::string& script, Protocol protocol = Protocol::uci) {
-        m_engine.emplace(quick);
+    void load(const std::string& script, Protocol protocol = Protocol::uci,
+              std::chrono::milliseconds interval = quick) {
+        m_engine.emplace(interval);
         const std::string name = "peer" + std::to_string(m_loads++);
         m_engine->load_engine(&m_sink, 1, add_engine(name, script), protocol);
     }
@@ -65,6 +67,7 @@ TEST_F(GuiEngineTest, FindsTheProtocol) {
         Protocol asked;
         const char* found;  // as findings()
         const char* sent;
+        std::chrono::milliseconds interval = quick;
     };
     const Row rows[] = {
         {"answer Welcome!\nuntil uci\nanswer id name Alpha 1.0 \nanswer id author A. Nobody\nanswer "
@@ -83,14 +86,14 @@ TEST_F(GuiEngineTest, FindsTheProtocol) {
          "uci\nxboard\nprotover 2\naccepted memory\naccepted smp\naccepted made_up\nquit\n"},
         // One that ends at "uci" is started once more.
         {"expect xboard\nuntil protover\nanswer feature done=1\n", Protocol::autodetect, "v2///0",
-         "uci\nxboard\nprotover 2\naccepted done\nquit\n"},
+         "uci\nxboard\nprotover 2\naccepted done\nquit\n", patient},
         {"", Protocol::autodetect, "v1///0", "uci\nxboard\nprotover 2\nxboard\nquit\n"},
         {"", Protocol::uci, "uci///0", "uci\nquit\n"},
         {"", Protocol::xboard_v1, "v1///0", "xboard\nquit\n"},
         {"", Protocol::xboard_v2, "v2///0", "xboard\nprotover 2\nquit\n"},
     };
     for (const Row& row : rows) {
-        load(row.script, row.asked);
+        load(row.script, row.asked, row.interval);
         ASSERT_TRUE(m_engine->is_alive()) << row.script;
         EXPECT_EQ(findings(*m_engine), row.found) << row.script;
         m_engine->unload_engine();
@@ -137,8 +140,9 @@ TEST_F(GuiEngineTest, AnEmptyHandleAnswersHarmlessly) {
         expect_empty();
     }
     for (const char* script : {"die", "until \nwrite id na\ndie\n", "until uci\nanswer id name A\ndie\n",
-                               "until protover\nanswer feature ping=1\nkill 9\n", "close stdout\n"}) {
-        load(script, Protocol::autodetect);
+                               "answer feature ping=1\nuntil protover\nkill 9\n", "close stdout\n"}) {
+        const bool xboard = std::string_view(script).starts_with("answer");
+        load(script, xboard ? Protocol::xboard_v2 : Protocol::autodetect, patient);
         expect_empty();
     }
     // A driver without a process.

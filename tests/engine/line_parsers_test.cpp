@@ -95,6 +95,8 @@ TEST(XboardFeature, StoresWhatIsOfUse) {
     EXPECT_EQ(fields(engine.options.at("xboard_memory")), "xboard_memory|spin|128|16|1024|128");
     EXPECT_EQ(fields(engine.options.at("xboard_threads")), "xboard_threads|spin|1|1|64|1");
     EXPECT_EQ(engine.options.size(), 2U);
+    apply_feature({"myname", std::string(EngineVariables::longest_name - 1, 'x') + "\u00e9"}, engine);
+    EXPECT_EQ(engine.engine_name.size(), EngineVariables::longest_name - 1);
     apply_feature({"ping", "0"}, engine);
     EXPECT_FALSE(engine.features.ping);
 }

@@ -79,12 +79,17 @@ const Transcript rows[] = {
      "winc 0 binc 0 ponder; stop; setoption name Book value x; position fen START moves e2e4 e7e5; go wtime "
      "~ btime 0 winc 0 binc 0 ponder; ponderhit",
      "bestmove e2e4 ponder e7e5 TS=~; bestmove d2d4 TS=~ stopped; bestmove g1f3 TS=~"},
-    {"an_option_waits_for_the_end_of_a_search_or_the_begin_of_the_next", "until stop; answer bestmove a2a3",
-     "level fixed_depth 3; go; option Book x; sent 3; stop; posted 1; infinite; option Book y; stop; go",
+    {"an_option_waits_for_the_end_of_a_search_or_the_begin_of_the_next",
+     "until stop; answer bestmove a2a3; until ucinewgame; answer bestmove b2b3",
+     "level fixed_depth 3; go; option Book x; sent 3; stop; posted 1; infinite; option Book y; new_game; "
+     "posted 2; "
+     "go; option Book z; stop; go",
      "position fen START moves; isready; go depth 3; stop; setoption name Book value x; position fen START "
-     "moves; go infinite; stop; setoption name Book value y; position fen START moves; isready; go depth 3; "
-     "stop",
-     "bestmove a2a3 TS=~ stopped"},
+     "moves; "
+     "go infinite; stop; ucinewgame; isready; setoption name Book value y; position fen START moves; "
+     "isready; go "
+     "depth 3; stop; setoption name Book value z; position fen START moves; isready; go depth 3; stop",
+     "bestmove a2a3 TS=~ stopped; bestmove b2b3 TS=~ stopped"},
     {"castling_in_both_spellings", "",
      "position r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1 | e1h1 e8a8; infinite; stop; option UCI_Chess960 true; "
      "position r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1 | e1h1 e8a8; infinite",
