@@ -12,12 +12,9 @@ namespace velmora {
 
 namespace {
 
-/// Whether a line makes the referee act. All else that an engine says is passed on or noted, and may wait for
-/// the lines behind it.
-bool is_decisive(std::string_view line) {
-    const auto word = text::first_word(line);
-    return word == "bestmove" || word == "resign";
-}
+/// Whether a line that begins so makes the referee act. All else that an engine says is passed on or noted,
+/// and may wait for the lines behind it.
+bool is_decisive(std::string_view word) { return word == "bestmove" || word == "resign"; }
 
 }  // namespace
 
@@ -58,6 +55,7 @@ Move BaseEngine::parse_move(const std::string& text) const {
 
 void BaseEngine::receive_line(std::string line) {
     const bool waits = text::first_word(line) == "readyok";
+    bool full = false;
     {
         const std::lock_guard lock(m_queue_mutex);
         m_queue.push_back(std::move(line));
@@ -65,8 +63,10 @@ void BaseEngine::receive_line(std::string line) {
         while (m_queue.size() > kept_lines && m_queue.front().find("info") != std::string::npos) {
             m_queue.pop_front();
         }
+        full = m_queue.size() >= most_lines;
+        if (m_queue.size() > most_lines) m_queue.pop_back();
     }
-    if (!waits) process_lines();
+    if (!waits || full) process_lines();
 }
 
 void BaseEngine::flush() {
@@ -123,8 +123,27 @@ void BaseEngine::set_variables(const EngineVariables& variables) {
 void BaseEngine::send_options(const Options& options) {
     const std::lock_guard lock(m_mutex);
     m_variables->options = options;
+    send_all_options();
+}
+
+void BaseEngine::set_option(const std::string& name, const std::string& value) {
+    const std::lock_guard lock(m_mutex);
+    const auto option = m_variables->options.find(name);
+    if (option != m_variables->options.end()) option->second.value = value;
+    do_set_option(name);
+}
+
+void BaseEngine::send_all_options(const std::string& name) {
+    send_chosen_options([&name](const Option& option) {
+        return option.default_value != "<empty>" || option.value != "<empty>" || option.name == name;
+    });
+}
+
+void BaseEngine::send_chosen_options(const std::function<bool(const Option&)>& wanted) {
     std::vector<std::string> commands;
-    for (const auto& [name, option] : options) commands.push_back(option_command(option));
+    for (const auto& [name, option] : m_variables->options) {
+        if (wanted(option)) commands.push_back(option_command(option));
+    }
     m_engio->send_lines(std::vector<std::string_view>(commands.begin(), commands.end()));
 }
 
@@ -175,7 +194,9 @@ void BaseEngine::send_together(std::initializer_list<std::string_view> commands)
 }
 
 void BaseEngine::post(std::string_view line) {
-    m_held = std::max(m_held, is_decisive(line) ? Held::urgent : Held::can_wait);
+    const auto word = text::first_word(line);
+    if (!is_decisive(word) && word != "info" && !m_debug) return;
+    m_held = std::max(m_held, is_decisive(word) ? Held::urgent : Held::can_wait);
     if (m_manager == nullptr) return;
     std::string command = std::to_string(m_engine_id);
     command += ' ';

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <initializer_list>
 #include <mutex>
 #include <string>
@@ -32,6 +33,8 @@ public:
 
     /// Lines that the queue keeps at least; above that the oldest thinking output goes.
     static constexpr std::size_t kept_lines = 20;
+    /// Lines that the queue keeps at most, more than a handshake ever looks at; what comes on top is dropped.
+    static constexpr std::size_t most_lines = 400;
 
     virtual Protocol protocol() const = 0;
     virtual bool is_uci() const = 0;
@@ -68,8 +71,11 @@ public:
 
     /// Takes over identity and the values of the options that the engine announced, and sends all options.
     void set_variables(const EngineVariables& variables);
-    /// Stores the options and sends each of them, also one at its default and one without a value.
+    /// Stores the options and sends each of them, also one at its default and one without a value; only what
+    /// is "<empty>" by default stays unsaid while it is, since engines take those signs for a file's name.
     void send_options(const Options& options);
+    /// Gives an option that the engine announced another value, and has the engine take it.
+    void set_option(const std::string& name, const std::string& value);
 
     bool is_alive() const;
     bool has_crashed() const;
@@ -96,15 +102,22 @@ protected:
     virtual void do_go_infinite() {}
     virtual void do_stop() {}
     virtual Move do_parse_move(const std::string& /*text*/) const { return Move(); }
+    /// Sends the option of that name, whose value has just been stored.
+    virtual void do_set_option(const std::string& name) { send_all_options(name); }
 
     // For the drivers, under the driver's mutex.
     EngineVariables& variables() { return *m_variables; }
     const EngineVariables& variables() const { return *m_variables; }
     Engio& engio() { return *m_engio; }
     void send(std::string_view command);
+    /// Sends all options as send_options() does, and that of the name in any case.
+    void send_all_options(const std::string& name = {});
+    /// Sends the options that are `wanted`.
+    void send_chosen_options(const std::function<bool(const Option&)>& wanted);
     /// Several commands by one write.
     void send_together(std::initializer_list<std::string_view> commands);
-    /// Hands a line to the referee, behind the engine's number and its instance id.
+    /// Hands a line to the referee, behind the engine's number and its instance id. A line of which the
+    /// referee takes no notice goes out for its log alone, while that is kept.
     void post(std::string_view line);
     /// Writes "engine<id>" and the text, in one part or two, to the trace if that is wanted.
     void trace(std::string_view text, std::string_view more = {}) const;

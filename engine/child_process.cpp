@@ -5,6 +5,7 @@
 #include <iostream>
 #include <stdexcept>
 #include <sys/ioctl.h>
+#include <sys/prctl.h>
 #include <type_traits>
 #include <utility>
 
@@ -28,6 +29,22 @@ std::string take_message(GError* error) {
     return message;
 }
 
+/// Gives the calling thread its default timer slack for a while. A child inherits what the thread has at the
+/// moment, and one that a thread has chosen for its own waits is no business of another program.
+class DefaultTimerSlack {
+public:
+    DefaultTimerSlack() { prctl(PR_SET_TIMERSLACK, 0); }  // 0 stands for the default
+    ~DefaultTimerSlack() {
+        if (m_before > 0) prctl(PR_SET_TIMERSLACK, static_cast<unsigned long>(m_before));
+    }
+
+    DefaultTimerSlack(const DefaultTimerSlack&) = delete;
+    DefaultTimerSlack& operator=(const DefaultTimerSlack&) = delete;
+
+private:
+    const int m_before = prctl(PR_GET_TIMERSLACK);  // nanoseconds
+};
+
 void close_descriptor(int& fd, const char* what) {
     GError* error = nullptr;
     if (g_close(std::exchange(fd, -1), &error) == FALSE) {
@@ -43,6 +60,7 @@ void ChildProcess::spawn(const std::string& path) {
     std::string program = path;
     std::array<gchar*, 2> arguments{program.data(), nullptr};
     GError* error = nullptr;
+    const DefaultTimerSlack for_the_child;
     if (g_spawn_async_with_pipes(nullptr, arguments.data(), nullptr, G_SPAWN_DO_NOT_REAP_CHILD, nullptr,
                                  nullptr, &m_pid, &m_stdin_fd, &m_stdout_fd, nullptr, &error) == FALSE) {
         throw std::runtime_error(take_message(error));

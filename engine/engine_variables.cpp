@@ -5,8 +5,8 @@
 namespace velmora {
 
 void EngineVariables::set_engine_name(const std::string& reported) {
-    engine_name = reported;
-    if (name.empty()) name = reported;
+    engine_name = text::utf8_prefix(reported, longest_name);
+    if (name.empty()) name = engine_name;
 }
 
 void EngineVariables::reset_for_load() {

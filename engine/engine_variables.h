@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -53,7 +54,10 @@ struct EngineVariables {
     std::string author;                     ///< as the engine reports it
     Options options;
 
-    /// The reported name, which also becomes `name` while that is empty.
+    /// Bytes of a reported name that are kept: it goes into titles and tags.
+    static constexpr std::size_t longest_name = 255;
+
+    /// The reported name, cut at a character, which also becomes `name` while that is empty.
     void set_engine_name(const std::string& reported);
 
     /// Forgets what the last process said: level and clock at the default, protocol, options, features,

@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <unistd.h>
 
+#include "channel/text.h"
 #include "engine/line_receiver.h"
 #include "engine/wall_clock.h"
 
@@ -184,11 +185,9 @@ void Engio::flush_receiver() {
 
 void Engio::hand_over_lines() {
     std::size_t count = 0;
-    while (const auto next = m_splitter.next()) {
+    while (auto next = m_splitter.next()) {
         if (next->carriage_return) m_crlf = true;
-        std::string line(next->text);
-        // Stamped at arrival: the time that the line spends in queues is not the engine's.
-        if (line.find("bestmove") != std::string::npos) line += " TS=" + std::to_string(arrival_stamp());
+        std::string& line = next->text;
         if (!hand_over(line)) {
             m_splitter.drop_due();
             return;
@@ -199,10 +198,13 @@ void Engio::hand_over_lines() {
     }
 }
 
-/// False when nobody takes the lines.
-bool Engio::hand_over(const std::string& line) {
+/// Cuts the line, stamps it and hands it over; false when nobody takes the lines.
+bool Engio::hand_over(std::string& line) {
     const std::lock_guard lock(m_engine_mutex);
     if (m_engine == nullptr) return false;
+    line.resize(text::utf8_prefix(line, m_engine->longest_line()).size());
+    // Stamped at arrival: the time that the line spends in queues is not the engine's.
+    if (line.find("bestmove") != std::string::npos) line += " TS=" + std::to_string(arrival_stamp());
     try {
         m_engine->receive_line(line);
     } catch (const std::exception& error) {

@@ -96,7 +96,7 @@ private:
     int flush_when_due();
     void flush_receiver();
     void hand_over_lines();
-    bool hand_over(const std::string& line);
+    bool hand_over(std::string& line);
     void write_lines(std::span<const std::string_view> lines);
     void log(std::string_view text);
 

@@ -30,18 +30,39 @@ void GuiEngine::load_engine(CommandSink* manager, std::uint32_t id, const std::s
     m_engine = std::move(probe);
     m_engine->attach(id, &m_variables, m_engio.get());
     if (id < 1) return;
-    m_engio->spawn_engine(filename);
-    m_engio->set_engine(m_engine.get());
-    if (m_engio->is_spawned()) m_reader = std::thread(std::ref(*m_engio));
+    start_process();
     prober.load(id, filename, protocol, m_debug);
+    if (prober.ended_at_uci()) {
+        restart_process();
+        prober.go_on_with_xboard();
+    }
     if (!prober.is_alive()) {
         // A process that died in the probe has left a reader and a process to be reaped.
-        quit_process();
+        quit_engine();
         return;
     }
     m_engine_id = id;
     m_protocol = prober.protocol();
     replace_probe();
+}
+
+void GuiEngine::start_process() {
+    m_engio->spawn_engine(m_filename);
+    m_engio->set_engine(m_engine.get());
+    if (m_engio->is_spawned()) m_reader = std::thread(std::ref(*m_engio));
+}
+
+void GuiEngine::end_process() {
+    m_engio->quit();
+    if (m_reader.joinable()) m_reader.join();
+}
+
+/// A fresh process of the same program for the same driver.
+void GuiEngine::restart_process() {
+    end_process();
+    m_engine->clear_queue();
+    m_engio->set_logging(m_debug);
+    start_process();
 }
 
 /// Puts the driver of the protocol that was found in place of the probe. A version 1 engine keeps the probe:
@@ -54,7 +75,7 @@ void GuiEngine::replace_probe() {
         driver = std::make_unique<XboardEngine>();
     }
     if (!driver && m_protocol != Protocol::xboard_v1) {
-        quit_process();
+        quit_engine();
         return;
     }
     if (driver) {
@@ -68,18 +89,15 @@ void GuiEngine::replace_probe() {
 }
 
 /// Ends the process, the reader and the driver, as far as they are there.
-void GuiEngine::quit_process() {
-    m_engio->quit();
-    // Joined ahead of the reset: a reader that sees all flags clear would take the end for a crash.
-    if (m_reader.joinable()) m_reader.join();
-    m_engio->reset_flags();
+void GuiEngine::quit_engine() {
+    end_process();
     m_engio->set_engine(nullptr);
     m_engine.reset();
 }
 
 void GuiEngine::unload_engine() {
     stop();
-    quit_process();
+    quit_engine();
 }
 
 void GuiEngine::reload_engine() {
@@ -107,6 +125,10 @@ EngineVariables GuiEngine::get_enginevariables() const {
 
 void GuiEngine::set_enginevariables(const EngineVariables& variables) {
     if (m_engine) m_engine->set_variables(variables);
+}
+
+void GuiEngine::set_option(const std::string& name, const std::string& value) {
+    if (m_engine) m_engine->set_option(name, value);
 }
 
 Options GuiEngine::get_options() const {

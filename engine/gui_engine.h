@@ -57,6 +57,10 @@ public:
     /// announced, and sends all its options; neither level nor protocol.
     void set_enginevariables(const EngineVariables& variables);
 
+    /// Sets an option that the engine announced. An engine that thinks about its move gets it afterwards; an
+    /// analysis or a ponder search is interrupted for it.
+    void set_option(const std::string& name, const std::string& value);
+
     Options get_options() const;
     Level get_level() const;
     /// Sets the level, and the clock from it with the record's handicap.
@@ -110,8 +114,11 @@ public:
     std::optional<pthread_t> reader();
 
 private:
+    void start_process();
+    void end_process();
+    void restart_process();
     void replace_probe();
-    void quit_process();
+    void quit_engine();
     template <class Answer, class Question>
     Answer ask(Answer absent, Question question) const;
     template <class Change>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace velmora {
@@ -8,6 +9,9 @@ namespace velmora {
 class LineReceiver {
 public:
     virtual ~LineReceiver() = default;
+
+    /// Bytes of a line that it wants; what is beyond is cut off, at a character, ahead of the hand-over.
+    virtual std::size_t longest_line() const { return std::string::npos; }
 
     /// Takes one line, without line end; a "bestmove" line has its arrival stamp behind it.
     virtual void receive_line(std::string line) = 0;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "channel/text.h"
+
 namespace velmora {
 
 void LineSplitter::append(std::string_view bytes) {
@@ -17,12 +19,14 @@ void LineSplitter::finish() { m_due = std::max(m_due, m_pending.rfind('\n') + 1)
 std::optional<LineSplitter::Line> LineSplitter::next() {
     if (m_taken == m_due) return std::nullopt;
     const auto end = m_pending.find('\n', m_taken);
-    Line line{std::string_view(m_pending).substr(m_taken, end - m_taken)};
+    Line line{m_pending.substr(m_taken, end - m_taken)};
     m_taken = end + 1;
+    std::erase(line.text, '\0');
     while (line.text.ends_with('\r')) {
-        line.text.remove_suffix(1);
+        line.text.pop_back();
         line.carriage_return = true;
     }
+    line.text.resize(text::utf8_prefix(line.text, longest_line).size());
     return line;
 }
 

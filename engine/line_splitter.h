@@ -11,14 +11,17 @@ namespace velmora {
 ///
 /// Bytes that do not end in a line feed wait, with the whole lines ahead of them, until the rest has come.
 /// Only beyond `limit` bytes the whole lines go out early, so that a flood whose pieces never end with a line
-/// does not pile up.
+/// does not pile up. A line longer than `longest_line` is cut there, at a character. Zero bytes are dropped:
+/// for whoever prints the line they would be its end.
 class LineSplitter {
 public:
-    /// Bytes; a single line may not become longer.
+    /// Bytes that may wait for a line feed; who sends more without one does not speak in lines.
     static constexpr std::size_t limit = std::size_t{1} << 20;
+    /// Bytes of a line that are handed out.
+    static constexpr std::size_t longest_line = std::size_t{1} << 16;
 
     struct Line {
-        std::string_view text;         ///< without line end; valid until the next append()
+        std::string text;              ///< without line end
         bool carriage_return = false;  ///< whether one stood at the end
     };
 

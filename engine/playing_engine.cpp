@@ -1,6 +1,7 @@
 #include "engine/playing_engine.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "chess/legal_moves.h"
 
@@ -13,9 +14,26 @@ void PlayingEngine::process_lines() {
     for (std::string line = next_line(); !line.empty(); line = next_line()) {
         const std::string translated = translate(std::move(line));
         post(translated);
+        if (is_at_rest()) come_to_rest();
         // A line that was blanked ends the round like an empty queue; what is left waits for the next line.
         if (translated.empty()) return;
     }
+}
+
+/// Whether the engine neither searches nor owes the move of a search that was stopped.
+bool PlayingEngine::is_at_rest() { return variables().status == EngineStatus::idle && !m_stopped.owed(); }
+
+void PlayingEngine::do_set_option(const std::string& name) {
+    if (is_at_rest()) return send_all_options(name);
+    if (!variables().options.contains(name)) return;
+    m_waiting_options.insert(name);
+    make_way_for_options();
+}
+
+void PlayingEngine::send_waiting_options() {
+    if (m_waiting_options.empty()) return;
+    const auto names = std::exchange(m_waiting_options, {});
+    send_chosen_options([&names](const Option& option) { return names.contains(option.name); });
 }
 
 Move PlayingEngine::do_parse_move(const std::string& text) const { return m_position.convert_to_move(text); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 
 #include "chess/position.h"
@@ -14,12 +15,26 @@ class PlayingEngine : public BaseEngine {
 public:
     PlayingEngine();
 
-    /// Posts every line, translated; runs on the reader thread.
+    /// What of a line goes on to the referee, the display and the record.
+    static constexpr std::size_t longest_posted = 8192;
+    std::size_t longest_line() const override { return longest_posted; }
+
+    /// Posts the lines, translated; runs on the reader thread.
     void process_lines() override;
 
 protected:
     /// Takes one line of the engine and gives the one for the referee; an empty one ends the round.
     virtual std::string translate(std::string line) = 0;
+
+    /// An engine at rest takes the changed option with all others, at once. Engines need not understand an
+    /// option while they search: then it waits for the end of the search, and goes out alone.
+    void do_set_option(const std::string& name) override;
+    /// Ends a search that serves nobody's clock, so that the options need not wait for its end.
+    virtual void make_way_for_options() {}
+    /// What is to be done as soon as the engine rests.
+    virtual void come_to_rest() { send_waiting_options(); }
+    /// Sends what waits. A new search must not begin without it.
+    void send_waiting_options();
 
     Move do_parse_move(const std::string& text) const override;
 
@@ -32,6 +47,11 @@ protected:
 
     ChessPosition m_position;
     StoppedSearches m_stopped;
+
+private:
+    bool is_at_rest();
+
+    std::set<std::string> m_waiting_options;  // names
 };
 
 /// Plays the move of a text, "e2e4", on the position; false when it cannot be read or is not legal there.

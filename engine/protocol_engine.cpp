@@ -36,11 +36,19 @@ void ProtocolEngine::load(std::uint32_t id, const std::string& filename, Protoco
 }
 
 void ProtocolEngine::set_protocol() {
-    const bool detect = m_protocol == Protocol::autodetect;
-    if (detect || m_protocol == Protocol::uci) try_uci();
-    if ((detect && !m_found) || m_protocol == Protocol::xboard_v2) try_xboard_v2();
+    if (m_protocol == Protocol::autodetect || m_protocol == Protocol::uci) try_uci();
+    if (!ended_at_uci()) go_on_with_xboard();
+}
+
+bool ProtocolEngine::ended_at_uci() const {
+    return m_protocol == Protocol::autodetect && has_crashed() && variables().engine_name.empty() &&
+           variables().options.empty();
+}
+
+void ProtocolEngine::go_on_with_xboard() {
+    if (m_protocol == Protocol::autodetect || m_protocol == Protocol::xboard_v2) try_xboard_v2();
     // One feature is enough for version 2, even when the engine never said that it was done.
-    if ((detect && m_protocol == Protocol::autodetect) || m_protocol == Protocol::xboard_v1) try_xboard_v1();
+    if (m_protocol == Protocol::autodetect || m_protocol == Protocol::xboard_v1) try_xboard_v1();
 }
 
 void ProtocolEngine::answered_as(Protocol protocol) {

@@ -33,6 +33,12 @@ public:
     void load(std::uint32_t id, const std::string& filename, Protocol protocol, bool debug) override;
     void process_lines() override {}
 
+    /// Whether the program is one that ends at a word it does not know. One that said something of what UCI
+    /// engines say has ended for another reason.
+    bool ended_at_uci() const;
+    /// The part of the handshake that is left when the program has been started once more.
+    void go_on_with_xboard();
+
     /// Whether the probe was answered, and why not; empty when it was.
     bool found() const { return m_found; }
     const std::string& error_text() const { return m_error_text; }

@@ -26,6 +26,9 @@ public:
     /// The game of the oldest entry, which is taken off; nothing when no move is owed.
     std::optional<std::uint32_t> pay();
 
+    /// Whether a move is owed.
+    bool owed();
+
 private:
     struct Entry {
         std::chrono::nanoseconds stopped_at;

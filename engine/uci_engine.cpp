@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <stdexcept>
+#include <utility>
 
 #include "channel/text.h"
 
@@ -73,6 +74,9 @@ void UciEngine::do_go() {
         stop_search();
         trace(" <- UciEngine::go()    stop");
     }
+    m_interrupted = Interrupted::nothing;
+    m_analyses = false;
+    send_waiting_options();
     const std::string position = position_text();
     const std::string command = go_text();
     send_together({position, "isready", command});
@@ -85,6 +89,7 @@ void UciEngine::do_go() {
 /// Goes on with the ponder search when the opponent has played what the engine expected.
 bool UciEngine::ponder_hit() {
     if (coordinates(m_position.last_move()) != m_ponder_move) return false;
+    m_analyses = false;
     send("ponderhit");
     trace(" <- UciEngine::go()    ponderhit");
     start_search();
@@ -92,6 +97,9 @@ bool UciEngine::ponder_hit() {
 }
 
 void UciEngine::do_go_infinite() {
+    m_interrupted = Interrupted::nothing;
+    m_analyses = true;
+    send_waiting_options();
     const std::string position = position_text();
     send_together({position, "go infinite"});
     trace(" <- UciEngine::go_infinite()    ", position);
@@ -108,6 +116,7 @@ void UciEngine::do_goponder() {
     if (variables().status != EngineStatus::idle) {
         throw std::logic_error("UciEngine::goponder() while engine not idle");
     }
+    send_waiting_options();
     // The clock numbers go out whatever the level's mode is, and also below 1.
     send_together({position_text(), time_text(Overstepped::as_it_is) + " ponder"});
     variables().status = EngineStatus::pondering;
@@ -118,7 +127,29 @@ void UciEngine::stop_search() {
     m_stopped.add(0);
 }
 
+void UciEngine::do_set_position(const ChessPosition& position) {
+    m_position = position;
+    m_interrupted = Interrupted::nothing;
+}
+
+void UciEngine::make_way_for_options() {
+    EngineStatus& status = variables().status;
+    const bool ponders = status == EngineStatus::pondering;
+    if (!ponders && (status == EngineStatus::idle || !m_analyses)) return;
+    stop_search();
+    status = EngineStatus::idle;
+    m_interrupted = ponders ? Interrupted::pondering : Interrupted::analysis;
+}
+
+void UciEngine::come_to_rest() {
+    PlayingEngine::come_to_rest();
+    const auto interrupted = std::exchange(m_interrupted, Interrupted::nothing);
+    if (interrupted == Interrupted::analysis) do_go_infinite();
+    if (interrupted == Interrupted::pondering) do_goponder();
+}
+
 void UciEngine::do_stop() {
+    m_interrupted = Interrupted::nothing;
     if (variables().status == EngineStatus::idle) return;
     stop_search();
     variables().status = EngineStatus::idle;

@@ -22,11 +22,16 @@ public:
 private:
     void do_set_ponder(bool on) override { m_ponder_enabled = on; }
     void do_new_game() override;
-    void do_set_position(const ChessPosition& position) override { m_position = position; }
+    void do_set_position(const ChessPosition& position) override;
     void do_go() override;
     void do_go_infinite() override;
     void do_stop() override;
     std::string translate(std::string line) override;
+    void make_way_for_options() override;
+    void come_to_rest() override;
+
+    /// A search that was stopped for an option's sake, to be taken up again.
+    enum class Interrupted { nothing, analysis, pondering };
 
     enum class Overstepped { as_it_is, raised_to_1 };
 
@@ -41,6 +46,8 @@ private:
 
     bool m_ponder_enabled = false;
     std::string m_ponder_move;  // the reply that the engine ponders on; empty if none
+    bool m_analyses = false;    // the last search, unless it pondered, was one without an end
+    Interrupted m_interrupted = Interrupted::nothing;
 };
 
 }  // namespace velmora

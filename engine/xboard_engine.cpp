@@ -42,7 +42,24 @@ std::string XboardEngine::move_text(const ChessPosition& before, const Move& mov
 void XboardEngine::engine_was_set_up() {
     m_previous_position = m_position;
     m_previous_is_certain = true;
+    m_result_said = false;
     ++m_game;
+}
+
+/// Has the engine begin another game and wait. "new" lifts a limit of the search's depth, nothing else that
+/// was set.
+void XboardEngine::send_new() {
+    send("new");
+    send_force();
+    const auto mode = m_sent_level.level_t();
+    if (mode == LevelType::fixed_depth || mode == LevelType::fixed_nodes) {
+        send(xboard::level_command(m_sent_level));
+    }
+}
+
+/// An engine whose own game has ended makes no move in a position that is set up behind that end.
+void XboardEngine::send_new_if_game_over() {
+    if (m_result_said || legal_moves(m_previous_position).empty()) send_new();
 }
 
 void XboardEngine::send_force() {
@@ -73,6 +90,7 @@ void XboardEngine::do_set_position(const ChessPosition& position) {
     if (a_move_ago(m_position) == m_previous_position) return;
     // Without "setboard" the engine keeps the game that it has until go() finds another way.
     if (!variables().features.setboard) return;
+    send_new_if_game_over();
     send("setboard " + m_position.start_fen());
     send_force();
     for (const char* command : {"easy", "post"}) send(command);
@@ -91,6 +109,7 @@ void XboardEngine::send_moves_from(ChessPosition scratch) {
 
 void XboardEngine::send_clocks() {
     if (!variables().features.time) return;
+    // In hundredths of a second, cut towards zero: an engine must not believe in time that it hasn't.
     send("time " + std::to_string(variables().clock.time_left() / 10));
     send("otim " + std::to_string(variables().opponent_time / 10));
 }
@@ -98,6 +117,7 @@ void XboardEngine::send_clocks() {
 void XboardEngine::do_go() {
     variables().status = EngineStatus::thinking;
     m_search_stopped = false;
+    send_waiting_options();
     if (variables().level != m_sent_level) {
         m_sent_level = variables().level;
         send(xboard::level_command(m_sent_level));
@@ -133,6 +153,7 @@ void XboardEngine::send_last_move() {
 void XboardEngine::send_whole_position() {
     const XboardFeatures& features = variables().features;
     if (features.setboard) {
+        send_new_if_game_over();
         send("setboard " + m_position.fen());
     } else if (m_position.start_fen() == normal_start) {
         if (features.reuse) send("new");
@@ -148,7 +169,8 @@ void XboardEngine::send_whole_position() {
 
 void XboardEngine::send_edit_commands() {
     if (m_position.side_to_move() == Side::white) {
-        send_force();
+        // White is on move in a new game alone, whoever was in the last one.
+        send_new();
     } else {
         // The edit mode cannot say who is to move: a dummy move of White's hands it to Black.
         send("new");
@@ -184,6 +206,8 @@ std::string XboardEngine::translate(std::string line) {
         variables().status = EngineStatus::idle;
         return "resign";
     }
+    // At the start of a game it is the word on the last one.
+    if (is_result(word)) m_result_said = !m_previous_position.moves().empty();
     if (word.starts_with('#') || is_result(word)) return {};
     if (word.empty() || !is_digit(word.front())) return line;
     return xboard::thinking_as_info(line);

@@ -33,6 +33,8 @@ private:
     /// Whether the engine answers a move by itself. A fresh process that was never sent "new" may or may not.
     enum class Play { unknown, force_mode, by_itself };
 
+    void send_new();
+    void send_new_if_game_over();
     void send_force();
     void send_go();
     void send_clocks();
@@ -51,6 +53,7 @@ private:
     ChessPosition m_previous_position;  // the game as the engine knows it
     bool m_previous_is_certain = true;  // false while the engine owes the move of a stopped search
     std::uint32_t m_game = 0;           // counts how often the engine was given another game
+    bool m_result_said = false;         // the engine has announced that its game is over
     bool m_search_stopped = false;      // the last search was told to stop
     Level m_sent_level;                 // the time control that the engine has
     Play m_play = Play::unknown;

@@ -183,11 +183,7 @@ void EngineSeats::pass_level() {
 void EngineSeats::set_option(const std::string& name, const std::string& value) {
     auto* const guest = engine(Seat::first);
     if (guest == nullptr) return;
-    EngineVariables variables = guest->get_enginevariables();
-    auto& option = variables.options[name];
-    option.name = name;
-    option.value = value;
-    guest->set_enginevariables(variables);
+    guest->set_option(name, value);
     publish();
 }
 

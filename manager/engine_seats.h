@@ -78,7 +78,7 @@ public:
     /// Hands out the time control of the state, and tells the window each engine's clock.
     void pass_level();
 
-    /// Sets an option of the first engine, known or not, and has it send what it knows.
+    /// Sets an option of the first engine, which gets it as soon as it is at rest.
     void set_option(const std::string& name, const std::string& value);
 
     /// What other threads may know of the first engine.

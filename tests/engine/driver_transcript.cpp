@@ -43,8 +43,8 @@ ChessPosition read_position(const std::string& text) {
 }  // namespace
 
 /// The orders: new_game, go, infinite, stop, white, black, "ponder on|off", "position ...", "level ...",
-/// "opponent <ms>", "moves_done <n>", "option <name> <value>", and two that wait: "posted <n>" and "sent <n>"
-/// until so many lines have come in all.
+/// "opponent <ms>", "moves_done <n>", "option <name> <value>", "handicap <per cent>", "debug", and two that
+/// wait: "posted <n>" and "sent <n>" until so many lines have come in all.
 void DriverTest::obey(const std::string& order) {
     text::WordReader reader(order);
     const std::string word(reader.word());
@@ -60,10 +60,14 @@ void DriverTest::obey(const std::string& order) {
     if (word == "level") return m_engine.set_level(Level(rest));
     if (word == "opponent") return m_engine.set_opponent_time(count);
     if (word == "moves_done") return m_engine.set_moves_done(count);
+    if (word == "debug") return m_engine.set_logging(true);
     if (word == "option") {
+        const std::string name(reader.word());
+        return m_engine.set_option(name, std::string(text::trim_leading_blanks(reader.rest())));
+    }
+    if (word == "handicap") {
         EngineVariables variables = m_engine.get_enginevariables();
-        Option& option = variables.options.at(std::string(reader.word()));
-        option.value = text::trim_leading_blanks(reader.rest());
+        variables.handicap = rest;
         return m_engine.set_enginevariables(variables);
     }
     const auto wanted = static_cast<std::size_t>(count);

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <map>
 #include <stdexcept>
+#include <sys/prctl.h>
 #include <thread>
 
 #include "engine/line_receiver.h"
@@ -163,6 +164,18 @@ TEST_F(EngioTest, ReportsWhatCannotBeStarted) {
         << "999 bytes are tried";
 }
 
+TEST_F(EngioTest, AnEngineDoesNotInheritTheTimerSlack) {
+    write("slack", "#!/bin/sh\nexec cat /proc/$$/timerslack_ns\n");
+    std::filesystem::permissions("slack", std::filesystem::perms::owner_all);
+    const std::string usual = std::to_string(prctl(PR_GET_TIMERSLACK));
+    prctl(PR_SET_TIMERSLACK, 1);
+    start(path("slack"));
+    EXPECT_EQ(prctl(PR_GET_TIMERSLACK), 1);
+    prctl(PR_SET_TIMERSLACK, 0);
+    ASSERT_TRUE(wait_until([&] { return !m_receiver.lines().empty(); }));
+    EXPECT_EQ(m_receiver.lines().front(), usual);
+}
+
 TEST_F(EngioTest, RefusesASecondProcess) {
     start("a", "");
     EXPECT_EQ(test::thrown_text([&] { m_engio.spawn_engine("b"); }),
@@ -173,9 +186,10 @@ TEST_F(EngioTest, EndOfTheEngineCountsAsCrashAndLosesNoWholeLine) {
     for (const std::string ending : {"die 3", "kill 9", "close stdout"}) {
         const std::string name = "a" + ending;
         const auto before = m_receiver.lines().size();
-        start(name, "write whole\\nbestmo\n" + ending + '\n');
+        start(name, "write info whole\\nbestmo\n" + ending + '\n');
+        ASSERT_TRUE(wait_until([&] { return m_receiver.lines().size() == before + 2; })) << ending;
+        EXPECT_EQ(m_receiver.lines().end()[-2] + m_receiver.lines().back(), "info whole(flush)");
         ASSERT_TRUE(wait_until([&] { return m_engio.has_crashed(); }));
-        EXPECT_EQ(m_receiver.lines().size(), before + 1) << ending;
         EXPECT_FALSE(m_engio.is_alive());
         EXPECT_TRUE(m_engio.is_spawned());
         m_engio.send("into the dark");
@@ -197,9 +211,11 @@ TEST_F(EngioTest, QuitIsNoCrash) {
 }
 
 TEST_F(EngioTest, AnEngineThatIgnoresQuitIsLeftBehind) {
-    start("a", "ignore quit\nuntil go\nwait 100\n");
+    start("a", "ignore quit\nuntil go\nanswer here\n");
     m_engio.send("go");
+    ASSERT_TRUE(wait_until([&] { return !m_receiver.lines().empty(); })) << "the reader waits for more";
     quit();
+    EXPECT_FALSE(processes_of("a").empty()) << "its end was waited for";
     EXPECT_TRUE(wait_until([&] { return sent_to("a") == "go\nquit\n"; })) << "it still runs and reads";
     kill_children();
 }
@@ -234,7 +250,7 @@ TEST_F(EngioTest, AnEndlessLineCountsAsCrash) {
 TEST_F(EngioTest, SurvivesBytesThatAreNoTextAndAThrowingReceiver) {
     start("a", "write \\x00\\xff\\xfe\\n\nanswer throw\nanswer last\n");
     ASSERT_TRUE(wait_until([&] { return m_receiver.lines().size() == 3; }));
-    EXPECT_EQ(m_receiver.lines(), (Lines{std::string("\0\xff\xfe", 3), "throw", "last"}));
+    EXPECT_EQ(m_receiver.lines(), (Lines{"\xff\xfe", "throw", "last"}));
     EXPECT_TRUE(m_engio.is_alive());
 }
 

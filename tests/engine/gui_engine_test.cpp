@@ -6,6 +6,7 @@
 
 #include "channel/line_queue.h"
 #include "chess/position.h"
+#include "engine/protocol_engine.h"
 #include "tests/engine/engine_fixture.h"
 #include "tests/support/recording_sink.h"
 #include "tests/support/thrown_text.h"
@@ -14,6 +15,7 @@ namespace velmora {
 namespace {
 
 constexpr std::chrono::milliseconds quick(1);
+constexpr std::chrono::milliseconds patient(50);  // where the engine must not be given up too soon
 
 /// A queue that drops thinking output when nobody reads, as the referee has it.
 class QueueSink : public CommandSink {
@@ -31,8 +33,9 @@ public:
 
 class GuiEngineTest : public EngineTest {
 protected:
-    void load(const std::string& script, Protocol protocol = Protocol::uci) {
-        m_engine.emplace(quick);
+    void load(const std::string& script, Protocol protocol = Protocol::uci,
+              std::chrono::milliseconds interval = quick) {
+        m_engine.emplace(interval);
         const std::string name = "peer" + std::to_string(m_loads++);
         m_engine->load_engine(&m_sink, 1, add_engine(name, script), protocol);
     }
@@ -66,6 +69,7 @@ TEST_F(GuiEngineTest, FindsTheProtocol) {
         Protocol asked;
         const char* found;  // as findings()
         const char* sent;
+        std::chrono::milliseconds interval = quick;
     };
     const Row rows[] = {
         {"answer Welcome!\nuntil uci\nanswer id name Alpha 1.0 \nanswer id author A. Nobody\nanswer "
@@ -75,20 +79,23 @@ TEST_F(GuiEngineTest, FindsTheProtocol) {
          "uci!///150", "uci\nquit\n"},
         {"until uci\nflood 300 option name O%d type check default true\nanswer uciok\n", Protocol::uci,
          "uci///150", "uci\nquit\n"},
-        {"until uci\nflood 2000 info string %d\nanswer uciok\n", Protocol::uci, "uci!///0", "uci\nquit\n"},
+        {"until uci\nflood 2000 some info %d\nanswer uciok\n", Protocol::uci, "uci!///0", "uci\nquit\n"},
         {"until protover\nanswer feature done=0 ping=1 myname=\"Beta 2\" done=1 san=1\n",
          Protocol::autodetect, "v2/Beta 2//0",
          "uci\nxboard\nprotover 2\naccepted done\naccepted ping\naccepted myname\naccepted done\nquit\n"},
         {"until protover\nanswer feature memory=1 smp=1 option=\"X -check 1\" made_up=1\n",
          Protocol::autodetect, "v2///2",
          "uci\nxboard\nprotover 2\naccepted memory\naccepted smp\naccepted made_up\nquit\n"},
+        // One that ends at "uci" is started once more.
+        {"expect xboard\nuntil protover\nanswer feature done=1\n", Protocol::autodetect, "v2///0",
+         "uci\nxboard\nprotover 2\naccepted done\nquit\n", patient},
         {"", Protocol::autodetect, "v1///0", "uci\nxboard\nprotover 2\nxboard\nquit\n"},
         {"", Protocol::uci, "uci///0", "uci\nquit\n"},
         {"", Protocol::xboard_v1, "v1///0", "xboard\nquit\n"},
         {"", Protocol::xboard_v2, "v2///0", "xboard\nprotover 2\nquit\n"},
     };
     for (const Row& row : rows) {
-        load(row.script, row.asked);
+        load(row.script, row.asked, row.interval);
         ASSERT_TRUE(m_engine->is_alive()) << row.script;
         EXPECT_EQ(findings(*m_engine), row.found) << row.script;
         m_engine->unload_engine();
@@ -134,9 +141,10 @@ TEST_F(GuiEngineTest, AnEmptyHandleAnswersHarmlessly) {
         m_engine->load_engine(&m_sink, 1, path, Protocol::autodetect);
         expect_empty();
     }
-    for (const char* script : {"die", "until uci\nwrite id na\ndie\n",
-                               "until protover\nanswer feature ping=1\nkill 9\n", "close stdout\n"}) {
-        load(script, Protocol::autodetect);
+    for (const char* script : {"die", "until \nwrite id na\ndie\n", "until uci\nanswer id name A\ndie\n",
+                               "answer feature ping=1\nuntil protover\nkill 9\n", "close stdout\n"}) {
+        const bool xboard = std::string_view(script).starts_with("answer");
+        load(script, xboard ? Protocol::xboard_v2 : Protocol::autodetect, patient);
         expect_empty();
     }
     // A driver without a process.
@@ -253,9 +261,10 @@ TEST_F(GuiEngineTest, ACrashWhileThinkingIsSeenAndReloaded) {
 
 TEST_F(GuiEngineTest, AMillionInfoLinesThatNobodyReadsLeaveTheMoves) {
     m_engine->load_engine(&m_queue_sink, 2,
-                          add_engine("flooding",
-                                     "until uci\nanswer uciok\nuntil go\nanswer bestmove a2a3\n"
-                                     "flood 1000000 info depth %d\nanswer bestmove e2e4\n"),
+                          add_engine("flooding", "until uci\nanswer uciok\nuntil go\nanswer bestmove a2a3 " +
+                                                     std::string(100000, 'x') +
+                                                     "\nflood 1000000 info depth %d\nflood 100000 y\n"
+                                                     "flood 100000 readyok\nanswer bestmove e2e4\n"),
                           Protocol::uci);
     m_engine->go();
     ASSERT_TRUE(wait_until([&] { return m_queue_sink.moves == 2; }));
@@ -263,9 +272,18 @@ TEST_F(GuiEngineTest, AMillionInfoLinesThatNobodyReadsLeaveTheMoves) {
     EXPECT_EQ(m_queue_sink.queue.size(), LineQueue::crowded_at);
     std::vector<std::string> lines;
     m_queue_sink.queue.drain([&lines](const std::string& line) { lines.push_back(line); });
-    EXPECT_TRUE(matches("2 0 bestmove a2a3 TS=~", lines.front())) << lines.front();
+    const std::string cut = "bestmove a2a3 " + std::string(8192 - 14, 'x');
+    EXPECT_TRUE(matches("2 0 " + cut + " TS=~", lines.front())) << lines.front();
     EXPECT_EQ(lines[lines.size() - 2], "2 0 info depth 1000000");
     EXPECT_TRUE(matches("2 0 bestmove e2e4 TS=~", lines.back())) << lines.back();
+}
+
+TEST(ProtocolEngine, KeepsNoMoreThanItWillLookAt) {
+    ProtocolEngine probe(quick);
+    for (int i = 0; i < 100000; ++i) probe.receive_line("y");
+    std::size_t kept = 0;
+    while (!probe.next_line().empty()) ++kept;
+    EXPECT_EQ(kept, BaseEngine::most_lines);
 }
 
 }  // namespace

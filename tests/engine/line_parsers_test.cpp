@@ -95,6 +95,8 @@ TEST(XboardFeature, StoresWhatIsOfUse) {
     EXPECT_EQ(fields(engine.options.at("xboard_memory")), "xboard_memory|spin|128|16|1024|128");
     EXPECT_EQ(fields(engine.options.at("xboard_threads")), "xboard_threads|spin|1|1|64|1");
     EXPECT_EQ(engine.options.size(), 2U);
+    apply_feature({"myname", std::string(EngineVariables::longest_name - 1, 'x') + "\u00e9"}, engine);
+    EXPECT_EQ(engine.engine_name.size(), EngineVariables::longest_name - 1);
     apply_feature({"ping", "0"}, engine);
     EXPECT_FALSE(engine.features.ping);
 }
@@ -119,7 +121,9 @@ TEST(LineSplitter, CutsAtLineFeeds) {
     EXPECT_EQ(split({"a\nb", "c", "d\ne\n"}), "//<a><bcd><e>/")
         << "a partial line holds back those ahead of it";
     EXPECT_EQ(split({"\n\r\n\ra\r\r\n"}), "<><~><\ra~>/");
-    EXPECT_EQ(split({"", std::string("\0\xff\n", 3)}), "/<" + std::string("\0\xff", 2) + ">/");
+    EXPECT_EQ(split({"", std::string("\0a\xff\r\0\n", 6)}), "/<a\xff~>/") << "zero bytes are dropped";
+    const std::string longest(LineSplitter::longest_line - 1, 'x');
+    EXPECT_EQ(split({longest + "\u00e9y\nz\n"}), '<' + longest + "><z>/") << "cut at a character";
 }
 
 TEST(LineSplitter, GivesUpWholeLinesAtTheEndAndBeyondTheLimit) {

@@ -42,9 +42,9 @@ const Transcript rows[] = {
      "until go; answer bestmove",
      "level fixed_depth 1; go; posted 1; ponder on; go; posted 2; go; posted 3; go; posted 4; go; posted 5; "
      "go; posted 6",
-     "position fen START moves; isready; go depth 1; position fen START moves; isready; go depth 1; position "
-     "fen START moves; isready; go depth 1; position fen START moves; isready; go depth 1; position fen "
-     "START moves; isready; go depth 1; position fen START moves; isready; go depth 1",
+     "position fen START moves; isready; go depth 1; position fen START moves; isready; go depth 1; "
+     "position fen START moves; isready; go depth 1; position fen START moves; isready; go depth 1; "
+     "position fen START moves; isready; go depth 1; position fen START moves; isready; go depth 1",
      "bestmove e2e4 ponder e7e5 TS=~; bestmove e2e4 TS=~; bestmove e2e5 ponder e7e5 TS=~; bestmove e2e4 "
      "ponder e7e4 TS=~; bestmove e2e4 ponder TS=~; bestmove TS=~"},
     {"overstepped_time_is_raised_to_1_for_go_alone", "until go; wait 30; answer bestmove e2e4 ponder e7e5",
@@ -60,17 +60,47 @@ const Transcript rows[] = {
      "position fen START moves d2d4; go infinite; stop; ucinewgame; isready; position fen START moves; go "
      "infinite; stop",
      ""},
+    {"an_option_interrupts_an_analysis_and_reaches_an_engine_at_rest_with_all_others",
+     "until go infinite; until stop; answer bestmove a2a3; until go infinite; answer info depth 2; until "
+     "stop; answer bestmove a2a3",
+     "infinite; option Book a b; posted 2; stop; posted 3; option Book <empty>; option UCI_Chess960 true; "
+     "option None x",
+     "position fen START moves; go infinite; stop; setoption name Book value a b; position fen START moves; "
+     "go infinite; stop; setoption name Book value <empty>; setoption name Clear Hash; setoption name "
+     "UCI_Chess960 value false; setoption name Clear Hash; setoption name UCI_Chess960 value true; "
+     "setoption name Clear Hash; setoption name UCI_Chess960 value true",
+     "bestmove a2a3 TS=~ stopped; info depth 2; bestmove a2a3 TS=~ stopped"},
+    {"an_option_interrupts_a_ponder_search",
+     "until go; answer bestmove e2e4 ponder e7e5; until stop; answer bestmove d2d4; until ponderhit; answer "
+     "bestmove g1f3",
+     "level fixed_depth 3; ponder on; go; posted 1; option Book x; option None x; posted 2; position "
+     "startpos e2e4 e7e5; go; posted 3",
+     "position fen START moves; isready; go depth 3; position fen START moves e2e4 e7e5; go wtime ~ btime 0 "
+     "winc 0 binc 0 ponder; stop; setoption name Book value x; position fen START moves e2e4 e7e5; go wtime "
+     "~ btime 0 winc 0 binc 0 ponder; ponderhit",
+     "bestmove e2e4 ponder e7e5 TS=~; bestmove d2d4 TS=~ stopped; bestmove g1f3 TS=~"},
+    {"an_option_waits_for_the_end_of_a_search_or_the_begin_of_the_next",
+     "until stop; answer bestmove a2a3; until ucinewgame; answer bestmove b2b3",
+     "level fixed_depth 3; go; option Book x; sent 3; stop; posted 1; infinite; option Book y; new_game; "
+     "posted 2; "
+     "go; option Book z; stop; go",
+     "position fen START moves; isready; go depth 3; stop; setoption name Book value x; position fen START "
+     "moves; "
+     "go infinite; stop; ucinewgame; isready; setoption name Book value y; position fen START moves; "
+     "isready; go "
+     "depth 3; stop; setoption name Book value z; position fen START moves; isready; go depth 3; stop",
+     "bestmove a2a3 TS=~ stopped; bestmove b2b3 TS=~ stopped"},
     {"castling_in_both_spellings", "",
      "position r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1 | e1h1 e8a8; infinite; stop; option UCI_Chess960 true; "
      "position r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1 | e1h1 e8a8; infinite",
      "position fen r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1 moves e1g1 e8c8; go infinite; stop; setoption name "
-     "Clear Hash; setoption name UCI_Chess960 value true; position fen r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1 "
-     "moves e1h1 e8a8; go infinite; stop",
+     "UCI_Chess960 value true; position fen r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1 moves e1h1 e8a8; go "
+     "infinite; stop",
      ""},
     {"readyok_waits_for_the_next_line_and_an_empty_line_is_swallowed",
      "until isready; answer readyok; until go; answer info depth 1; answer ; answer info string bestmove "
      "soon",
-     "level fixed_depth 1; go; posted 3", "position fen START moves; isready; go depth 1; stop",
+     "debug; level fixed_depth 1; go; posted 3", "position fen START moves; isready; go depth 1; stop",
      "readyok; info depth 1; info string bestmove soon TS=~"},
 };
 
@@ -79,7 +109,8 @@ class UciEngineTest : public DriverTest {};
 TEST_P(UciEngineTest, Transcript) {
     play(Protocol::uci,
          "until uci; answer id name Peer; answer option name UCI_Chess960 type check default false;"
-         "answer option name Clear Hash type button; answer uciok; ",
+         "answer option name Clear Hash type button; answer option name Book type string default <empty>;"
+         "answer uciok; ",
          "uci");
 }
 
