@@ -129,6 +129,11 @@ ChoiceDialog::ChoiceDialog(Gtk::Window& parent, const std::string& title, const 
     m_event.get_accessible()->set_name(title);
     m_event.get_accessible()->set_description("Click a man, or pick him by the arrow keys and Return");
     m_event.signal_chosen().connect([this] { response(Gtk::RESPONSE_OK); });
+    // Of the title, the window's own buttons and icon leave this much less.
+    constexpr int buttons_width = 120;  // pixels
+    int width = 0, height = 0;
+    create_pango_layout(title)->get_pixel_size(width, height);
+    get_content_area()->set_size_request(width + buttons_width, -1);
     get_content_area()->pack_start(m_event);
     show_all_children();
     run();
