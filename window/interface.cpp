@@ -36,9 +36,9 @@ bool is_search_output(const std::string& numbered_line) {
 Interface::Interface(std::string program_path, int board_size)
     : m_queue(is_search_output),
       m_box(Gtk::ORIENTATION_VERTICAL),
-      m_clock_frame("", Gtk::ALIGN_START, Gtk::ALIGN_START, 15.0F, false),
       m_board(board_size),
-      m_move_entry(m_board),
+      m_board_with_clocks(m_clocks, m_board),
+      m_move_entry(m_navigation_bar),
       m_manager(*this, std::move(program_path)),
       m_link(m_manager),
       m_screen(m_desk, {*this, m_board, m_clocks, m_navigation_bar, m_fen_entry, m_analysis, m_pgn, m_comment,
@@ -100,11 +100,7 @@ void Interface::lay_out() {
         m_box.pack_start(*menu_bar, Gtk::PACK_SHRINK);
         add_accel_group(m_actions.accelerators());
     }
-    m_clock_frame.unset_label();  // an empty one would still take up a line
-    m_clock_frame.set_shadow_type(Gtk::SHADOW_NONE);
-    m_clock_frame.add(m_clocks);
-    m_box.pack_start(m_clock_frame, Gtk::PACK_SHRINK);
-    m_box.pack_start(m_board, Gtk::PACK_EXPAND_WIDGET);
+    m_box.pack_start(m_board_with_clocks, Gtk::PACK_EXPAND_WIDGET);
     m_box.pack_start(m_navigation_bar, Gtk::PACK_SHRINK);
     m_box.pack_start(m_fen_entry, Gtk::PACK_SHRINK);
     add(m_box);

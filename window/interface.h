@@ -4,7 +4,6 @@
 #include <string>
 #include <thread>
 
-#include <gtkmm/aspectframe.h>
 #include <gtkmm/box.h>
 #include <gtkmm/window.h>
 
@@ -15,6 +14,7 @@
 #include "dialogs/move_entry.h"
 #include "manager/manager.h"
 #include "views/analysis_window.h"
+#include "views/board_with_clocks.h"
 #include "views/chess_board.h"
 #include "views/clocks.h"
 #include "views/comment_editor.h"
@@ -87,9 +87,9 @@ private:
     std::uint64_t m_taken = 0;  // the referee's thread only
 
     Gtk::Box m_box;
-    Gtk::AspectFrame m_clock_frame;
     ChessBoard m_board;
     Clocks m_clocks;
+    BoardWithClocks m_board_with_clocks;
     NavigationBar m_navigation_bar;
     FenEntry m_fen_entry;
     MoveEntry m_move_entry;
