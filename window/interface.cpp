@@ -221,7 +221,7 @@ void Interface::process_manager_messages() {
 }
 
 void Interface::tell_user(const std::string& headline, const std::string& details) {
-    m_screen.tell_user(headline, details);
+    m_screen.tell_user(text::underscores_to_blanks(headline), text::underscores_to_blanks(details));
 }
 
 }  // namespace velmora

@@ -61,6 +61,7 @@ public:
     void process_manager_messages();
     /// Shows the position on the board and in the FEN entry.
     void refresh_board() { m_screen.show_position(); }
+    /// Shows a message in which underscores stand for blanks.
     void tell_user(const std::string& headline, const std::string& details);
     std::string choose_file(FileKind kind) { return m_chooser.choose(kind); }
     /// Opens a game, position or book file by the flow of its kind.

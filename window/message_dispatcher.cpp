@@ -299,8 +299,8 @@ void MessageDispatcher::clear_arrows(Rest& /*rest*/) { m_screen.clear_arrows(); 
 // The program
 
 void MessageDispatcher::tell_user(Rest& rest) {
-    const std::string headline(rest.word());
-    m_screen.tell_user(headline, std::string(rest.rest()));
+    const std::string headline = text::underscores_to_blanks(rest.word());
+    m_screen.tell_user(headline, text::underscores_to_blanks(rest.rest()));
 }
 
 void MessageDispatcher::reset_mode(Rest& rest) {
