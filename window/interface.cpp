@@ -182,16 +182,17 @@ void Interface::on_drag_data_received(const Glib::RefPtr<Gdk::DragContext>& /*co
                                       const Gtk::SelectionData& data, guint /*info*/, guint /*time*/) {
     // The drop ends behind this handler. A dialog in it would hold up the program that the file comes from.
     const std::vector<Glib::ustring> uris = data.get_uris();
-    if (uris.empty()) return;
-    const auto open = sigc::bind(sigc::mem_fun(*this, &Interface::open_dropped), uris.front().raw());
+    const auto open = sigc::bind(sigc::mem_fun(*this, &Interface::open_dropped), uris);
     Glib::signal_idle().connect(sigc::bind_return(open, false));
 }
 
-void Interface::open_dropped(const std::string& uri) {
+void Interface::open_dropped(const std::vector<Glib::ustring>& uris) {
     // What waits for an answer comes first.
     if (Gtk::Widget::get_current_modal_grab()) return;
     try {
-        m_files.open(Glib::filename_from_uri(uri));
+        std::vector<std::string> paths;
+        for (const auto& uri : uris) paths.push_back(Glib::filename_from_uri(uri));
+        m_files.open(paths);
     } catch (const Glib::Error& error) {
         m_screen.tell_user("The file can't be opened", error.what().raw());
     }

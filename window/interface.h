@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include <gtkmm/box.h>
 #include <gtkmm/window.h>
@@ -64,8 +65,8 @@ public:
     /// Shows a message in which underscores stand for blanks.
     void tell_user(const std::string& headline, const std::string& details);
     std::string choose_file(FileKind kind) { return m_chooser.choose(kind); }
-    /// Opens a game, position or book file by the flow of its kind.
-    void open_file(const std::string& path) { m_files.open(path); }
+    /// Opens a game, position or book file by the flow of its kind; of several, the first.
+    void open_files(const std::vector<std::string>& paths) { m_files.open(paths); }
 
     Actions& actions() { return m_actions; }
     const GameDesk& desk() const { return m_desk; }
@@ -78,7 +79,7 @@ protected:
 
 private:
     bool on_timeout();
-    void open_dropped(const std::string& uri);
+    void open_dropped(const std::vector<Glib::ustring>& uris);
     void lay_out();
     void connect_views();
     bool press_navigation_key(unsigned key);
