@@ -35,8 +35,8 @@ bool is_confirmation(unsigned key) {
 
 }  // namespace
 
-ChoiceDraw::ChoiceDraw(const ChoiceGrid& grid, ChoiceImages images, CellSize size)
-    : m_grid(grid), m_images(std::move(images)) {
+ChoiceDraw::ChoiceDraw(ChoiceGrid grid, ChoiceImages images, CellSize size)
+    : m_grid(std::move(grid)), m_images(std::move(images)) {
     set_size_request(size.width, size.height);
 }
 
@@ -63,8 +63,9 @@ bool ChoiceDraw::on_draw(const Cairo::RefPtr<Cairo::Context>& cr) {
     if (m_marked) {
         cr->set_source_rgba(0.1, 0.36, 0.18, 0.8);
         cr->set_line_width(3);
-        cr->rectangle(*m_marked % m_grid.columns * size.width + 2.5,
-                      *m_marked / m_grid.columns * size.height + 2.5, size.width - 5, size.height - 5);
+        const int row = *m_marked / m_grid.columns;
+        cr->rectangle(*m_marked % m_grid.columns * size.width + 2.5, row * size.height + 2.5, size.width - 5,
+                      size.height - 5);
         cr->stroke();
     }
     return true;
