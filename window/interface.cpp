@@ -191,6 +191,7 @@ void Interface::open_dropped(const std::vector<Glib::ustring>& uris) {
     if (Gtk::Widget::get_current_modal_grab()) return;
     try {
         std::vector<std::string> paths;
+        paths.reserve(uris.size());
         for (const auto& uri : uris) paths.push_back(Glib::filename_from_uri(uri));
         m_files.open(paths);
     } catch (const Glib::Error& error) {
