@@ -11,8 +11,8 @@ void show_about(Gtk::Window& parent, const std::string& image) {
     Gtk::AboutDialog dialog;
     dialog.set_transient_for(parent);
     dialog.set_modal(true);
-    dialog.set_program_name("Velmora GUI");
-    dialog.set_version("1.14");
+    dialog.set_program_name(program_name);
+    dialog.set_version(program_version);
     dialog.set_license_type(Gtk::LICENSE_GPL_3_0);
     try {
         dialog.set_logo(Gdk::Pixbuf::create_from_file(image));

@@ -109,7 +109,8 @@ void ChooserList::show_progress(bool complete) {
     const auto now = std::chrono::steady_clock::now();
     if (!complete && now - m_progress_shown < pause) return;
     m_progress_shown = now;
-    m_count.set_text((complete && m_entries.empty() ? "no" : grouped(m_list.size())) + " " + m_noun);
+    const std::string plural = m_list.size() == 1 ? "" : "s";
+    m_count.set_text((complete && m_entries.empty() ? "no" : grouped(m_list.size())) + " " + m_noun + plural);
     const double shown =
         m_entries.empty() ? 1.0 : static_cast<double>(m_list.size()) / static_cast<double>(m_entries.size());
     m_progress_bar.set_fraction(std::clamp(m_reader->progress() * shown, 0.0, 1.0));

@@ -31,7 +31,7 @@ protected:
         FileEntry entry;
     };
 
-    /// `noun` names what is listed, in the plural.
+    /// `noun` names one of what is listed; its plural ends in "s".
     ChooserList(const NumberedColumns& columns, const std::vector<NumberedList::TextColumn>& texts,
                 std::string noun);
 

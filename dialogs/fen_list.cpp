@@ -31,7 +31,7 @@ private:
 FenList::FenList() : FenList(ModelColumns()) {}
 
 FenList::FenList(const ModelColumns& columns)
-    : ChooserList(columns, {{columns.fen, "Fen", 60, true}}, "positions") {}
+    : ChooserList(columns, {{columns.fen, "Fen", 60, true}}, "position") {}
 
 int FenList::choose_position(Gtk::Window& parent, const std::string& path, std::string& fen) {
     auto choice =

@@ -48,7 +48,7 @@ GameList::GameList(const ModelColumns& columns)
                    {columns.black, "Black", 20, true},
                    {columns.result, "Result", 8, false},
                    {columns.date, "Date", 11, false}},
-                  "games") {}
+                  "game") {}
 
 int GameList::choose_game(Gtk::Window& parent, const std::string& path) {
     const auto choice = choose(parent, "Choose Game", [path] { return open_games(path); });

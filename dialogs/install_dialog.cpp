@@ -6,6 +6,7 @@
 #include "channel/text.h"
 #include "dialogs/message_box.h"
 #include "dialogs/shown_text.h"
+#include "dialogs/wrapping_label.h"
 
 namespace velmora {
 namespace {
@@ -72,9 +73,7 @@ void InstallDialog::add_options() {
         if (whole_row) cell = (cell + option_columns - 1) / option_columns * option_columns;
 
         Gtk::Label& label = m_labels.emplace_back(shown_text(text), Gtk::ALIGN_START);
-        label.set_ellipsize(Pango::ELLIPSIZE_END);
-        label.set_max_width_chars(whole_row ? 120 : 36);
-        label.set_tooltip_text(label.get_text());
+        wrap(label, whole_row ? 120 : 36);
         const int width = whole_row ? option_columns : 1;
         m_options.attach(label, cell % option_columns, cell / option_columns, width);
         cell += width;

@@ -33,7 +33,8 @@ InstalledList::InstalledList(Gtk::Window& parent, InstalledEngines installed)
 
 std::optional<EngineVariables> InstalledList::choose() {
     m_list.select_first();
-    const int answer = run();
+    int answer = run();
+    while (answer == load_answer && !selected_name()) answer = run();
     const auto name = selected_name();
     if (!name) return std::nullopt;
     if (answer == uninstall_answer) uninstall(*name);

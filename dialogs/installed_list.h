@@ -23,8 +23,9 @@ public:
     /// Reads the list of installed engines.
     explicit InstalledList(Gtk::Window& parent, InstalledEngines installed = InstalledEngines());
 
-    /// Runs the dialog: "LOAD" gives the selected engine. "UNINSTALL" removes it from the list and gives
-    /// nothing; a list that can't be written is told to the user.
+    /// Runs the dialog: "LOAD" gives the selected engine and waits for one where no row is selected.
+    /// "UNINSTALL" removes it from the list and gives nothing; a list that can't be written is told to the
+    /// user.
     std::optional<EngineVariables> choose();
 
 private:

@@ -5,6 +5,11 @@
 #include <gdkmm/monitor.h>
 
 namespace velmora {
+namespace {
+
+constexpr double most_of_screen = 0.9;
+
+}  // namespace
 
 ModalDialog::ModalDialog(const Glib::ustring& title, Gtk::Window& parent) : Gtk::Dialog(title, parent, true) {
     set_position(Gtk::WIN_POS_CENTER_ON_PARENT);
@@ -19,16 +24,34 @@ ModalDialog::ModalDialog(const Glib::ustring& title, Gtk::Window& parent) : Gtk:
 
 void ModalDialog::set_ordinary_size(int width, int height) {
     constexpr double ordinary_line = 19;  // pixels, of ten points at 96 dots an inch; taller fonts exist
-    constexpr double most_of_screen = 0.9;
     int line_width = 0, line_height = 0;
     create_pango_layout("Xg")->get_pixel_size(line_width, line_height);
     const double factor = std::max(1.0, line_height / ordinary_line);
-    Gdk::Rectangle screen(0, 0, width, height);
-    if (const auto monitor = get_display()->get_primary_monitor()) monitor->get_workarea(screen);
-    const auto larger = [factor](int size, int room) {
-        return std::max(size, static_cast<int>(std::min(size * factor, room * most_of_screen)));
+    const Gdk::Rectangle room = room_on_screen();
+    const auto larger = [factor](int size, int most) {
+        return std::max(size, static_cast<int>(std::min(size * factor, static_cast<double>(most))));
     };
-    set_default_size(larger(width, screen.get_width()), larger(height, screen.get_height()));
+    set_default_size(larger(width, room.get_width()), larger(height, room.get_height()));
+}
+
+/// What a dialog may take up; nothing where the screen can't tell.
+Gdk::Rectangle ModalDialog::room_on_screen() {
+    Gdk::Rectangle area;
+    if (const auto monitor = get_display()->get_primary_monitor()) monitor->get_workarea(area);
+    area.set_width(static_cast<int>(area.get_width() * most_of_screen));
+    area.set_height(static_cast<int>(area.get_height() * most_of_screen));
+    return area;
+}
+
+void ModalDialog::stay_on_screen() {
+    const Gdk::Rectangle room = room_on_screen();
+    int default_width = 0, default_height = 0, least = 0, width = 0, height = 0;
+    get_default_size(default_width, default_height);
+    if (default_width > 0 || room.has_zero_area()) return;
+    get_preferred_width(least, width);
+    width = std::min(width, room.get_width());
+    get_preferred_height_for_width(width, least, height);
+    set_default_size(width, std::min(height, room.get_height()));
 }
 
 Gtk::Button& ModalDialog::add_answer(const Glib::ustring& label, int response) {
@@ -39,7 +62,9 @@ Gtk::Button& ModalDialog::add_answer(const Glib::ustring& label, int response) {
 }
 
 int ModalDialog::run() {
-    show_all();
+    show_all_children();
+    stay_on_screen();
+    show();
     return Gtk::Dialog::run();
 }
 

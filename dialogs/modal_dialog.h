@@ -1,5 +1,6 @@
 #pragma once
 
+#include <gdkmm/rectangle.h>
 #include <glibmm/ustring.h>
 #include <gtkmm/box.h>
 #include <gtkmm/dialog.h>
@@ -33,6 +34,10 @@ public:
     int run();
 
 private:
+    Gdk::Rectangle room_on_screen();
+    /// A dialog without a default size is as large as its content, as far as the screen has room for it.
+    void stay_on_screen();
+
     Gtk::Box m_body{Gtk::ORIENTATION_VERTICAL, margin};
 };
 

@@ -9,11 +9,12 @@
 
 namespace velmora {
 
-/// The small field that opens over the board when somebody begins to type a move. Enter hands the text over,
-/// Escape and a click elsewhere leave it.
+/// The small field that opens when somebody begins to type a move. It lies over the bar below the board,
+/// where it covers neither squares nor clocks. Enter hands the text over, Escape and a click elsewhere leave
+/// it.
 class MoveEntry : public Gtk::Popover {
 public:
-    explicit MoveEntry(const Gtk::Widget& board);
+    explicit MoveEntry(Gtk::Widget& bar);
 
     /// Opens the field with the first character of the move.
     void begin(gunichar character);
@@ -24,8 +25,9 @@ public:
 
 private:
     void show_complaint(const std::string& reason);
+    void lie_over_bar();
 
-    Gtk::Box m_box{Gtk::ORIENTATION_VERTICAL};
+    Gtk::Widget& m_bar;
     Gtk::Box m_line{Gtk::ORIENTATION_HORIZONTAL};
     Gtk::Label m_label{"Move: "};
     Gtk::Entry m_entry;

@@ -4,19 +4,14 @@
 #include <string_view>
 
 #include "dialogs/shown_text.h"
+#include "dialogs/wrapping_label.h"
 
 namespace velmora {
 namespace {
 
 constexpr int columns = 4;
 
-/// Keeps the label of a widget from making the whole grid wide; the full text comes up under the pointer.
-void limit_width(Gtk::Label& label) {
-    constexpr int most_chars = 32;
-    label.set_ellipsize(Pango::ELLIPSIZE_END);
-    label.set_max_width_chars(most_chars);
-    label.set_tooltip_text(label.get_text());
-}
+constexpr int most_chars = 32;  // of a name in one line
 
 }  // namespace
 
@@ -62,8 +57,9 @@ void OptionsDialog::start_row() { m_cell = (m_cell / columns + 1) * columns; }
 
 void OptionsDialog::place(Gtk::Widget& widget, int cells) {
     widget.set_hexpand(true);
+    widget.set_valign(Gtk::ALIGN_CENTER);  // beside a name of several lines
     if (auto* button = dynamic_cast<Gtk::Button*>(&widget)) {
-        if (auto* label = dynamic_cast<Gtk::Label*>(button->get_child())) limit_width(*label);
+        if (auto* label = dynamic_cast<Gtk::Label*>(button->get_child())) wrap(*label, most_chars);
     }
     m_grid.attach(widget, m_cell % columns, m_cell / columns, cells);
     m_cell += cells;
@@ -71,7 +67,7 @@ void OptionsDialog::place(Gtk::Widget& widget, int cells) {
 
 void OptionsDialog::place_name(const Option& option) {
     Gtk::Label& label = m_names.emplace_back(shown_text(option.name), Gtk::ALIGN_START);
-    limit_width(label);
+    wrap(label, most_chars);
     m_grid.attach(label, m_cell % columns, m_cell / columns);
     ++m_cell;
 }

@@ -36,7 +36,8 @@ TournamentChoice choose_tournament(Gtk::Window& parent, const std::vector<std::s
     dialog.set_default_response(load_answer);
     list.select_first();
 
-    const int answer = dialog.run();
+    int answer = dialog.run();
+    while (answer == load_answer && list.selected().empty()) answer = dialog.run();
     if (answer == cancel_answer) return {Action::cancel, ""};
     const std::string name = list.selected();
     if (name.empty() || answer < 0) return {};

@@ -41,8 +41,8 @@ struct TournamentChoice {
     std::string name;  ///< for `remove` and `load`
 };
 
-/// The dialog "Load Tournament". "DELETE" and "LOAD" without a selected row, and leaving it in another way
-/// than by "CANCEL", are no action.
+/// The dialog "Load Tournament". "LOAD" without a selected row leaves it open; "DELETE" without one, and
+/// leaving it in another way than by "CANCEL", are no action.
 TournamentChoice choose_tournament(Gtk::Window& parent, const std::vector<std::string>& names);
 
 }  // namespace velmora

@@ -14,6 +14,8 @@ namespace {
 constexpr double label_opacity = 0.6;
 /// Around a label, pixels.
 constexpr int label_padding = 3;
+/// How many margins for the labels are as long as the squares of a large board.
+constexpr int labels_a_side = 27;
 
 }  // namespace
 
@@ -64,6 +66,10 @@ bool ChessBoard::on_draw(const Cairo::RefPtr<Cairo::Context>& cr) {
 /// A character centred on a point.
 void ChessBoard::draw_label(const Cairo::RefPtr<Cairo::Context>& cr, char label, double x, double y) {
     const auto layout = create_pango_layout(std::string(1, label));
+    Pango::AttrList attributes;
+    auto enlarged = Pango::Attribute::create_attr_scale(double(m_label_width) / m_least_label_width);
+    attributes.insert(enlarged);
+    layout->set_attributes(attributes);
     int width = 0, height = 0;
     layout->get_pixel_size(width, height);
     Gdk::RGBA color = get_style_context()->get_color(get_state_flags());
@@ -77,20 +83,34 @@ void ChessBoard::on_style_updated() {
     Gtk::AspectFrame::on_style_updated();
     int width = 0, height = 0;
     create_pango_layout("8")->get_pixel_size(width, height);
-    m_label_width = std::max(width, height) + label_padding;
-    m_board.set_margin_start(m_label_width);
-    m_board.set_margin_bottom(m_label_width);
+    m_least_label_width = std::max(width, height) + label_padding;
+    m_label_width = m_least_label_width;
+    queue_resize();
+}
+
+void ChessBoard::get_preferred_width_vfunc(int& minimum, int& natural) const {
+    Gtk::AspectFrame::get_preferred_width_vfunc(minimum, natural);
+    minimum += std::max(m_least_label_width, minimum / labels_a_side);
+    natural += std::max(m_least_label_width, natural / labels_a_side);
+}
+
+void ChessBoard::get_preferred_height_vfunc(int& minimum, int& natural) const {
+    Gtk::AspectFrame::get_preferred_height_vfunc(minimum, natural);
+    minimum += std::max(m_least_label_width, minimum / labels_a_side);
+    natural += std::max(m_least_label_width, natural / labels_a_side);
 }
 
 void ChessBoard::compute_child_allocation_vfunc(Gtk::Allocation& allocation) {
     Gtk::AspectFrame::compute_child_allocation_vfunc(allocation);
+    const int side = std::max(std::min(allocation.get_width(), allocation.get_height()), 0);
+    m_label_width = std::max(m_least_label_width, side / (labels_a_side + 1));
     // Whole cells only: what is left over would show as a strip beside the last of them.
-    const int side = std::min(allocation.get_width(), allocation.get_height()) - m_label_width;
-    const int used = std::max(side, 0) / 8 * 8 + m_label_width;
-    allocation.set_x(allocation.get_x() + (allocation.get_width() - used) / 2);
+    const int squares = std::max(side - m_label_width, 0) / 8 * 8;
+    const int used = squares + m_label_width;
+    allocation.set_x(allocation.get_x() + (allocation.get_width() - used) / 2 + m_label_width);
     allocation.set_y(allocation.get_y() + (allocation.get_height() - used) / 2);
-    allocation.set_width(used);
-    allocation.set_height(used);
+    allocation.set_width(squares);
+    allocation.set_height(squares);
 }
 
 }  // namespace velmora

@@ -56,6 +56,8 @@ public:
 protected:
     bool on_draw(const Cairo::RefPtr<Cairo::Context>& cr) override;
     void on_style_updated() override;
+    void get_preferred_width_vfunc(int& minimum, int& natural) const override;
+    void get_preferred_height_vfunc(int& minimum, int& natural) const override;
     void compute_child_allocation_vfunc(Gtk::Allocation& allocation) override;
 
 private:
@@ -64,7 +66,8 @@ private:
     sigc::signal<void> m_move_made;
     Board m_board;
     bool m_white_to_move = false;
-    int m_label_width = 0;  // of the margin that holds the labels, pixels
+    int m_least_label_width = 0;  // of the margin that holds the labels, pixels
+    int m_label_width = 0;        // the same at the present size of the board
 };
 
 }  // namespace velmora

@@ -35,8 +35,8 @@ bool is_confirmation(unsigned key) {
 
 }  // namespace
 
-ChoiceDraw::ChoiceDraw(const ChoiceGrid& grid, ChoiceImages images, CellSize size)
-    : m_grid(grid), m_images(std::move(images)) {
+ChoiceDraw::ChoiceDraw(ChoiceGrid grid, ChoiceImages images, CellSize size)
+    : m_grid(std::move(grid)), m_images(std::move(images)) {
     set_size_request(size.width, size.height);
 }
 
@@ -63,8 +63,9 @@ bool ChoiceDraw::on_draw(const Cairo::RefPtr<Cairo::Context>& cr) {
     if (m_marked) {
         cr->set_source_rgba(0.1, 0.36, 0.18, 0.8);
         cr->set_line_width(3);
-        cr->rectangle(*m_marked % m_grid.columns * size.width + 2.5,
-                      *m_marked / m_grid.columns * size.height + 2.5, size.width - 5, size.height - 5);
+        const int row = *m_marked / m_grid.columns;
+        cr->rectangle(*m_marked % m_grid.columns * size.width + 2.5, row * size.height + 2.5, size.width - 5,
+                      size.height - 5);
         cr->stroke();
     }
     return true;
@@ -129,6 +130,11 @@ ChoiceDialog::ChoiceDialog(Gtk::Window& parent, const std::string& title, const 
     m_event.get_accessible()->set_name(title);
     m_event.get_accessible()->set_description("Click a man, or pick him by the arrow keys and Return");
     m_event.signal_chosen().connect([this] { response(Gtk::RESPONSE_OK); });
+    // Of the title, the window's own buttons and icon leave this much less.
+    constexpr int buttons_width = 120;  // pixels
+    int width = 0, height = 0;
+    create_pango_layout(title)->get_pixel_size(width, height);
+    get_content_area()->set_size_request(width + buttons_width, -1);
     get_content_area()->pack_start(m_event);
     show_all_children();
     run();

@@ -21,7 +21,7 @@ using ChoiceImages = std::vector<Glib::RefPtr<Gdk::Pixbuf>>;
 class ChoiceDraw : public Gtk::DrawingArea {
 public:
     /// `size` is what the widget asks for, in pixels.
-    ChoiceDraw(const ChoiceGrid& grid, ChoiceImages images, CellSize size);
+    ChoiceDraw(ChoiceGrid grid, ChoiceImages images, CellSize size);
 
     const ChoiceGrid& grid() const { return m_grid; }
     CellSize cell() const;

@@ -1,5 +1,7 @@
 #include "views/clocks.h"
 
+#include <algorithm>
+#include <cmath>
 #include <string>
 
 #include <gdkmm/rgba.h>
@@ -7,6 +9,8 @@
 namespace velmora {
 
 namespace {
+
+constexpr int label_chars = 7;
 
 Gdk::RGBA color(double red, double green, double blue) {
     Gdk::RGBA result;
@@ -52,12 +56,46 @@ void Clocks::pack_side(Side side) {
     name.get_style_context()->add_class("name");
     time.get_style_context()->add_class("time");
     for (Gtk::Label* label : {&name, &time}) {
-        label->set_width_chars(7);
+        label->set_width_chars(label_chars);
         label->get_style_context()->add_class("clock");
         label->get_style_context()->add_provider(m_style, GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
         pack_start(*label, Gtk::PACK_EXPAND_WIDGET);
     }
     name.set_mnemonic_widget(time);
+}
+
+void Clocks::set_text_scale(double scale) {
+    // In steps: while a window is being resized, each new size makes the labels compute their layout.
+    constexpr double step = 16;
+    scale = std::max(1.0, std::floor(scale * step) / step);
+    if (scale == m_text_scale) return;
+    m_text_scale = scale;
+    Pango::AttrList attributes;
+    auto enlarged = Pango::Attribute::create_attr_scale(scale);
+    attributes.insert(enlarged);
+    for (const Side side : {Side::white, Side::black}) {
+        m_labels[side].set_attributes(attributes);
+        m_time_labels[side].set_attributes(attributes);
+    }
+}
+
+Gtk::Requisition Clocks::ordinary_size() {
+    Gtk::Label& label = m_time_labels[Side::white];
+    const auto style = label.get_style_context();
+    const auto state = style->get_state();
+    const Gtk::Border padding = style->get_padding(state), frame = style->get_border(state);
+    // The label's own request follows the scale, its font doesn't.
+    const auto metrics = label.get_pango_context()->get_metrics(style->get_font(state));
+    const int character =
+        std::max(metrics.get_approximate_char_width(), metrics.get_approximate_digit_width());
+    const auto pixels = [](int units) { return (units + Pango::SCALE - 1) / Pango::SCALE; };
+    const int width = pixels(character * label_chars) + padding.get_left() + padding.get_right() +
+                      frame.get_left() + frame.get_right();
+    Gtk::Requisition size;
+    size.width = 4 * width;
+    size.height = pixels(metrics.get_ascent() + metrics.get_descent()) + padding.get_top() +
+                  padding.get_bottom() + frame.get_top() + frame.get_bottom();
+    return size;
 }
 
 void Clocks::start(Side side) {

@@ -38,6 +38,11 @@ public:
     /// Brings the texts up to the present second; for the window's tick.
     void update();
 
+    /// Enlarges names and times; 1 is the size that the theme's font gives them.
+    void set_text_scale(double scale);
+    /// What the strip needs at the scale 1, pixels.
+    Gtk::Requisition ordinary_size();
+
 private:
     void pack_side(Side side);
     void set_active(Side side, bool active);
@@ -46,6 +51,7 @@ private:
     BySide<Gtk::Label> m_labels;
     BySide<Gtk::Label> m_time_labels;
     Glib::RefPtr<Gtk::CssProvider> m_style;
+    double m_text_scale = 1;
 };
 
 }  // namespace velmora

@@ -1,19 +1,31 @@
 #include "window/command_line.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "channel/text.h"
+#include "dialogs/about_dialog.h"
 #include "window/opened_file.h"
 
 namespace velmora {
 
 namespace {
 
-bool is_openable(const std::string& path) {
-    const OpenedFile kind = kind_of_file(path);
+constexpr const char* help = R"(Usage: velmora [-s SIZE] [FILE]
+Play, analyse and study chess.
+
+  -s SIZE     the side of the board in pixels, from 360 to 1200
+  FILE        games (.pgn), positions (.fen, .epd) or a Polyglot book (.bin) to open
+  -h, --help  print this text and end
+  --version   print the version and end
+
+"man velmora" tells of keys, files and variables.
+)";
+
+bool is_file(const std::string& argument) {
     std::error_code fault;
-    return (kind == OpenedFile::game || kind == OpenedFile::position) &&
-           std::filesystem::is_regular_file(path, fault);
+    return !argument.starts_with('-') &&
+           (kind_of_file(argument) != OpenedFile::none || std::filesystem::exists(argument, fault));
 }
 
 }  // namespace
@@ -21,17 +33,21 @@ bool is_openable(const std::string& path) {
 CommandLine parse_command_line(const std::vector<std::string>& arguments) {
     CommandLine result;
     std::vector<std::string> left(arguments.begin() + (arguments.empty() ? 0 : 1), arguments.end());
-    if (left.size() == 1 || left.size() == 3) {
-        // A lone argument is a file, and so is what stands before or behind a size.
-        const auto file = is_openable(left.front()) ? left.begin() : left.end() - 1;
-        if (is_openable(*file)) {
-            result.file = *file;
-            left.erase(file);
-        }
+    const auto size = std::ranges::find_if(left, [](const auto& text) { return text.starts_with("-s"); });
+    if (left.end() - size >= 2) {
+        const std::string value = size[1];
+        left.erase(size, size + 2);
+        result.has_board_size = std::ranges::all_of(left, is_file);
+        if (result.has_board_size) result.board_size = text::WordReader(value).integer<int>().value_or(0);
     }
-    if (left.size() == 2 && left.front().starts_with("-s")) {
-        result.board_size = text::WordReader(left.back()).integer<int>().value_or(0);
-        result.has_board_size = true;
+    for (const std::string& argument : left) {
+        if (argument == "-h" || argument == "--help") {
+            result.answer = help;
+        } else if (argument == "--version") {
+            result.answer = std::string(program_name) + " " + program_version + "\n";
+        } else if (!argument.starts_with('-')) {
+            result.files.push_back(argument);
+        }
     }
     return result;
 }

@@ -12,14 +12,16 @@ inline constexpr int default_board_size = 560;
 struct CommandLine {
     int board_size = default_board_size;
     bool has_board_size = false;
-    std::string file;  ///< a game or position file to open, empty for none
+    std::vector<std::string> files;  ///< to be opened, whether they exist or not
+    std::string answer;              ///< what to print instead of opening the window, empty for nothing
 };
 
-/// Reads the arguments, program name first: a board size, a file, or both in either order.
+/// Reads the arguments, program name first: a board size, files, "--help", "-h" and "--version".
 ///
 /// The size is an argument that begins with "-s", whatever follows these two characters, and the argument
-/// behind it; a size that is no number is 0. A file is an argument that ends in .pgn, .fen or .epd and
-/// exists. With any other number of arguments they mean nothing.
+/// behind it; a size that is no number is 0. It counts when nothing but files that exist, or whose names end
+/// in .pgn, .fen, .epd or .bin, stands beside it. Other arguments with a hyphen mean nothing; those without
+/// one are files.
 CommandLine parse_command_line(const std::vector<std::string>& arguments);
 
 }  // namespace velmora

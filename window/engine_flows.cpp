@@ -95,7 +95,7 @@ void EngineFlows::choose_time_control() {
 void EngineFlows::edit_options() {
     const EngineVariables engine = m_engine_variables();
     if (engine.name == placeholder_name) {
-        m_screen.tell_user("No_engine_found", "use menu 'Engine' to load an engine'");
+        m_screen.tell_user("No engine found", "use menu 'Engine' to load an engine'");
         return;
     }
     const std::vector<Option> before = option_lists::for_dialog(engine.options);

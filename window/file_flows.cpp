@@ -1,8 +1,10 @@
 #include "window/file_flows.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <stdexcept>
+#include <system_error>
 
 #include "channel/atomic_file.h"
 #include "dialogs/fen_list.h"
@@ -164,8 +166,25 @@ void FileFlows::choose_polyglot_book() {
 
 void FileFlows::use_polyglot_book(const std::string& path) { m_manager.send("polyglotbook " + path); }
 
-void FileFlows::open(const std::string& path) {
-    switch (kind_of_file(path)) {
+void FileFlows::open(const std::vector<std::string>& paths) {
+    if (paths.empty()) return;
+    open_one(paths.front());
+    std::string others;
+    for (auto path = paths.begin() + 1; path != paths.end(); ++path) others += *path + "\n";
+    if (!others.empty()) m_screen.tell_user("Only one file is opened at a time, not these:", others);
+}
+
+void FileFlows::open_one(const std::string& path) {
+    const auto refuse = [this](const std::string& reason) {
+        m_screen.tell_user("The file can't be opened", reason);
+    };
+    std::error_code fault;
+    const auto status = std::filesystem::status(path, fault);
+    if (!std::filesystem::exists(status)) return refuse("There is no file " + path);
+    const OpenedFile kind = kind_of_file(path);
+    if (kind == OpenedFile::none) return refuse(path + " is no .pgn, .fen, .epd or .bin file");
+    if (!std::filesystem::is_regular_file(status)) return refuse(path + " is no ordinary file");
+    switch (kind) {
         case OpenedFile::game:
             m_screen.select_mode(Mode::human_human);
             load_game_from(path);

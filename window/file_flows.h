@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <gtkmm/window.h>
 
@@ -39,11 +40,12 @@ public:
     /// Sets up the FEN that the person typed; one that can't be read is reported and changes nothing.
     void enter_fen(const std::string& fen);
 
-    /// Opens a file by the flow of its kind, told by its extension, as if it had been chosen. A file of
-    /// another kind does nothing.
-    void open(const std::string& path);
+    /// Opens the first of some files from outside by the flow of its kind, told by its extension, as if it
+    /// had been chosen. One that is missing or of another kind, and the further ones, are told to the person.
+    void open(const std::vector<std::string>& paths);
 
 private:
+    void open_one(const std::string& path);
     void load_game_from(const std::string& path);
     void load_position_from(const std::string& path);
     void use_polyglot_book(const std::string& path);

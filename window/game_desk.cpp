@@ -94,11 +94,13 @@ void GameDesk::start_from(const std::string& fen) {
 
 bool GameDesk::can_go_back() const { return game.current() != 0; }
 
-bool GameDesk::can_go_forward() const {
+const MoveSectionElement* GameDesk::next_move() const {
     const auto& tree = game.tree();
     const auto next = tree.node(game.current()).child_at(0);
-    return next > 0 && tree.node(next).type == ElementType::move;
+    return next > 0 && tree.node(next).type == ElementType::move ? &tree.node(next) : nullptr;
 }
+
+bool GameDesk::can_go_forward() const { return next_move() != nullptr; }
 
 Move GameDesk::last_move() const {
     const bool in_step = game.fen() == position.fen();
@@ -109,6 +111,12 @@ std::string GameDesk::last_move_text() const {
     const auto& node = game.tree().node(game.current());
     if (node.type != ElementType::move) return {};
     return (node.color == 1 ? "White: " : "Black: ") + node.san;
+}
+
+std::string GameDesk::next_move_text() const {
+    const MoveSectionElement* const next = next_move();
+    if (!next || next->san.empty()) return "The move";
+    return std::to_string(next->move_number) + (next->color == 1 ? ". " : "... ") + next->san;
 }
 
 std::string GameDesk::epd_text() const {

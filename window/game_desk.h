@@ -65,6 +65,8 @@ struct GameDesk {
 
     Side side_to_move() const { return position.side_to_move(); }
     bool engine_to_move() const { return engine_plays[side_to_move()]; }
+    /// Whether the person at the board only looks on; then nothing steps through the game by button or key.
+    bool only_looks_on() const { return engine_plays[Side::white] && engine_plays[Side::black]; }
     void set_engine_plays(bool white, bool black) {
         engine_plays[Side::white] = white;
         engine_plays[Side::black] = black;
@@ -90,10 +92,15 @@ struct GameDesk {
     /// The same in words, "White: Nf3"; empty at the start of the game.
     std::string last_move_text() const;
 
+    /// The move of the record that comes next, "12. Nf3" or "12... Nf6"; "The move" where there is none.
+    std::string next_move_text() const;
+
     /// The EPD code of the position, with the operations of the line it was loaded from.
     std::string epd_text() const;
 
 private:
+    /// The move of the record that comes next; null where there is none.
+    const MoveSectionElement* next_move() const;
     void tag_opening(std::uint64_t key);
 };
 

@@ -43,9 +43,9 @@ std::optional<Protocol> protocol_of_engine(const Manager& manager) {
 Interface::Interface(std::string program_path, int board_size)
     : m_queue(classify),
       m_box(Gtk::ORIENTATION_VERTICAL),
-      m_clock_frame("", Gtk::ALIGN_START, Gtk::ALIGN_START, 15.0F, false),
       m_board(board_size),
-      m_move_entry(m_board),
+      m_board_with_clocks(m_clocks, m_board),
+      m_move_entry(m_navigation_bar),
       m_manager(*this, std::move(program_path)),
       m_link(m_manager),
       m_screen(m_desk, {*this, m_board, m_clocks, m_navigation_bar, m_fen_entry, m_analysis, m_pgn, m_comment,
@@ -107,11 +107,7 @@ void Interface::lay_out() {
         m_box.pack_start(*menu_bar, Gtk::PACK_SHRINK);
         add_accel_group(m_actions.accelerators());
     }
-    m_clock_frame.unset_label();  // an empty one would still take up a line
-    m_clock_frame.set_shadow_type(Gtk::SHADOW_NONE);
-    m_clock_frame.add(m_clocks);
-    m_box.pack_start(m_clock_frame, Gtk::PACK_SHRINK);
-    m_box.pack_start(m_board, Gtk::PACK_EXPAND_WIDGET);
+    m_box.pack_start(m_board_with_clocks, Gtk::PACK_EXPAND_WIDGET);
     m_box.pack_start(m_navigation_bar, Gtk::PACK_SHRINK);
     m_box.pack_start(m_fen_entry, Gtk::PACK_SHRINK);
     add(m_box);
@@ -173,16 +169,18 @@ void Interface::on_drag_data_received(const Glib::RefPtr<Gdk::DragContext>& /*co
                                       const Gtk::SelectionData& data, guint /*info*/, guint /*time*/) {
     // The drop ends behind this handler. A dialog in it would hold up the program that the file comes from.
     const std::vector<Glib::ustring> uris = data.get_uris();
-    if (uris.empty()) return;
-    const auto open = sigc::bind(sigc::mem_fun(*this, &Interface::open_dropped), uris.front().raw());
+    const auto open = sigc::bind(sigc::mem_fun(*this, &Interface::open_dropped), uris);
     Glib::signal_idle().connect(sigc::bind_return(open, false));
 }
 
-void Interface::open_dropped(const std::string& uri) {
+void Interface::open_dropped(const std::vector<Glib::ustring>& uris) {
     // What waits for an answer comes first.
     if (Gtk::Widget::get_current_modal_grab()) return;
     try {
-        m_files.open(Glib::filename_from_uri(uri));
+        std::vector<std::string> paths;
+        paths.reserve(uris.size());
+        for (const auto& uri : uris) paths.push_back(Glib::filename_from_uri(uri));
+        m_files.open(paths);
     } catch (const Glib::Error& error) {
         m_screen.tell_user("The file can't be opened", error.what().raw());
     }
@@ -214,7 +212,7 @@ void Interface::process_manager_messages() {
 }
 
 void Interface::tell_user(const std::string& headline, const std::string& details) {
-    m_screen.tell_user(headline, details);
+    m_screen.tell_user(text::underscores_to_blanks(headline), text::underscores_to_blanks(details));
 }
 
 }  // namespace velmora

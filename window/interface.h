@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 #include <thread>
+#include <vector>
 
-#include <gtkmm/aspectframe.h>
 #include <gtkmm/box.h>
 #include <gtkmm/window.h>
 
@@ -15,6 +15,7 @@
 #include "dialogs/move_entry.h"
 #include "manager/manager.h"
 #include "views/analysis_window.h"
+#include "views/board_with_clocks.h"
 #include "views/chess_board.h"
 #include "views/clocks.h"
 #include "views/comment_editor.h"
@@ -63,10 +64,11 @@ public:
     void process_manager_messages();
     /// Shows the position on the board and in the FEN entry.
     void refresh_board() { m_screen.show_position(); }
+    /// Shows a message in which underscores stand for blanks.
     void tell_user(const std::string& headline, const std::string& details);
     std::string choose_file(FileKind kind) { return m_chooser.choose(kind); }
-    /// Opens a game, position or book file by the flow of its kind.
-    void open_file(const std::string& path) { m_files.open(path); }
+    /// Opens a game, position or book file by the flow of its kind; of several, the first.
+    void open_files(const std::vector<std::string>& paths) { m_files.open(paths); }
 
     Actions& actions() { return m_actions; }
     const GameDesk& desk() const { return m_desk; }
@@ -79,7 +81,7 @@ protected:
 
 private:
     bool on_timeout();
-    void open_dropped(const std::string& uri);
+    void open_dropped(const std::vector<Glib::ustring>& uris);
     void lay_out();
     void connect_views();
 
@@ -89,9 +91,9 @@ private:
     unsigned m_ticks = 0;
 
     Gtk::Box m_box;
-    Gtk::AspectFrame m_clock_frame;
     ChessBoard m_board;
     Clocks m_clocks;
+    BoardWithClocks m_board_with_clocks;
     NavigationBar m_navigation_bar;
     FenEntry m_fen_entry;
     MoveEntry m_move_entry;

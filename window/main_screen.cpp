@@ -29,7 +29,8 @@ void MainScreen::show_position() {
     m_views.board.set_fen(fen);
     m_views.board.set_marks(board_marks(m_desk.position, m_desk.last_move(), m_desk.selected));
     m_views.fen_entry.set_text(fen);
-    m_views.navigation.set_possible(m_desk.can_go_back(), m_desk.can_go_forward());
+    const bool rests = m_desk.only_looks_on();
+    m_views.navigation.set_possible(!rests && m_desk.can_go_back(), !rests && m_desk.can_go_forward());
     if (m_windows && m_windows->is_shown(SecondaryWindow::epd)) m_views.epd.set_text(m_desk.epd_text());
     announce_last_move();
 }
@@ -63,7 +64,7 @@ bool MainScreen::refresh_game_text() {
 void MainScreen::set_title(const std::string& title) { m_views.main.set_title(text::displayable(title)); }
 
 void MainScreen::tell_user(const std::string& headline, const std::string& details) {
-    message_box(m_views.main, text::underscores_to_blanks(headline), text::underscores_to_blanks(details));
+    message_box(m_views.main, headline, details);
 }
 
 void MainScreen::close() { m_views.main.hide(); }

@@ -295,9 +295,9 @@ void MessageDispatcher::clear_arrows(Rest& /*rest*/) { m_screen.clear_arrows(); 
 void MessageDispatcher::tell_user(Rest& rest) {
     // A message box would hold up the end.
     if (m_manager.is_leaving()) return;
-    const std::string headline(rest.word());
+    const std::string headline = text::underscores_to_blanks(rest.word());
     m_engine.end_search();
-    m_screen.tell_user(headline, std::string(rest.rest()));
+    m_screen.tell_user(headline, text::underscores_to_blanks(rest.rest()));
 }
 
 void MessageDispatcher::reset_mode(Rest& rest) {

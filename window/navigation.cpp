@@ -1,5 +1,7 @@
 #include "window/navigation.h"
 
+#include <iostream>
+
 namespace velmora {
 
 void Navigation::to_start() {
@@ -23,7 +25,7 @@ void Navigation::to_text_offset(std::size_t offset) {
 }
 
 void Navigation::press(const Step& step) {
-    if (m_desk.engine_plays[Side::white] && m_desk.engine_plays[Side::black]) return;
+    if (m_desk.only_looks_on()) return;
     m_desk.clocks_held = true;
     go(step);
 }
@@ -36,12 +38,13 @@ void Navigation::go(const Step& step) {
     m_comments.store();
     m_desk.selected.reset();
     const auto node = m_desk.game.current();
-    std::string fen;
+    std::string fen, refused;
     try {
         fen = step(m_desk.game);
     } catch (const std::exception& error) {
-        m_screen.tell_user("The move can't be played", error.what());
-        if (m_desk.game.current() == node) return;
+        std::cerr << error.what() << '\n';
+        refused = m_desk.next_move_text() + " can't be played here";
+        if (m_desk.game.current() == node) return m_screen.tell_user(refused, "");
         // On the way to the end, the record stays at the last node that could be reached; the board follows
         // it.
         fen = m_desk.game.fen();
@@ -53,6 +56,7 @@ void Navigation::go(const Step& step) {
     m_screen.mark_clock(m_desk.side_to_move());
     m_screen.show_position();
     m_modes.follow_position();
+    if (!refused.empty()) m_screen.tell_user(refused, "");
 }
 
 }  // namespace velmora

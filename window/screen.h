@@ -23,7 +23,7 @@ public:
     /// Shows the desk's game: PGN text and the highlight of the current move.
     virtual void show_game() = 0;
     virtual void set_title(const std::string& title) = 0;
-    /// Shows a message and waits until it is answered; underscores in both texts are shown as blanks.
+    /// Shows a message and waits until it is answered. Both texts are shown as they stand.
     virtual void tell_user(const std::string& headline, const std::string& details) = 0;
     virtual void close() = 0;
 

@@ -59,6 +59,11 @@ TEST_F(ChoosersTest, ListsTheHeadersOfAFileAndGivesTheOffsetOfTheChoice) {
     PgnFile file;
     file.open(path);
     EXPECT_NE(file.read_game_at(list.chosen_offset()).find("Lasker"), std::string::npos);
+    const auto counted = [](Gtk::Dialog& dialog) {
+        EXPECT_TRUE(gui::pump_until([&] { return gui::find_labelled<Gtk::Label>(dialog, "1 game"); }));
+        press(dialog, "CANCEL");
+    };
+    answering(counted, [&] { return list.choose_game(m_parent, write("one.pgn", pgn_game("Lasker"))); });
 }
 
 TEST_F(ChoosersTest, AnswersByMouseAndKeyboard) {

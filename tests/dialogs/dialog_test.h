@@ -84,6 +84,16 @@ protected:
     static auto pressing(const char* label) {
         return [label](Gtk::Dialog& dialog) { press(dialog, label); };
     }
+    /// Whether a dialog that `ask` opens is still there when "LOAD" has been pressed; it is then cancelled.
+    static bool stays_open_at_load(const std::function<void()>& ask) {
+        const char* label = "LOAD";
+        gui::Answer<Gtk::Dialog> answer([&](Gtk::Dialog& dialog) {
+            press(dialog, label);
+            return std::exchange(label, "CANCEL") == std::string("CANCEL");
+        });
+        ask();
+        return answer.given();
+    }
     /// Lists take keys only in the window that has the keyboard.
     static void give_keyboard(Gtk::Window& window) {
         window.get_window()->focus(GDK_CURRENT_TIME);

@@ -133,7 +133,15 @@ TEST_F(SmallDialogsTest, FenEntryHandsOverItsTextByButtonAndEnter) {
     Gtk::Window window;
     FenEntry strip;
     window.add(strip);
+    window.set_default_size(580, -1);  // of a window with a board of the usual size
     gui::show_and_wait(window);
+    auto& entry = *gui::find_widget<Gtk::Entry>(strip);
+    strip.set_text("r1bqkb1r/pp1n1ppp/2p1pn2/3p4/2PP4/2N1PN2/PP3PPP/R1BQKB1R w KQkq - 10 12");
+    int width = 0, height = 0;
+    entry.get_layout()->get_pixel_size(width, height);
+    EXPECT_LT(width, entry.get_allocated_width() - 10) << "a whole FEN is seen";
+    EXPECT_GT(entry.get_allocated_width(), 460) << "and OK stands at the end";
+    strip.set_text("");
     std::vector<std::string> entered;
     strip.signal_fen_entered().connect([&](const std::string& text) {
         entered.push_back(text);
@@ -142,7 +150,7 @@ TEST_F(SmallDialogsTest, FenEntryHandsOverItsTextByButtonAndEnter) {
     press(strip, "OK");
     strip.set_text("8/8 w");
     press(strip, "OK");
-    gui::find_widget<Gtk::Entry>(strip)->grab_focus();
+    entry.grab_focus();
     gui::type_text(strip, "abc\n");
     EXPECT_EQ(entered, (std::vector<std::string>{"", "8/8 w", "abc"}));
 }

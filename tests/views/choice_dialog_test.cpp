@@ -73,6 +73,22 @@ TEST_F(ChooserTest, KeyboardChoosesToo) {
     EXPECT_EQ(promo_choice(keys({GDK_KEY_Return, GDK_KEY_Escape})), 0) << "nothing is marked yet";
 }
 
+TEST_F(ChooserTest, TheTitleHasRoomOverNarrowCells) {
+    Gtk::Window narrow;
+    narrow.set_default_size(100, 100);
+    ASSERT_TRUE(gui::show_and_wait(narrow));
+    gui::Answer<Gtk::Dialog> answer([](Gtk::Dialog& dialog) {
+        int width = 0, height = 0;
+        dialog.create_pango_layout(dialog.get_title())->get_pixel_size(width, height);
+        EXPECT_GT(dialog.get_allocated_width(), width + 100);
+        dialog.close();
+        return true;
+    });
+    const auto& images = board.drawing().pixbufs();
+    PromoChoiceDialog(narrow, images[5], images[4], images[3], images[2]);
+    EXPECT_TRUE(answer.given());
+}
+
 TEST_F(ChooserTest, SizesFollowTheParentAndImagesStandInTheirCells) {
     piece_choice([this](Gtk::Dialog& dialog) {
         auto& drawing = *gui::find_widget<ChoiceDraw>(dialog);

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/gui_driver.h"
+#include "views/board_with_clocks.h"
 
 namespace velmora {
 namespace {
@@ -69,6 +70,41 @@ TEST_F(ClocksTest, SideToMoveIsSeenWithAndWithoutColour) {
         EXPECT_TRUE(is_bold(1) == row.white_bold && is_bold(3) == row.black_bold) << row.name;
         EXPECT_EQ(label(1).get_accessible()->get_description(), row.white_bold ? "to move" : "") << row.name;
     }
+}
+
+TEST(BoardWithClocks, TheBarIsAsLongAsTheBoardAtEverySize) {
+    Gtk::Window window;
+    Clocks clocks;
+    ChessBoard board(400);
+    BoardWithClocks both(clocks, board);
+    window.add(both);
+    ASSERT_TRUE(gui::show_and_wait(window));
+    const auto length_and_place = [&] {
+        const auto bar = clocks.get_allocation();
+        const auto frame = both.get_allocation();
+        const int right = frame.get_x() + frame.get_width() - bar.get_x() - bar.get_width();
+        return std::pair(bar.get_width(), right - (bar.get_x() - frame.get_x()));
+    };
+    const auto text_height = [&] {
+        int width = 0, height = 0;
+        gui::find_widget<Gtk::Label>(clocks)->get_layout()->get_pixel_size(width, height);
+        return height;
+    };
+    const auto margin = [&] {
+        int x = 0, y = 0;
+        board.drawing().translate_coordinates(board, 0, 0, x, y);
+        return 2 * x + board.drawing().get_allocated_width() - board.get_allocated_width();
+    };
+    const int least_text = text_height(), least_height = window.get_height(), least_margin = margin();
+    window.resize(1500, 1000);
+    ASSERT_TRUE(gui::pump_until([&] { return text_height() > least_text * 3 / 2; }));
+    const auto [length, off] = length_and_place();
+    EXPECT_NEAR(length, board.drawing().get_allocated_width() * 28 / 27, 16);
+    EXPECT_LE(std::abs(off), 1) << "in the middle, as the board";
+    EXPECT_GT(margin(), least_margin * 3 / 2) << "for letters and digits";
+    window.resize(10, 10);
+    EXPECT_TRUE(gui::pump_until([&] { return window.get_height() == least_height; })) << "at once";
+    EXPECT_TRUE(gui::pump_until([&] { return text_height() == least_text; }));
 }
 
 }  // namespace

@@ -9,34 +9,46 @@
 namespace velmora {
 namespace {
 
-TEST(CommandLine, SizeAndFile) {
+TEST(CommandLine, SizeFilesAndQuestions) {
     const auto game = (std::filesystem::temp_directory_path() / "velmora-command-line.PGN").string();
     std::ofstream(game) << "*\n";
     const std::string missing = game + ".missing.pgn";
+    const std::string version = "Velmora GUI 1.14\n";
+    using Files = std::vector<std::string>;
     const struct {
         std::vector<std::string> arguments;
         bool has_size;
         int size;
-        std::string file;
+        Files files;
+        std::string answer;
     } rows[] = {
-        {{}, false, 560, ""},
-        {{"velmora"}, false, 560, ""},
-        {{"velmora", "-s"}, false, 560, ""},
-        {{"velmora", "-s", "400"}, true, 400, ""},
-        {{"velmora", "-size", "400"}, true, 400, ""},
-        {{"velmora", "-s", "x"}, true, 0, ""},
-        {{"velmora", "s", "400"}, false, 560, ""},
-        {{"velmora", "-s", "400", "5"}, false, 560, ""},
-        {{"velmora", game}, false, 560, game},
-        {{"velmora", missing}, false, 560, ""},
-        {{"velmora", "-s", "400", game}, true, 400, game},
-        {{"velmora", game, "-s", "400"}, true, 400, game},
+        {{}, false, 560, {}, ""},
+        {{"velmora"}, false, 560, {}, ""},
+        {{"velmora", "-s"}, false, 560, {}, ""},
+        {{"velmora", "-s", "400"}, true, 400, {}, ""},
+        {{"velmora", "-size", "400"}, true, 400, {}, ""},
+        {{"velmora", "-s", "x"}, true, 0, {}, ""},
+        {{"velmora", "-s", "--help"}, true, 0, {}, ""},
+        {{"velmora", "--sync", "-s", "400"}, false, 560, {}, ""},
+        {{"velmora", "s", "400"}, false, 560, {"s", "400"}, ""},
+        {{"velmora", "-s", "400", "5"}, false, 560, {"5"}, ""},
+        {{"velmora", game}, false, 560, {game}, ""},
+        {{"velmora", missing, game}, false, 560, {missing, game}, ""},
+        {{"velmora", "-s", "400", game}, true, 400, {game}, ""},
+        {{"velmora", "-s", "400", missing}, true, 400, {missing}, ""},
+        {{"velmora", game, "-s", "400"}, true, 400, {game}, ""},
+        {{"velmora", "--version"}, false, 560, {}, version},
+        {{"velmora", game, "--version"}, false, 560, {game}, version},
     };
     for (const auto& row : rows) {
         const CommandLine read = parse_command_line(row.arguments);
-        EXPECT_EQ(std::tuple(read.has_board_size, read.board_size, read.file),
-                  std::tuple(row.has_size, row.size, row.file))
+        EXPECT_EQ(std::tuple(read.has_board_size, read.board_size, read.files, read.answer),
+                  std::tuple(row.has_size, row.size, row.files, row.answer))
             << testing::PrintToString(row.arguments);
+    }
+    for (const char* word : {"-h", "--help"}) {
+        EXPECT_TRUE(
+            parse_command_line({"velmora", word}).answer.starts_with("Usage: velmora [-s SIZE] [FILE]\n"));
     }
     std::filesystem::remove(game);
 }

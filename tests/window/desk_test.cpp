@@ -564,12 +564,15 @@ TEST_F(DeskTest, AMoveThatCannotBePlayedIsReported) {
     desk.game.parse_pgn("1. e4 e5 2. Qxe5 *");
     desk.position.set_fen(desk.game.to_start());
     navigation.to_end();
-    EXPECT_THAT(screen.calls, Contains(HasSubstr("tell The move can't be played|")));
+    EXPECT_THAT(screen.calls, Contains("tell 2. Qxe5 can't be played here|"));
     EXPECT_EQ(desk.position.fen(), desk.game.fen());
     EXPECT_EQ(desk.position.piece_on(Square("e5")), Piece(9));
     referee.take();
     navigation.forward();
     EXPECT_THAT(referee.take(), IsEmpty()) << "where no step is made, nobody is moved";
+    desk.game.parse_pgn("[SetUp \"1\"]\n[FEN \"4k3/8/8/8/8/8/8/4K3 b - - 0 30\"]\n\n30... Qh8 *");
+    navigation.forward();
+    EXPECT_EQ(screen.calls.back(), "tell 30... Qh8 can't be played here|");
 }
 
 TEST(Desk, DatesAndTimeControlsAsTags) {

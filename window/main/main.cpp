@@ -33,12 +33,18 @@ void report_exception() {
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv, argv + argc);
     const velmora::CommandLine command_line = velmora::parse_command_line(arguments);
+    if (!command_line.answer.empty()) {
+        std::cout << command_line.answer;
+        return 0;
+    }
     if (command_line.has_board_size) std::cerr << "boardsize=" << command_line.board_size << '\n';
 
     // Writing to an engine that has died is an error of that write, not the end of the program.
     std::signal(SIGPIPE, SIG_IGN);
     try {
         Gtk::Main toolkit(argc, argv);
+        // Read again: the toolkit has taken its own options out, whose values are no files.
+        const auto files = velmora::parse_command_line({argv, argv + argc}).files;
         // The toolkit takes the locale from the environment; numbers in protocols and files have a decimal
         // point.
         std::setlocale(LC_NUMERIC, "C");
@@ -46,9 +52,9 @@ int main(int argc, char** argv) {
         Glib::signal_idle().connect_once([] { Gtk::Window::set_default_icon_name("velmora"); });
         Glib::add_exception_handler(sigc::ptr_fun(&report_exception));
         velmora::Interface window(arguments.empty() ? "" : arguments.front(), command_line.board_size);
-        if (!command_line.file.empty()) {
+        if (!files.empty()) {
             // Behind the first events, so that the file's dialog opens over a window that is there.
-            Glib::signal_idle().connect_once([&] { window.open_file(command_line.file); });
+            Glib::signal_idle().connect_once([&] { window.open_files(files); });
         }
         Gtk::Main::run(window);
     } catch (...) {

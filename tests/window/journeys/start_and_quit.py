@@ -1,9 +1,10 @@
 """The window opens, shows what it should, and goes only when the referee has answered."""
 import os
 import shutil
+import subprocess
 import tempfile
 
-from driver import Journey, main, press, wait_until
+from driver import PROGRAM, Journey, main, press, wait_until
 
 
 class StartAndQuit(Journey):
@@ -49,11 +50,22 @@ class StartAndQuit(Journey):
                        program.square("a1").get_name() == "a1, empty", f"the position of {arguments}")
             self.assertEqual(program.board().width // 8 * 8, size, arguments)
             self.assertEqual(program.close(), 0)
-        for arguments in [(os.path.join(directory, "missing.pgn"),), (file("notes.txt", "x"),), (fen, game)]:
-            program = self.start(*arguments)
+        for argument, message in [("missing.pgn", "There is no file "), ("notes.txt", " is no .pgn")]:
+            path = argument if argument == "missing.pgn" else file(argument, "x")
+            program = self.start(path)
+            program.answer_message(message)
             self.assertEqual(program.square("a1").get_name(), "a1, white rook")
-            self.assertIsNone(program.find("dialog"), arguments)
             self.assertEqual(program.close(), 0)
+        program = self.start(fen, game)
+        press(program.wait_for("push button", "OK", program.dialog("Choose Position")))
+        program.answer_message(game)
+        self.assertEqual(program.close(), 0)
+
+    def test_questions_are_answered_without_a_window(self):
+        for argument, answer in [("--version", "Velmora GUI 1.14\n"), ("-h", "Usage: velmora [-s SIZE] [FILE]\n")]:
+            run = subprocess.run([PROGRAM, argument], env={}, capture_output=True, text=True, check=True)
+            self.assertTrue(run.stdout.startswith(answer), run.stdout)
+            self.assertEqual(run.stderr, "")
 
     def test_quit_from_the_menu_and_a_second_close(self):
         program = self.start()

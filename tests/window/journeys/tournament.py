@@ -2,7 +2,7 @@
 import os
 import time
 
-from driver import Journey, accepted_by_pgn_extract, click_on, is_showing, main, set_text, text_of, wait_until, walk
+from driver import Atspi, Journey, accepted_by_pgn_extract, click_on, has_state, is_showing, main, set_text, text_of, wait_until, walk
 
 class TournamentJourney(Journey):
     def move_engine(self, dialog, name, back=False):
@@ -61,6 +61,7 @@ class TournamentJourney(Journey):
         program.choose("Mode", "Tournament")
         program.wait_for_log("-----> round 2", 1, 120)
         program.wait_for_log("-----> move", 20)
+        self.assertFalse(has_state(program.find("push button", "One move back"), Atspi.StateType.SENSITIVE))
         program.choose("Mode", "Human - human")  # in the middle of the second game
         program.wait_for_log("0 human_human")
         lines = program.read("tournaments/A short one.trn").splitlines()

@@ -240,6 +240,22 @@ TEST_F(WordsTest, TheWindows) {
         EXPECT_EQ(joined(texts(*shown)), row.texts);
         EXPECT_EQ(steps_back(*shown), row.steps) << row.title;
     }
+    // A typed move covers neither squares nor clocks, and ends with the window.
+    gui::press_key(*m_window, GDK_KEY_e);
+    Gtk::Widget* const move = m_window->get_focus();
+    ASSERT_EQ(move->get_accessible()->get_name(), "Move");
+    const auto bottom_in_window = [this](Gtk::Widget& widget) {
+        int x = 0, y = 0;
+        widget.translate_coordinates(*m_window, 0, widget.get_allocated_height(), x, y);
+        return y;
+    };
+    const auto is_in_place = [&] {
+        const int bottom = bottom_in_window(*move);
+        return bottom <= m_window->get_allocated_height() &&
+               bottom - move->get_allocated_height() >= bottom_in_window(*gui::find_widget<Board>(*m_window));
+    };
+    EXPECT_TRUE(gui::pump_until(is_in_place));
+    gui::press_key(*m_window, GDK_KEY_Escape);
     load_engine();
     // All of them go with the main window, also the one that the keyboard is in.
     for (Gtk::Window* const window : Gtk::Window::list_toplevels()) {
@@ -324,8 +340,10 @@ TEST_F(WordsTest, TheMessages) {
     const auto choose = [this](const char* menu, const char* label) {
         return [this, menu, label] { activate(menu, label); };
     };
+    const auto open = [this](const Texts& paths) { return [this, paths] { m_window->open_files(paths); }; };
     // The start position's key with 1.e4 alone, as one big-endian record.
     m_place.write("book.bin", std::string("\x46\x3b\x96\x18\x16\x91\xfc\x9c\x03\x1c\0\x01\0\0\0\0", 16));
+    m_place.write("a_b.txt", "");
     m_place.write("tournaments/Bad.trn",
                   "event Bad\ntype match\nrounds 1\nparticipant nobody\nparticipant none\n"
                   "game       1      1    1  -  2     *\n");
@@ -354,6 +372,12 @@ TEST_F(WordsTest, TheMessages) {
              tell("start_tournament")();
          },
          "tournament finished", ""},
+        {open({m_place.path("no_such.pgn")}), "The file can't be opened",
+         "There is no file " + m_place.path("no_such.pgn")},
+        {open({m_place.path("a_b.txt")}), "The file can't be opened",
+         m_place.path("a_b.txt") + " is no .pgn, .fen, .epd or .bin file"},
+        {open({m_place.path("book.bin"), "a_b.pgn", "c"}),
+         "Only one file is opened at a time, not these:", "a_b.pgn\nc\n"},
         {[&] {
              tell("polyglotbook " + m_place.path("book.bin"))();
              tell("learnopenings 1")();
