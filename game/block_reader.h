@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "channel/regular_file.h"
+
 namespace velmora {
 
 /// Reads a file through one block of fixed size, whatever the size of the file.
@@ -16,15 +18,10 @@ class BlockReader {
 public:
     static constexpr std::size_t block_size = 1 << 17;
 
-    BlockReader() = default;
-    ~BlockReader() { close(); }
-    BlockReader(const BlockReader&) = delete;  // owns a descriptor
-    BlockReader& operator=(const BlockReader&) = delete;
-
-    /// Closes an open file and opens `path`; false for a directory and for what can't be opened.
+    /// Closes an open file and opens `path`; false for what is no plain file and for what can't be opened.
     bool open(const std::string& path);
     void close();
-    bool is_open() const { return m_descriptor >= 0; }
+    bool is_open() const { return m_file.is_open(); }
 
     /// The unread bytes at hand; reads a block when there are none. Empty at the end of the file only. The
     /// view holds until the next call of any member but consume() and offset().
@@ -64,13 +61,13 @@ public:
     void seek(std::uint64_t offset);
 
     /// The size of the file now.
-    std::uint64_t file_size() const;
+    std::uint64_t file_size() const { return m_file.size(); }
 
 private:
     bool fill();
     bool read_behind();
 
-    int m_descriptor = -1;
+    RegularFile m_file;
     std::unique_ptr<char[]> m_block;
     std::uint64_t m_block_offset = 0;  // of m_block[0] in the file
     std::size_t m_begin = 0;           // of the unread bytes

@@ -42,6 +42,8 @@ public:
     void open(const std::string& path);
 
 private:
+    /// False, and a word to the person, for a file that is there and can't be read, such as a pipe.
+    bool is_readable(const std::string& path);
     void load_game_from(const std::string& path);
     void load_position_from(const std::string& path);
     void use_polyglot_book(const std::string& path);
