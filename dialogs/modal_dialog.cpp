@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <gdkmm/monitor.h>
+#include <gtkmm/label.h>
 
 namespace velmora {
 
@@ -29,6 +30,14 @@ void ModalDialog::set_ordinary_size(int width, int height) {
         return std::max(size, static_cast<int>(std::min(size * factor, room * most_of_screen)));
     };
     set_default_size(larger(width, screen.get_width()), larger(height, screen.get_height()));
+}
+
+void ModalDialog::add_note(const Glib::ustring& sentence) {
+    constexpr int natural_width = 40;  // characters
+    auto& note = *Gtk::manage(new Gtk::Label(sentence, Gtk::ALIGN_START));
+    note.set_line_wrap();
+    note.set_max_width_chars(natural_width);
+    m_body.pack_start(note, Gtk::PACK_SHRINK);
 }
 
 Gtk::Button& ModalDialog::add_answer(const Glib::ustring& label, int response) {
