@@ -111,7 +111,8 @@ std::string Tournament::free_event(const std::string& event) const {
     for (int number = 2;; ++number) {
         std::string candidate = event + " " + std::to_string(number);
         std::error_code too_long;  // what else keeps it from being a name is told when it is stored
-        if (!std::filesystem::exists(tournament_store::path(directory, candidate), too_long)) return candidate;
+        if (!std::filesystem::exists(tournament_store::path(directory, candidate), too_long))
+            return candidate;
     }
 }
 

@@ -293,9 +293,8 @@ TEST_F(WordsTest, TheDialogs) {
          "Participants|" +
              time_control + "TimeControl|CANCEL|OK"},
         {"Tournament", "Load",
-         "Load Tournament|ID|Tournament|DELETE puts a tournament into the trash; where there is none, its "
-         "file "
-         "stays under its name with “~” at the end.|DELETE|CANCEL|LOAD"},
+         "Load Tournament|ID|Tournament|DELETE puts a tournament into the trash; where there is none, "
+         "its file stays under its name with “~” at the end.|DELETE|CANCEL|LOAD"},
     };
     for (const auto& row : rows) EXPECT_EQ(opened_by(row.menu, row.label), row.shown) << row.label;
     EXPECT_THAT(opened_by("Info", "About..."), testing::HasSubstr("Velmora GUI|"));
