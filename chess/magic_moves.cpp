@@ -91,7 +91,9 @@ bool report_wrong_slot(const SlotTables& tables, int square) {
 
 }  // namespace
 
-MagicMoves::MagicMoves(FullTables full_tables) {
+// Not inlined: magic_moves() runs at every move, and would set up and guard the stack frame of its first
+// call.
+[[gnu::noinline]] MagicMoves::MagicMoves(FullTables full_tables) {
     const auto build = [full_tables](Slider slider, Square square, Lookup& lookup, auto& all_moves,
                                      auto& all_index, auto& all_attacks) {
         const std::size_t s = at(square);

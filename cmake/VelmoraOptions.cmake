@@ -1,5 +1,6 @@
 # Language level, warnings, sanitizers and caches: everything that holds for all targets.
 include(CTest)
+include(CheckCXXCompilerFlag)
 include(CheckIPOSupported)
 
 option(VELMORA_GUI "Build the window program (needs gtkmm 3)" ON)
@@ -12,7 +13,6 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-set(CMAKE_POSITION_INDEPENDENT_CODE OFF)
 
 find_program(VELMORA_CCACHE ccache)
 if(VELMORA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
@@ -22,6 +22,20 @@ endif()
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual)
 if(VELMORA_WERROR)
     add_compile_options(-Werror)
+endif()
+
+# What is optimised is what people run, and is hardened as Debian's packages are. Sanitizers and fuzzing bring checks of
+# their own. Position independence is asked for by hand: CMake would compile the libraries as parts of a shared one,
+# whose functions somebody could replace, and not as parts of a program.
+if(CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSizeRel)$" AND NOT VELMORA_SANITIZE AND NOT VELMORA_FUZZ)
+    add_compile_options(-fPIE -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3)
+    add_link_options(-pie -Wl,-z,relro,-z,now)
+    check_cxx_compiler_flag(-fcf-protection=full VELMORA_HAS_CF_PROTECTION)
+    if(VELMORA_HAS_CF_PROTECTION)
+        # The start files of Debian's C library carry no mark, for whose sake the linker would drop the program's.
+        add_compile_options(-fcf-protection=full)
+        add_link_options(-Wl,-z,ibt,-z,shstk)
+    endif()
 endif()
 
 if(VELMORA_SANITIZE)

@@ -1,8 +1,6 @@
 #include "dialogs/game_list.h"
 
-#include <filesystem>
 #include <memory>
-#include <system_error>
 
 #include "dialogs/shown_text.h"
 #include "game/tag_scanner.h"
@@ -31,13 +29,6 @@ private:
     GameHeader m_header;
 };
 
-std::unique_ptr<EntrySource> open_games(const std::string& path) {
-    // A pipe would hold up the reader for ever.
-    std::error_code error;
-    const bool plain = std::filesystem::is_regular_file(path, error);
-    return std::make_unique<GameSource>(plain ? path : std::string());
-}
-
 }  // namespace
 
 GameList::GameList() : GameList(ModelColumns()) {}
@@ -51,7 +42,7 @@ GameList::GameList(const ModelColumns& columns)
                   "game") {}
 
 int GameList::choose_game(Gtk::Window& parent, const std::string& path) {
-    const auto choice = choose(parent, "Choose Game", [path] { return open_games(path); });
+    const auto choice = choose(parent, "Choose Game", [path] { return std::make_unique<GameSource>(path); });
     if (!choice) return 0;
     m_chosen_offset = choice->entry.offset;
     return choice->number;

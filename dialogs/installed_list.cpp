@@ -25,6 +25,7 @@ InstalledList::InstalledList(Gtk::Window& parent, InstalledEngines installed)
     m_list.signal_answered().connect([this] { response(load_answer); });
     set_default_size(400, 500);
     body().pack_start(m_list, true, true);
+    add_note("An engine that is uninstalled still stands in the list of before, the file “engines.cfg~”.");
     add_answer("UNINSTALL", uninstall_answer);
     add_answer("CANCEL", cancel_answer);
     add_answer("LOAD", load_answer);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <gdkmm/monitor.h>
+#include <gtkmm/label.h>
 
 namespace velmora {
 namespace {
@@ -52,6 +53,14 @@ void ModalDialog::stay_on_screen() {
     width = std::min(width, room.get_width());
     get_preferred_height_for_width(width, least, height);
     set_default_size(width, std::min(height, room.get_height()));
+}
+
+void ModalDialog::add_note(const Glib::ustring& sentence) {
+    constexpr int natural_width = 40;  // characters
+    auto& note = *Gtk::manage(new Gtk::Label(sentence, Gtk::ALIGN_START));
+    note.set_line_wrap();
+    note.set_max_width_chars(natural_width);
+    m_body.pack_start(note, Gtk::PACK_SHRINK);
 }
 
 Gtk::Button& ModalDialog::add_answer(const Glib::ustring& label, int response) {

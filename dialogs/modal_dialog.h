@@ -26,6 +26,9 @@ public:
     /// screen.
     void set_ordinary_size(int width, int height);
 
+    /// Adds a sentence below the content so far. It takes the dialog's width and doesn't make it wider.
+    void add_note(const Glib::ustring& sentence);
+
     /// Adds a button. The label stands as it is: underscores are no mnemonics.
     Gtk::Button& add_answer(const Glib::ustring& label, int response);
 

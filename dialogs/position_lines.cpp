@@ -1,16 +1,6 @@
 #include "dialogs/position_lines.h"
 
-#include <filesystem>
-#include <system_error>
-
 namespace velmora {
-
-PositionLines::PositionLines(const std::string& path) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error)) return;  // a pipe would hold up the reader for ever
-    m_file_size = std::filesystem::file_size(path, error);
-    m_stream.open(path, std::ios::binary);
-}
 
 bool PositionLines::next(std::string& line) {
     while (std::getline(m_stream, line)) {

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <fstream>
 #include <string>
+
+#include "channel/regular_file.h"
 
 namespace velmora {
 
@@ -11,7 +12,7 @@ namespace velmora {
 class PositionLines {
 public:
     /// What is no plain file, or can't be opened, has no lines.
-    explicit PositionLines(const std::string& path);
+    explicit PositionLines(const std::string& path) : m_stream(path) {}
 
     /// Reads the next line; false at the end, which leaves `line` empty.
     bool next(std::string& line);
@@ -19,13 +20,12 @@ public:
     /// Where the line just read begins, in bytes.
     std::uint64_t line_offset() const { return m_line_offset; }
     std::uint64_t position() const { return m_position; }
-    std::uint64_t file_size() const { return m_file_size; }
+    std::uint64_t file_size() const { return m_stream.file_size(); }
 
 private:
-    std::ifstream m_stream;
+    RegularFileStream m_stream;
     std::uint64_t m_line_offset = 0;
     std::uint64_t m_position = 0;
-    std::uint64_t m_file_size = 0;
 };
 
 }  // namespace velmora

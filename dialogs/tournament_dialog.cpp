@@ -26,6 +26,7 @@ std::vector<std::string> names_of(const Range& range, Name name) {
 TournamentDialog::TournamentDialog(Gtk::Window& parent, const Tournament& tournament,
                                    const InstalledEngines::Map& installed)
     : ModalDialog("Tournament", parent),
+      m_original(tournament),
       m_installed(installed),
       m_participants(
           names_of(installed, [](const auto& entry) { return entry.first; }),
@@ -54,6 +55,12 @@ void TournamentDialog::add_event_page(const Tournament& tournament) {
     m_site.set_text(shown_text(tournament.site()));
     m_rounds.set_text(std::to_string(tournament.rounds()));
     add_row("Event: ", m_event);
+    m_event_note.set_xalign(0);
+    m_event_note.set_line_wrap();
+    m_event_note.set_max_width_chars(40);
+    m_event_note.set_no_show_all();
+    m_event_page.attach(m_event_note, 1, m_row++);
+    propose_free_event();
     add_row("Site:  ", m_site);
     add_row("Rounds: ", m_rounds);
     for (Gtk::Entry* entry : {&m_event, &m_site, &m_rounds}) entry->set_activates_default(true);
@@ -97,6 +104,28 @@ void TournamentDialog::add_row(const char* label, Gtk::Widget& field) {
 
 std::string TournamentDialog::entered_event() const {
     return std::string(text::trim_blanks(text::one_line(m_event.get_text().raw())));
+}
+
+/// False when the event in the entry can be used as it is.
+bool TournamentDialog::propose_free_event() {
+    const std::string taken = entered_event();
+    const std::string free = m_original.free_event(taken);
+    if (free == taken) return false;
+    m_event.set_text(shown_text(free));
+    m_event_note.set_text("“" + shown_text(taken, longest_cell) +
+                          "” is another tournament, which stays as it is.");
+    m_event_note.show();
+    return true;
+}
+
+int TournamentDialog::run() {
+    int answer = ModalDialog::run();
+    while (answer == ok && propose_free_event()) {
+        m_pages.set_current_page(0);
+        m_event.grab_focus();
+        answer = ModalDialog::run();
+    }
+    return answer;
 }
 
 void TournamentDialog::store(Tournament& tournament) {

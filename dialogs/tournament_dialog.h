@@ -28,9 +28,14 @@ class TournamentDialog : public ModalDialog {
 public:
     enum Answer { cancel = 0, ok = 1 };
 
-    /// Begins with the values of `tournament`.
+    /// Begins with the values of `tournament`, but for an event whose file holds the results of another
+    /// tournament: instead of it a free one is proposed.
     TournamentDialog(Gtk::Window& parent, const Tournament& tournament,
                      const InstalledEngines::Map& installed);
+
+    /// Asks until there is an answer. "OK" with an event whose file holds the results of another tournament
+    /// is none: a free event is proposed instead.
+    int run();
 
     /// Puts the user's values into `tournament` and makes its schedule.
     ///
@@ -42,7 +47,9 @@ private:
     void add_event_page(const Tournament& tournament);
     void add_row(const char* label, Gtk::Widget& field);
     std::string entered_event() const;
+    bool propose_free_event();
 
+    const Tournament m_original;
     const InstalledEngines::Map m_installed;
     Gtk::Notebook m_pages;
 
@@ -50,6 +57,7 @@ private:
     int m_row = 0;  // the next free one
     std::deque<Gtk::Label> m_labels;
     Gtk::Entry m_event;
+    Gtk::Label m_event_note;
     Gtk::Entry m_site;
     Gtk::Entry m_rounds;
     Gtk::ComboBoxText m_type;

@@ -30,6 +30,9 @@ TournamentChoice choose_tournament(Gtk::Window& parent, const std::vector<std::s
     list.signal_answered().connect([&dialog] { dialog.response(load_answer); });
     dialog.set_ordinary_size(420, 400);
     dialog.body().pack_start(list, true, true);
+    dialog.add_note(
+        "DELETE puts a tournament into the trash; where there is none, its file stays under its "
+        "name with “~” at the end.");
     dialog.add_answer("DELETE", delete_answer);
     dialog.add_answer("CANCEL", cancel_answer);
     dialog.add_answer("LOAD", load_answer);

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <sstream>
 #include <stdexcept>
 #include <string_view>
 
 #include "channel/atomic_file.h"
+#include "channel/backup_file.h"
+#include "channel/regular_file.h"
 #include "channel/text.h"
 #include "engine/home_dir.h"
 
@@ -94,19 +94,6 @@ void write_row(std::ostream& out, const char* word, const std::string& value) {
     if (!value.empty()) out << word << ' ' << value << '\n';
 }
 
-/// Keeps what the file holds now as its backup. There may be nothing to keep, as at the first write, and a
-/// backup that cannot be made must not stop the user from saving.
-void back_up(const std::string& path, const std::string& backup_path) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) return;
-    try {
-        const std::string old_text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-        write_file_atomically(backup_path, old_text);
-    } catch (const std::runtime_error& error) {
-        std::cerr << error.what() << '\n';
-    }
-}
-
 }  // namespace
 
 InstalledEngines::InstalledEngines() {
@@ -117,8 +104,7 @@ InstalledEngines::InstalledEngines() {
     }
 }
 
-InstalledEngines::InstalledEngines(const std::string& home)
-    : m_cfg_path(home + "engines.cfg"), m_backup_path(home + "engines.cfg~") {}
+InstalledEngines::InstalledEngines(const std::string& home) : m_cfg_path(home + "engines.cfg") {}
 
 void InstalledEngines::find_home() {
     if (!m_cfg_path.empty()) return;
@@ -134,15 +120,21 @@ void InstalledEngines::read_engines_cfg() {
         std::cerr << error.what() << '\n';
         return;
     }
-    std::ifstream file(m_cfg_path);
-    if (file) read(file);
+    RegularFileStream file(m_cfg_path);
+    if (file.is_missing()) return;
+    if (!file) throw std::runtime_error(m_cfg_path + ": " + file.fault());
+    read(file);
 }
 
 void InstalledEngines::write_engines_cfg() {
     find_home();
     std::ostringstream text;
     write(text);
-    back_up(m_cfg_path, m_backup_path);
+    try {
+        back_up(m_cfg_path);
+    } catch (const std::runtime_error& error) {
+        std::cerr << error.what() << '\n';  // no reason to keep the user from saving
+    }
     try {
         write_file_atomically(m_cfg_path, text.str());
     } catch (const std::runtime_error&) {
@@ -151,7 +143,15 @@ void InstalledEngines::write_engines_cfg() {
 }
 
 void InstalledEngines::add_engine(const EngineVariables& engine) {
-    if (!engine.name.empty()) m_engines[engine.name] = engine;
+    if (engine.name.empty()) return;
+    const bool reads_back = text::trim_white_space(engine.filename) == engine.filename &&
+                            engine.filename.find('\n') == std::string::npos;
+    if (!reads_back) {
+        throw std::invalid_argument(
+            "The program's path must not have a line feed in it, nor white space at its ends: "
+            "the list of engines has one line for it.");
+    }
+    m_engines[engine.name] = engine;
 }
 
 void InstalledEngines::remove_engine(const std::string& name) { m_engines.erase(name); }

@@ -23,7 +23,9 @@ public:
     /// An empty list that reads and writes below `home`, a path with a trailing slash.
     explicit InstalledEngines(const std::string& home);
 
-    /// Adds what the file holds to the map. A file that cannot be opened adds nothing.
+    /// Adds what the file holds to the map. A file that isn't there adds nothing. Throws
+    /// std::runtime_error with path and reason for one that is there and can't be read, such as a pipe: taken
+    /// for an empty list, it would be replaced by one at the next write.
     void read_engines_cfg();
 
     /// Replaces the file; the version before is left as "engines.cfg~". The old list stays whole until the
@@ -31,7 +33,8 @@ public:
     void write_engines_cfg();
 
     /// Stores a copy under its name, replacing an entry of that name; nothing for an empty name, under which
-    /// it could never be loaded again.
+    /// it could never be loaded again. Throws std::invalid_argument with words for the user when the
+    /// program's path wouldn't be read back as it is, a line feed in it above all.
     void add_engine(const EngineVariables& engine);
     void remove_engine(const std::string& name);
     void remove_engine(const EngineVariables& engine);
@@ -46,7 +49,6 @@ private:
     void find_home();
 
     std::string m_cfg_path;  // empty until the user's directory has been found
-    std::string m_backup_path;
     Map m_engines;
 };
 

@@ -2,30 +2,20 @@
 
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace velmora {
 
 bool BlockReader::open(const std::string& path) {
     close();
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    struct stat status {};
-    if (descriptor < 0) return false;
-    if (::fstat(descriptor, &status) != 0 || S_ISDIR(status.st_mode)) {
-        ::close(descriptor);
-        return false;
-    }
-    m_descriptor = descriptor;
+    if (!m_file.open(path)) return false;
     if (!m_block) m_block = std::make_unique_for_overwrite<char[]>(block_size);
     seek(0);
     return true;
 }
 
 void BlockReader::close() {
-    if (m_descriptor >= 0) ::close(m_descriptor);
-    m_descriptor = -1;
+    m_file.close();
     m_begin = m_end = 0;
 }
 
@@ -46,10 +36,10 @@ bool BlockReader::extend() {
 }
 
 bool BlockReader::read_behind() {
-    if (m_descriptor < 0 || m_end == block_size || m_leaving.stop_requested()) return false;
+    if (!is_open() || m_end == block_size || m_leaving.stop_requested()) return false;
     ssize_t count = 0;
     do {
-        count = ::pread(m_descriptor, m_block.get() + m_end, block_size - m_end,
+        count = ::pread(m_file.descriptor(), m_block.get() + m_end, block_size - m_end,
                         static_cast<off_t>(m_block_offset + m_end));
     } while (count < 0 && errno == EINTR);
     if (count <= 0) return false;
@@ -72,12 +62,6 @@ void BlockReader::seek(std::uint64_t offset) {
         m_block_offset = offset;
         m_begin = m_end = 0;
     }
-}
-
-std::uint64_t BlockReader::file_size() const {
-    struct stat status {};
-    if (m_descriptor < 0 || ::fstat(m_descriptor, &status) != 0 || status.st_size < 0) return 0;
-    return static_cast<std::uint64_t>(status.st_size);
 }
 
 }  // namespace velmora

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <utility>
 
+#include "channel/regular_file.h"
+
 namespace velmora {
 
 /// Reads a file through one block of fixed size, whatever the size of the file.
@@ -20,14 +22,11 @@ public:
 
     /// Once `leaving` is stopped, files are at their end.
     explicit BlockReader(std::stop_token leaving = {}) : m_leaving(std::move(leaving)) {}
-    ~BlockReader() { close(); }
-    BlockReader(const BlockReader&) = delete;  // owns a descriptor
-    BlockReader& operator=(const BlockReader&) = delete;
 
-    /// Closes an open file and opens `path`; false for a directory and for what can't be opened.
+    /// Closes an open file and opens `path`; false for what is no plain file and for what can't be opened.
     bool open(const std::string& path);
     void close();
-    bool is_open() const { return m_descriptor >= 0; }
+    bool is_open() const { return m_file.is_open(); }
 
     /// The unread bytes at hand; reads a block when there are none. Empty at the end of the file only. The
     /// view holds until the next call of any member but consume() and offset().
@@ -67,14 +66,14 @@ public:
     void seek(std::uint64_t offset);
 
     /// The size of the file now.
-    std::uint64_t file_size() const;
+    std::uint64_t file_size() const { return m_file.size(); }
 
 private:
     bool fill();
     bool read_behind();
 
     const std::stop_token m_leaving;
-    int m_descriptor = -1;
+    RegularFile m_file;
     std::unique_ptr<char[]> m_block;
     std::uint64_t m_block_offset = 0;  // of m_block[0] in the file
     std::size_t m_begin = 0;           // of the unread bytes

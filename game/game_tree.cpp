@@ -10,6 +10,15 @@
 
 namespace velmora {
 
+namespace {
+
+/// Apart, so that node() needs no guarded stack frame for the text.
+[[noreturn, gnu::noinline]] void throw_no_node(std::int32_t id) {
+    throw std::out_of_range("GameTree::node: no node " + std::to_string(id));
+}
+
+}  // namespace
+
 void GameTree::reset() {
     m_nodes.clear();
     auto& root = m_nodes.append();
@@ -81,7 +90,7 @@ bool GameTree::has_node(std::int32_t id) const {
 }
 
 MoveSectionElement& GameTree::node(std::int32_t id) {
-    if (!has_node(id)) throw std::out_of_range("GameTree::node: no node " + std::to_string(id));
+    if (!has_node(id)) throw_no_node(id);
     return m_nodes[static_cast<std::size_t>(id)];
 }
 

@@ -1,11 +1,11 @@
 #include "game/gui_book.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iostream>
 #include <random>
 #include <string_view>
 
+#include "channel/regular_file.h"
 #include "channel/text.h"
 #include "game/block_reader.h"
 #include "game/game.h"
@@ -112,7 +112,7 @@ void GuiBook::play_game(ChessPosition& position, std::size_t entry) const {
 }
 
 void GuiBook::play_line(ChessPosition& position, std::size_t entry) const {
-    std::ifstream file(m_path, std::ios::binary);
+    RegularFileStream file(m_path);
     file.seekg(static_cast<std::streamoff>(m_offsets[entry]));
     std::string line;
     std::getline(file, line);

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "channel/text.h"
 #include "engine/installed_engines.h"
 
 namespace velmora {
@@ -59,7 +60,12 @@ void EngineSeats::load_installed_engine(Seat seat, const std::string& name) {
     }
     if (name.empty()) return;
     InstalledEngines installed;
-    installed.read_engines_cfg();
+    try {
+        installed.read_engines_cfg();
+    } catch (const std::runtime_error& error) {
+        m_state.send("telluser The_list_of_engines_can't_be_read " + text::one_line(error.what()));
+        return;
+    }
     const auto entry = installed.engines().find(name);
     if (entry == installed.engines().end()) return;
 

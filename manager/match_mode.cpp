@@ -6,6 +6,8 @@
 #include <thread>
 #include <utility>
 
+#include "channel/regular_file.h"
+#include "channel/text.h"
 #include "chess/legal_moves.h"
 #include "manager/match_opening.h"
 
@@ -52,13 +54,19 @@ void MatchMode::load_tournament(const std::string& name) {
     } catch (const std::exception& error) {
         m_tournament.set_event("");
         std::cerr << error.what() << std::endl;
-        m_state.send("telluser Tournament_doesn't_exist");
+        const std::string& fault = m_tournament.load_fault();
+        m_state.send(fault.empty() ? "telluser Tournament_doesn't_exist"
+                                   : "telluser Tournament_can't_be_read " + text::one_line(fault));
         return;
     }
-    m_book.set_path(m_tournament.opening_book());
+    set_book(m_tournament.opening_book());
 }
 
-void MatchMode::set_book(const std::string& path) { m_book.set_path(path); }
+void MatchMode::set_book(const std::string& path) {
+    m_book.set_path(path);
+    const auto fault = reading_fault(path);
+    if (fault) m_state.send("telluser Opening_book_can't_be_read " + text::one_line(*fault));
+}
 
 void MatchMode::start_tournament() {
     if (m_tournament.event().empty()) {

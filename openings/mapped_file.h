@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <string>
 
+#include "channel/regular_file.h"
+
 namespace velmora {
 
 /// A file in the address space, for random reading; its pages come in as they are touched.
@@ -10,13 +12,16 @@ class MappedFile {
 public:
     MappedFile() = default;
     ~MappedFile() { close(); }
-    MappedFile(const MappedFile&) = delete;  // owns a descriptor and a mapping
+    MappedFile(const MappedFile&) = delete;  // owns a mapping
     MappedFile& operator=(const MappedFile&) = delete;
 
-    /// Closes an open file and opens `path`; false for what can't be opened or mapped, a directory included.
+    /// Closes an open file and opens `path`; false for what is no plain file and for what can't be
+    /// opened or mapped.
     bool open(const std::string& path);
     void close();
-    bool is_open() const { return m_descriptor >= 0; }
+    bool is_open() const { return m_file.is_open(); }
+    /// Why it can't be read, though there is such a file; empty otherwise.
+    std::string fault() const { return m_file.is_missing() ? std::string() : m_file.fault(); }
 
     /// The size when it was opened.
     std::size_t size() const { return m_size; }
@@ -29,7 +34,7 @@ public:
     const unsigned char* data() const { return m_data; }
 
 private:
-    int m_descriptor = -1;
+    RegularFile m_file;
     const unsigned char* m_data = nullptr;
     std::size_t m_size = 0;
 };

@@ -1,5 +1,7 @@
 #include "openings/polyglot_book.h"
 
+#include <algorithm>
+#include <ranges>
 #include <stdexcept>
 
 #include "openings/fen_key.h"
@@ -26,7 +28,10 @@ T big_endian(const unsigned char* bytes) {
 PolyglotBook::PolyglotBook(std::string path) : m_path(std::move(path)) { open(); }
 
 void PolyglotBook::open() {
-    if (!m_file.open(m_path)) throw std::logic_error("PolyglotBook::open() open " + m_path + " failed (1)");
+    if (m_file.open(m_path)) return;
+    const std::string reason = m_file.fault();
+    throw std::logic_error("PolyglotBook::open() open " + m_path + " failed (1)" +
+                           (reason.empty() ? "" : ": " + reason));
 }
 
 void PolyglotBook::close() { m_file.close(); }
@@ -61,14 +66,28 @@ std::size_t PolyglotBook::probe_for(std::uint64_t key, std::size_t count) const 
     }
 }
 
+/// The first of the neighbouring records with the key of `record`.
+std::size_t PolyglotBook::first_of_run(std::uint64_t key, std::size_t record) const {
+    const auto nearest = record - std::min(record, most_entries);
+    auto first = record;
+    while (first > nearest && key_at(first - 1) == key) --first;
+    if (first > nearest || first == 0) return first;
+    // No book has so many; a file made so would else be read as far back as it goes.
+    const auto records = std::views::iota(std::size_t{0}, first);
+    const auto found =
+        std::ranges::lower_bound(records, key, {}, [this](std::size_t each) { return key_at(each); });
+    return static_cast<std::size_t>(found - records.begin());
+}
+
 PolyglotBook::Range PolyglotBook::find(std::uint64_t key) const {
     const auto count = m_file.readable_size() / record_size;
     if (count == 0) return {};
     const auto probe = probe_for(key, count);
     if (key_at(probe) != key) return {};
-    Range range{probe, probe + 1};
-    while (range.begin > 0 && key_at(range.begin - 1) == key) --range.begin;
-    while (range.end < count && key_at(range.end) == key) ++range.end;
+    const auto first = first_of_run(key, probe);
+    const auto limit = std::min(count, first + most_entries);
+    Range range{first, first};
+    while (range.end < limit && key_at(range.end) == key) ++range.end;
     return range;
 }
 

@@ -24,7 +24,8 @@ public:
     explicit PolyglotBook(std::string path);
 
     /// Opens the file at path(), closing an open one first. Throws std::logic_error
-    /// "PolyglotBook::open() open <path> failed (1)". A partial record at the end is ignored.
+    /// "PolyglotBook::open() open <path> failed (1)", with the reason behind it for a file that is there. A
+    /// partial record at the end is ignored.
     void open();
     void close();
     bool is_open() const { return m_file.is_open(); }
@@ -36,8 +37,11 @@ public:
     /// Whole records in the file when it was opened; 0 when closed.
     std::size_t record_count() const { return m_file.size() / record_size; }
 
-    /// All records of a position's key in the order of the file; none when the key isn't there or the book is
-    /// closed.
+    /// The most records that a key is taken to have, more than any position has moves (218).
+    static constexpr std::size_t most_entries = 256;
+
+    /// All records of a position's key in the order of the file, the first `most_entries` of them; none when
+    /// the key isn't there or the book is closed.
     std::vector<BookEntry> entries(std::uint64_t key) const;
     std::vector<BookMove> moves(std::uint64_t key) const;
 
@@ -54,6 +58,7 @@ private:
     };
 
     Range find(std::uint64_t key) const;
+    std::size_t first_of_run(std::uint64_t key, std::size_t record) const;
     std::size_t probe_for(std::uint64_t key, std::size_t count) const;
     std::uint64_t key_at(std::size_t record) const;
     BookMove move_at(std::size_t record) const;

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Builds the Debian package and tries it as its users meet it: what is in it, whether the desktop accepts its files,
-# whether the program starts from it and closes. As root it is installed for that, and removed without a trace;
-# otherwise it is only unpacked, and the end says what has not been tried.
+# Builds the Debian package and tries it as its users meet it: what is in it, whether its programs are hardened, whether
+# the desktop accepts its files, whether the program starts from it and closes. As root it is installed for that, and
+# removed without a trace; otherwise it is only unpacked, and the end says what has not been tried.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/packages.sh
@@ -66,6 +66,25 @@ check_contents() {
     done
 }
 
+# check_hardening <program>: what the build asks of compiler and linker, as it stands in the program.
+check_hardening() {
+    local program=$1 header segments dynamic symbols notes
+    header=$(readelf -hW "$program")
+    segments=$(readelf -lW "$program")
+    dynamic=$(readelf -dW "$program")
+    symbols=$(readelf -W --dyn-syms "$program")
+    notes=$(readelf -nW "$program")
+    grep -q 'Type: *DYN' <<<"$header" && grep -q 'FLAGS_1.*PIE' <<<"$dynamic" ||
+        fail "$program is no position independent executable"
+    grep -q 'GNU_RELRO' <<<"$segments" || fail "$program has no read-only relocations"
+    grep -Eq '\(FLAGS\).*BIND_NOW|\(FLAGS_1\).*NOW' <<<"$dynamic" || fail "$program isn't bound at its start"
+    ! grep -q 'GNU_STACK.*E ' <<<"$segments" || fail "$program has an executable stack"
+    grep -q ' __stack_chk_fail@' <<<"$symbols" || fail "$program has no stack protector"
+    grep -Eq ' __[a-z]+_chk@' <<<"$symbols" || fail "$program calls no fortified function"
+    [ "$(uname -m)" != x86_64 ] || grep -q 'x86 feature:.*IBT.*SHSTK' <<<"$notes" ||
+        fail "$program has no control flow protection"
+}
+
 # try_programs <working directory> <directory of the programs>
 try_programs() {
     local said
@@ -86,6 +105,7 @@ package=$(scripts/package.sh)
 mkdir "$private/tree" "$private/work"
 dpkg-deb -x "$package" "$private/tree"
 check_contents "$package" "$private/tree"
+for program in velmora velmora-console; do check_hardening "$private/tree/usr/games/$program"; done
 tests/desktop/check-desktop-files.sh "$private/tree/usr/share" "$(project VERSION)" "$(project HOMEPAGE_URL)" ||
     fail "the desktop's files in the package"
 

@@ -1,12 +1,16 @@
 #include "tournament/tournament.h"
 
 #include <algorithm>
-#include <fstream>
+#include <exception>
+#include <filesystem>
 #include <iterator>
 #include <stdexcept>
+#include <system_error>
 #include <utility>
 
 #include "channel/atomic_file.h"
+#include "channel/backup_file.h"
+#include "channel/regular_file.h"
 #include "engine/home_dir.h"
 #include "tournament/pairings.h"
 #include "tournament/tournament_file.h"
@@ -16,6 +20,17 @@ namespace velmora {
 namespace {
 
 bool is_open(const TournamentGame& game) { return game.result == "*"; }
+
+/// Whether a tournament's file has results; of one that is there and can't be read nobody knows.
+bool may_hold_results(const std::string& directory, const std::string& name) {
+    Tournament other(directory);
+    try {
+        other.load(name);
+    } catch (const std::exception&) {
+        return !other.load_fault().empty();
+    }
+    return !std::ranges::all_of(other.games(), is_open);
+}
 
 }  // namespace
 
@@ -55,20 +70,49 @@ void Tournament::set_event(const std::string& event) {
 
 void Tournament::load(const std::string& name) {
     clear();
+    m_own_name.clear();
+    m_load_fault.clear();
     const std::string path = tournament_store::path(m_directory(), name);
-    std::ifstream file(path);
-    if (!file) throw std::logic_error(path + " doesn't exist!");
-    tournament_file::read(file, m_data);
-    m_loaded_name = name;
+    RegularFileStream file(path);
+    if (file.is_missing()) throw std::logic_error(path + " doesn't exist!");
+    if (!file) {
+        m_load_fault = path + ": " + file.fault();
+        throw std::runtime_error(m_load_fault);
+    }
+    std::string line;
+    try {
+        tournament_file::read(file, m_data, line);
+    } catch (const std::exception&) {
+        m_load_fault = path + ", " + line;
+        throw;
+    }
+    m_loaded_name = m_own_name = name;
 }
 
-void Tournament::save() const {
-    const std::string& name = m_loaded_name.empty() ? m_data.event : m_loaded_name;
+void Tournament::save() {
+    const std::string name = file_name();
     const std::string path = tournament_store::path(m_directory(), name);
     try {
         write_file_atomically(path, tournament_file::to_text(m_data));
     } catch (const std::runtime_error&) {
         throw std::runtime_error("Tournament::save()  open tournament failed");
+    }
+    m_own_name = name;
+}
+
+void Tournament::save_anew() {
+    back_up(tournament_store::path(m_directory(), file_name()));
+    save();
+}
+
+std::string Tournament::free_event(const std::string& event) const {
+    const std::string directory = m_directory();
+    if (event == m_own_name || !may_hold_results(directory, event)) return event;
+    for (int number = 2;; ++number) {
+        std::string candidate = event + " " + std::to_string(number);
+        std::error_code too_long;  // what else keeps it from being a name is told when it is stored
+        if (!std::filesystem::exists(tournament_store::path(directory, candidate), too_long))
+            return candidate;
     }
 }
 

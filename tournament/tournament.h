@@ -40,13 +40,26 @@ public:
     std::vector<TournamentParticipant> participants_list() const { return m_data.participants; }
 
     /// Reads the tournament `name` (no path, no extension). Throws std::logic_error when there is no such
-    /// file, and what tournament_file::read throws; what was read by then stays.
+    /// file, std::runtime_error for one that can't be opened, and what tournament_file::read throws; what was
+    /// read by then stays.
     void load(const std::string& name);
+
+    /// Why the last load() failed though there is such a file, in words that name it; empty otherwise.
+    const std::string& load_fault() const { return m_load_fault; }
 
     /// Writes the file under the name that it was loaded under, a new tournament under its event. The old
     /// file is replaced as a whole or not at all. Throws std::runtime_error
     /// "Tournament::save()  open tournament failed".
-    void save() const;
+    void save();
+
+    /// The same for a tournament that begins anew: what the file held before stays as its backup. Throws also
+    /// what back_up() throws, and then nothing has been written.
+    void save_anew();
+
+    /// The event under which this tournament replaces nobody else's results: `event`, or where another
+    /// tournament that has some stands under that name, the first of "<event> 2", "<event> 3" ... that is
+    /// free. Its own file, which it was loaded from or saved to, is no other tournament.
+    std::string free_event(const std::string& event) const;
 
     /// Makes all games of the schedule that type(), rounds() and the participants ask for, in place of those
     /// there are. Throws std::logic_error for fewer than two participants and std::length_error for more
@@ -92,11 +105,14 @@ private:
     using Games = std::vector<TournamentGame>;
     using Pairing = Games (*)(const std::vector<TournamentParticipant>&, std::int32_t rounds);
 
+    std::string file_name() const { return m_loaded_name.empty() ? m_data.event : m_loaded_name; }
     void append_games(Pairing pairing, const char* operation, std::int32_t rounds);
 
     std::function<std::string()> m_directory;
     TournamentData m_data;
     std::string m_loaded_name;  // empty for a new tournament
+    std::string m_own_name;     // of the file that holds this tournament, empty as long as there is none
+    std::string m_load_fault;
     bool m_valid = false;
 };
 

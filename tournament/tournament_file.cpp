@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <iostream>
 #include <stdexcept>
 #include <string_view>
@@ -103,23 +104,34 @@ private:
     std::string m_text;
 };
 
+void read_line(std::string_view line, TournamentData& data) {
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    WordReader fields(line);
+    const std::string_view word = fields.word();
+    if (word.empty()) return;
+    const auto keyword = std::find_if(keywords.begin(), keywords.end(),
+                                      [&](const Keyword& candidate) { return candidate.word == word; });
+    if (keyword != keywords.end()) {
+        keyword->read(fields, data);
+    } else {
+        std::cerr << "unknown command \"" << word << "\"\n";
+    }
+}
+
 std::string_view true_or_false(bool flag) { return flag ? "true" : "false"; }
 
 }  // namespace
 
-void read(std::istream& in, TournamentData& data) {
+void read(std::istream& in, TournamentData& data, std::string& fault) {
     std::string line;
-    while (std::getline(in, line)) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        WordReader fields(line);
-        const std::string_view word = fields.word();
-        if (word.empty()) continue;
-        const auto keyword = std::find_if(keywords.begin(), keywords.end(),
-                                          [&](const Keyword& candidate) { return candidate.word == word; });
-        if (keyword != keywords.end()) {
-            keyword->read(fields, data);
-        } else {
-            std::cerr << "unknown command \"" << word << "\"\n";
+    for (std::size_t number = 1; std::getline(in, line); ++number) {
+        try {
+            read_line(line, data);
+        } catch (const std::exception&) {
+            constexpr std::size_t longest_quotation = 100;  // bytes: the line is looked up by its number
+            fault =
+                "line " + std::to_string(number) + ": " + text::one_line(line.substr(0, longest_quotation));
+            throw;
         }
     }
 }

@@ -11,10 +11,11 @@ namespace velmora::tournament_file {
 /// Reads all entries of `in` into `data`: settings replace those that stand there, participants and games are
 /// appended. Unknown keywords are reported on standard error and skipped.
 ///
-/// Throws std::logic_error "Tournament::load    error" for a game line with a missing or bad field,
+/// When it throws, `fault` tells the line that could not be read, by its number and text: std::logic_error
+/// "Tournament::load    error" for a game line with a missing or bad field,
 /// std::out_of_range for a game of a participant that stands not above it, and what Level throws for an
 /// unknown time control; what has been read so far stays in `data`.
-void read(std::istream& in, TournamentData& data);
+void read(std::istream& in, TournamentData& data, std::string& fault);
 
 /// The file's text. Ratings and handicaps are not part of it, an empty opening book neither.
 std::string to_text(const TournamentData& data);

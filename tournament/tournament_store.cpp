@@ -30,8 +30,6 @@ std::vector<std::string> names(const std::string& directory) {
     return found;
 }
 
-void remove(const std::string& directory, const std::string& name) { fs::remove(path(directory, name)); }
-
 std::optional<std::string> name_fault(std::string_view event) {
     constexpr std::size_t longest_file_name = 255;  // bytes, on every file system of note
     const std::string fixed = "The event is also the name of the tournament's file, so it ";

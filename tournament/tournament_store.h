@@ -14,9 +14,6 @@ std::string path(const std::string& directory, const std::string& name);
 /// The names of all tournaments, sorted; none when the directory can't be read.
 std::vector<std::string> names(const std::string& directory);
 
-/// Removes the tournament's file; throws std::filesystem::filesystem_error when that fails.
-void remove(const std::string& directory, const std::string& name);
-
 /// What keeps `event` from being the name of a tournament's file, in words for the user; nothing when it can.
 std::optional<std::string> name_fault(std::string_view event);
 

@@ -1,7 +1,8 @@
 #include "views/data_directory.h"
 
 #include <array>
-#include <fstream>
+
+#include "channel/regular_file.h"
 
 namespace velmora {
 
@@ -12,7 +13,7 @@ std::string data_directory() {
 
 std::string data_directory(std::span<const std::string> candidates) {
     for (const std::string& candidate : candidates.first(candidates.size() - 1)) {
-        if (std::ifstream(candidate + image_directory + "wood_l.svg").is_open()) return candidate;
+        if (RegularFile(candidate + image_directory + "wood_l.svg").is_open()) return candidate;
     }
     return candidates.back();
 }

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "channel/atomic_file.h"
+#include "channel/regular_file.h"
 #include "dialogs/fen_list.h"
 #include "dialogs/game_list.h"
 #include "dialogs/position_lines.h"
@@ -34,7 +35,14 @@ void FileFlows::load_game() {
     if (!path.empty()) load_game_from(path);
 }
 
+bool FileFlows::is_readable(const std::string& path) {
+    const auto fault = reading_fault(path);
+    if (fault) m_screen.tell_user("The file can't be read", *fault);
+    return !fault;
+}
+
 void FileFlows::load_game_from(const std::string& path) {
+    if (!is_readable(path)) return;
     GameList list;
     if (list.choose_game(m_parent, path) <= 0) return;
     std::string game_text;
@@ -79,6 +87,7 @@ void FileFlows::load_position() {
 }
 
 void FileFlows::load_position_from(const std::string& path) {
+    if (!is_readable(path)) return;
     std::string line;
     const int number = FenList().choose_position(m_parent, path, line);
     if (number <= 0) return;

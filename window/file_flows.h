@@ -46,6 +46,8 @@ public:
 
 private:
     void open_one(const std::string& path);
+    /// False, and a word to the person, for a file that is there and can't be read, such as a pipe.
+    bool is_readable(const std::string& path);
     void load_game_from(const std::string& path);
     void load_position_from(const std::string& path);
     void use_polyglot_book(const std::string& path);

@@ -7,6 +7,7 @@
 #include "engine/home_dir.h"
 #include "engine/installed_engines.h"
 #include "tournament/tournament_store.h"
+#include "window/trash.h"
 
 namespace velmora {
 
@@ -18,7 +19,7 @@ void TournamentFlows::edit() {
         switch (dialog.run()) {
             case TournamentDialog::ok: {
                 dialog.store(m_tournament);
-                m_tournament.save();
+                m_tournament.save_anew();
                 m_manager.send("load_tournament " + m_tournament.event());
                 break;
             }
@@ -40,7 +41,7 @@ void TournamentFlows::load() {
         const auto choice = choose_tournament(m_parent, tournament_store::names(directory));
         switch (choice.action) {
             case TournamentChoice::Action::remove:
-                tournament_store::remove(directory, choice.name);
+                put_away(tournament_store::path(directory, choice.name));
                 break;
             case TournamentChoice::Action::cancel:
                 leave();

@@ -12,6 +12,7 @@
 #include <gtkmm/dialog.h>
 #include <gtkmm/entry.h>
 #include <gtkmm/grid.h>
+#include <gtkmm/label.h>
 #include <gtkmm/treeview.h>
 #include <gtkmm/window.h>
 
@@ -79,6 +80,14 @@ protected:
         auto* button = gui::find_labelled<Gtk::Button>(root, label);
         ASSERT_NE(button, nullptr) << label;
         button->clicked();
+    }
+    /// Whether one of the labels in a widget has the text in it.
+    static bool says(Gtk::Widget& root, const char* text) {
+        for (Gtk::Widget* widget : gui::descendants(root)) {
+            const auto* label = dynamic_cast<Gtk::Label*>(widget);
+            if (label && label->get_text().find(text) != Glib::ustring::npos) return true;
+        }
+        return false;
     }
     /// An answer that presses a button.
     static auto pressing(const char* label) {

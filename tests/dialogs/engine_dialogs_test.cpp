@@ -110,11 +110,9 @@ TEST_F(EngineDialogsTest, InstallShowsTheOptionsWholeWhateverTheFont) {
 }
 
 TEST_F(EngineDialogsTest, AListThatCannotBeWrittenIsTold) {
-    install_without_asking({engine("alpha", "", "")});
-    std::filesystem::remove(m_directory + "engines.cfg");
+    InstallDialog dialog(m_parent, engine("beta", "", ""), InstalledEngines(m_directory));
     std::filesystem::create_directories(m_directory + "engines.cfg/x");  // even root cannot write there
     std::filesystem::create_directories(m_directory + "engines.cfg~/x");
-    InstallDialog dialog(m_parent, engine("beta", "", ""), InstalledEngines(m_directory));
     gui::Answer<InstallDialog> ok([](InstallDialog& shown) {
         press(shown, "OK");
         return true;

@@ -102,6 +102,31 @@ TEST_F(TournamentDialogTest, BeginsWithTheTournamentThatItChanges) {
     EXPECT_EQ(saved(), before) << "also an engine that is installed no more stays";
 }
 
+TEST_F(TournamentDialogTest, ProposesAFreeNameInsteadOfAnothersResults) {
+    const std::string played = "participant a\nparticipant b\ngame 1 1 2 - 1 1-0\n";
+    for (const char* name : {"Velmora Battles.trn", "May cup.trn"}) write(name, played);
+    choose({"alpha", "beta"});
+    TournamentDialog dialog(m_parent, m_tournament, m_installed);
+    const auto event = [&] { return in_grid<Gtk::Entry>(dialog).at(0)->get_text(); };
+    sigc::connection second_answer;
+    const auto take_what_is_played = [&](Gtk::Dialog& shown) {
+        EXPECT_EQ(event(), "Velmora Battles 2");
+        in_grid<Gtk::Entry>(shown).at(0)->set_text("May cup");
+        second_answer = Glib::signal_timeout().connect(
+            [&] {
+                if (event() != "May cup 2") return true;
+                EXPECT_TRUE(says(shown, "“May cup” is another tournament"));
+                press(shown, "OK");
+                return false;
+            },
+            1);
+        press(shown, "OK");
+    };
+    EXPECT_EQ(run(dialog, take_what_is_played), TournamentDialog::ok);
+    second_answer.disconnect();
+    EXPECT_EQ(event(), "May cup 2") << "it was asked again";
+}
+
 TEST_F(TournamentDialogTest, TheBookCanBeTakenAway) {
     choose({"alpha", "beta"});
     m_tournament.set_opening_book(m_directory + "gone.pgn");

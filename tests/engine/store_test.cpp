@@ -70,6 +70,16 @@ EngineVariables named(const std::string& name) {
 
 class StoreTest : public EngineTest {};
 
+TEST_F(StoreTest, APathThatWouldNotReadBackIsRefused) {
+    InstalledEngines engines(path(""));
+    for (const char* program : {"/tmp/x\nname Forged", "/tmp/x\n", "/tmp/x "}) {
+        EngineVariables engine = named("Alpha");
+        engine.filename = program;
+        EXPECT_THROW(engines.add_engine(engine), std::invalid_argument) << program;
+    }
+    EXPECT_TRUE(engines.engines().empty());
+}
+
 TEST_F(StoreTest, FirstWriteLeavesNoBackupAndTheSecondTheFirstVersion) {
     InstalledEngines engines(path(""));
     engines.read_engines_cfg();
@@ -106,6 +116,8 @@ TEST_F(StoreTest, AFileThatCannotBeWrittenLosesNothing) {
     // A directory in the way of the file: nobody can write it, whatever his rights are.
     fs::rename(path("engines.cfg"), path("kept"));
     fs::create_directory(path("engines.cfg"));
+    EXPECT_EQ(test::thrown_text<std::runtime_error>([&] { engines.read_engines_cfg(); }),
+              path("engines.cfg") + ": not a regular file");
     EXPECT_EQ(test::thrown_text<std::runtime_error>([&] { engines.write_engines_cfg(); }),
               "InstalledEngines::write_engines_cfg()   open file error");
     EXPECT_EQ(read("kept"), example);

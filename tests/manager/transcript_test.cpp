@@ -10,6 +10,7 @@
 //   file, remove  writes or takes away a file  book file     a Polyglot book: moves played > moves known
 //   sent name     what it was sent, a regex    log file      what it says, without stamps and drivers
 //   is file       the file's whole text        stderr        what went to standard error, at the end
+//   pipe name     makes a pipe without a writer
 //
 // Milliseconds after "wtime", "btime" and "emt" read "#". At its end a case has no line left over.
 
@@ -20,6 +21,7 @@
 #include <random>
 #include <sstream>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
 #include <glib.h>
@@ -172,6 +174,8 @@ protected:
             place.write(rest, block);
         } else if (word == "remove") {
             std::filesystem::remove(rest);
+        } else if (word == "pipe") {
+            ::mkfifo(rest.c_str(), 0600);
         } else if (word == "book") {
             place.write(rest, polyglot_book(directive.block));
         } else if (word == "sent") {

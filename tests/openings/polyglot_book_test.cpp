@@ -1,6 +1,7 @@
 #include "openings/polyglot_book.h"
 
 #include <filesystem>
+#include <numeric>
 #include <stdexcept>
 #include <string>
 
@@ -74,6 +75,15 @@ TEST_F(PolyglotBookTest, FindsAllRecordsOfAKey) {
     }
 }
 
+TEST_F(PolyglotBookTest, TakesTheFirstRecordsOfAKeyThatHasMoreThanAnyPosition) {
+    std::string content = record(4, 0);
+    for (std::uint16_t move = 0; move < 60'000; ++move) content += record(5, move);
+    const PolyglotBook book(m_files.write("book.bin", content + record(6, 0)));
+    std::vector<int> first(PolyglotBook::most_entries);
+    std::iota(first.begin(), first.end(), 0);
+    EXPECT_EQ(indexes(book, 5), first);
+}
+
 TEST_F(PolyglotBookTest, ReadsTheFields) {
     const PolyglotBook book(m_files.write("book.bin", record(0x0123456789ABCDEF, 0x31C)));
     const auto entries = book.entries(0x0123456789ABCDEF);
@@ -96,10 +106,12 @@ TEST_F(PolyglotBookTest, OpensAndCloses) {
     EXPECT_FALSE(book.is_open());
     EXPECT_EQ(book.record_count(), 0U);
 
-    for (const auto& path : {m_files.path("absent.bin"), m_files.path("")}) {
+    for (const auto& [path, reason] : {std::pair{m_files.path("absent.bin"), ""},
+                                       {m_files.path(""), ": not a regular file"},
+                                       {"/dev/zero", ": not a regular file"}}) {
         book.set_path(path);
         EXPECT_EQ(test::thrown_text([&] { book.open(); }),
-                  "PolyglotBook::open() open " + path + " failed (1)");
+                  "PolyglotBook::open() open " + path + " failed (1)" + reason);
         EXPECT_THROW(PolyglotBook{path}, std::logic_error);
         EXPECT_TRUE(book.entries(1).empty());
     }

@@ -125,7 +125,8 @@ TEST_F(TournamentTest, GameTexts) {
         TournamentData data;
         for (int i = 0; i < 100; ++i) data.add_participant({});
         std::istringstream line("game " + tournament_file::game_text(game) + "\n");
-        tournament_file::read(line, data);
+        std::string fault;
+        tournament_file::read(line, data, fault);
         EXPECT_EQ(data.games.at(0), game) << "reads back";
     }
 }
@@ -150,28 +151,62 @@ TEST_F(TournamentTest, ReaderTakesWordsAndSkipsWhatItDoesNotKnow) {
 
 TEST_F(TournamentTest, BadFilesThrow) {
     const std::string players = "participant a\nparticipant b\n";
+    const std::string error = "logic_error Tournament::load    error";
     const struct {
         const char* name;
-        std::string text, expected;
+        std::string text, expected, place;
     } rows[] = {
-        {"missing result", players + "game 1 1 2 - 1\n", "logic_error Tournament::load    error"},
-        {"bad number", players + "game x 1 2 - 1 *\n", "logic_error Tournament::load    error"},
-        {"bad round", players + "game 1 1.b 2 - 1 *\n", "logic_error Tournament::load    error"},
-        {"bad id", players + "game 1 1 b - 1 *\n", "logic_error Tournament::load    error"},
-        {"id beyond the list", players + "game 1 1 3 - 1 *\n", "out_of_range"},
-        {"id 0", players + "game 1 1 0 - 1 *\n", "out_of_range"},
-        {"participants below", "game 1 1 2 - 1 *\n" + players, "out_of_range"},
-        {"unknown time control", "level soon\n", "logic_error Level::set(soon)"},
+        {"missing result", players + "game 1 1 2 - 1\n", error, "line 3: game 1 1 2 - 1"},
+        {"bad number", players + "game x 1 2 - 1 *\n", error, "line 3: game x 1 2 - 1 *"},
+        {"bad round", players + "\ngame 1 1.b 2 - 1 *\r\n", error, "line 4: game 1 1.b 2 - 1 * "},
+        {"bad id", players + "game 1 1 b - 1 *\n", error, "line 3: game 1 1 b - 1 *"},
+        {"id beyond the list", players + "game 1 1 3 - 1 *\n", "out_of_range", "line 3: game 1 1 3 - 1 *"},
+        {"id 0", players + "game 1 1 0 - 1 *\n", "out_of_range", "line 3: game 1 1 0 - 1 *"},
+        {"participants below", "game 1 1 2 - 1 *\n" + players, "out_of_range", "line 1: game 1 1 2 - 1 *"},
+        {"unknown time control", "level soon\n", "logic_error Level::set(soon)", "line 1: level soon"},
+        {"long line", "game " + std::string(200, 'x'), error, "line 1: game " + std::string(95, 'x')},
     };
     for (const auto& row : rows) {
         write("bad", row.text);
         Tournament tournament(m_directory);
         EXPECT_EQ(thrown([&] { tournament.load("bad"); }), row.expected) << row.name;
+        EXPECT_EQ(tournament.load_fault(), m_directory + "bad.trn, " + row.place) << row.name;
         EXPECT_FALSE(tournament.valid());
     }
     Tournament tournament(m_directory);
     EXPECT_EQ(thrown([&] { tournament.load("none"); }),
               "logic_error " + m_directory + "none.trn doesn't exist!");
+    EXPECT_EQ(tournament.load_fault(), "");
+}
+
+TEST_F(TournamentTest, NobodyElsesResultsAreReplacedAndOnesOwnStayBesideTheFile) {
+    std::string unplayed = two_games;
+    unplayed.replace(unplayed.find("1-0"), 3, "*");
+    write("played", two_games);
+    write("played 2", unplayed);
+    write("unplayed", unplayed);
+    write("damaged", "level soon\n");
+    fs::create_directory(m_directory + "directory.trn");
+    Tournament tournament(m_directory);
+    const struct {
+        const char *event, *free;
+    } rows[] = {{"played", "played 3"},       {"unplayed", "unplayed"}, {"damaged", "damaged 2"},
+                {"directory", "directory 2"}, {"new", "new"},           {"a/b", "a/b"}};
+    for (const auto& row : rows) EXPECT_EQ(tournament.free_event(row.event), row.free);
+
+    tournament.load("played");
+    tournament.reset_results();
+    tournament.set_event("played");
+    EXPECT_EQ(tournament.free_event("played"), "played") << "its own";
+    tournament.save_anew();
+    EXPECT_NE(file("played"), two_games);
+    EXPECT_EQ(m_files.content("played.trn~"), two_games);
+    tournament.set_event("renamed");
+    tournament.save_anew();
+    EXPECT_FALSE(fs::exists(m_directory + "renamed.trn~"));
+    EXPECT_EQ(tournament.free_event("renamed"), "renamed") << "its own as soon as it has been saved";
+    EXPECT_EQ(tournament_store::names(m_directory),
+              (std::vector<std::string>{"damaged", "played", "played 2", "renamed", "unplayed"}));
 }
 
 TEST_F(TournamentTest, ASaveThatFailsSaysSoAndLosesNothing) {
@@ -243,8 +278,6 @@ TEST_F(TournamentTest, StoreListsFilesOfItsKindOnly) {
     m_files.write("notes.txt", "x");
     fs::create_directory(m_directory + "directory.trn");
     EXPECT_EQ(tournament_store::names(m_directory), (std::vector<std::string>{"a b", "b"}));
-    tournament_store::remove(m_directory, "a b");
-    EXPECT_EQ(tournament_store::names(m_directory), std::vector<std::string>{"b"});
     EXPECT_EQ(tournament_store::names(m_directory + "missing/"), std::vector<std::string>{});
 }
 

@@ -56,7 +56,10 @@ protected:
     /// The values of tags of the game, "|" between.
     std::string tags(std::initializer_list<const char*> names) {
         std::string values;
-        for (const char* name : names) values += (values.empty() ? "" : "|") + desk.game.tag(name);
+        for (const char* name : names) {
+            if (!values.empty()) values += '|';
+            values += desk.game.tag(name);
+        }
         return values;
     }
     /// Selects a mode in which the referee moves the men, and forgets what that brought about.

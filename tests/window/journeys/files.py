@@ -151,6 +151,10 @@ class Files(Journey):
         program.wait_for_log("0 setboard 4k3/8/8/8/8/8/4P3/4K3 w - - 0 1")
         self.drop(program.write("book.bin", ""))
         program.wait_for_log("0 polyglotbook " + program.path("book.bin"))
+        for name in ("pipe.pgn", "pipe.fen"):
+            os.mkfifo(program.path(name))
+            self.drop(program.path(name))
+            program.answer_message(name + ": not a regular file")
         program.close()
 
     @unittest.skipUnless(os.path.isdir(REAL_GAMES) and PGN_EXTRACT, "no games to be had")

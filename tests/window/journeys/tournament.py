@@ -82,9 +82,16 @@ class TournamentJourney(Journey):
         program.choose("Mode", "Tournament")
         program.answer_message("tournament finished")
         program.wait_for_title("Velmora (no engine loaded)")
+        played = program.read("tournaments/A short one.trn")
+        program.choose("Tournament", "New / Edit")
+        program.press_button("OK", program.dialog("Tournament"))
+        program.wait_for_log("0 load_tournament", 3)
+        self.assertIn("*", program.read("tournaments/A short one.trn"))
+        self.assertEqual(program.read("tournaments/A short one.trn~"), played)
         program.choose("Tournament", "Load")
         program.press_button("DELETE", program.dialog("Load Tournament"))
         wait_until(lambda: not os.path.exists(program.path("tournaments/A short one.trn")), "the file to go")
+        self.assertTrue(os.path.exists(os.path.join(os.environ["XDG_DATA_HOME"], "Trash/files/A short one.trn")))
         program.close()
 
 

@@ -320,14 +320,18 @@ TEST_F(WordsTest, TheDialogs) {
         {"Engine", "Install engine...",
          "Install engine|name|<Alpha>|Elo: |<>|handicap (%): |<>|Hash:  16|Log:  none|Own Book:  "
          "yes|CANCEL|OK"},
-        {"Engine", "Load installed engine...", "Choose Engine|ID|Engine|UNINSTALL|CANCEL|LOAD"},
+        {"Engine", "Load installed engine...",
+         "Choose Engine|ID|Engine|An engine that is uninstalled still stands in the list of before, the file "
+         "“engines.cfg~”.|UNINSTALL|CANCEL|LOAD"},
         {"Tournament", "New / Edit",
          "Tournament|Event: |<Velmora Battles>|Site:  |<?>|Rounds: |<0>|Type: |match|gauntlet|roundrobin|"
          "Opening book: |(None)|No book|openings in random order|both colors|ignore loss on time|Event|"
          "Installed engines|Engine|Participants|Engine|A click on an engine moves it to the other list.|"
          "Participants|" +
              time_control + "TimeControl|CANCEL|OK"},
-        {"Tournament", "Load", "Load Tournament|ID|Tournament|DELETE|CANCEL|LOAD"},
+        {"Tournament", "Load",
+         "Load Tournament|ID|Tournament|DELETE puts a tournament into the trash; where there is none, "
+         "its file stays under its name with “~” at the end.|DELETE|CANCEL|LOAD"},
     };
     for (const auto& row : rows) EXPECT_EQ(opened_by(row.menu, row.label), row.shown) << row.label;
     EXPECT_THAT(opened_by("Info", "About..."), testing::HasSubstr("Velmora GUI|"));
