@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "game/pgn_error.h"
+#include "game/pgn_limits.h"
 
 namespace velmora {
 
@@ -83,7 +84,7 @@ GameCutter::State GameCutter::copy_movetext() {
 /// From behind an opening bracket or brace to behind the closing one, which is not counted.
 GameCutter::State GameCutter::copy_enclosed(Enclosed kind, State behind) {
     const char close = kind == Enclosed::tag ? ']' : '}';
-    const auto limit = kind == Enclosed::tag ? tag_limit : comment_limit;
+    const auto limit = kind == Enclosed::tag ? pgn_limits::tag : pgn_limits::comment;
     const auto& specials = kind == Enclosed::tag ? special_in_tag : special_in_comment;
     const auto opened = m_reader.offset();
     std::size_t count = 0;

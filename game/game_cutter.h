@@ -17,10 +17,6 @@ namespace velmora {
 /// begin with "%" are left out.
 class GameCutter {
 public:
-    /// Longer tags and comments make a game damaged, in bytes between their brackets or braces.
-    static constexpr std::size_t tag_limit = 256;
-    static constexpr std::size_t comment_limit = 1024;
-
     /// REQUIRES: `reader` outlives the cutter.
     explicit GameCutter(BlockReader& reader) : m_reader(reader), m_finder(reader) {}
 

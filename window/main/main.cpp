@@ -37,6 +37,8 @@ int main(int argc, char** argv) {
 
     // Writing to an engine that has died is an error of that write, not the end of the program.
     std::signal(SIGPIPE, SIG_IGN);
+    // Likewise a file that has grown to the system's limit.
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
         Gtk::Main toolkit(argc, argv);
         // The toolkit takes the locale from the environment; numbers in protocols and files have a decimal
