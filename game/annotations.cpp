@@ -54,7 +54,7 @@ void cut_end(std::string& comment, std::size_t limit) {
 constexpr auto suspects = [] {
     std::array<bool, 256> table{};
     for (std::size_t c = 0; c < 0x80; ++c) table[c] = text::is_control(static_cast<char>(c));
-    for (const unsigned char c : {'{', '}'}) table[c] = true;
+    table['{'] = table['}'] = true;
     return table;
 }();
 

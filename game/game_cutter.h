@@ -23,6 +23,12 @@ public:
     /// Stores the next game in `text`, nothing at the end of the file. Throws pgn_error.
     void cut(std::string& text);
 
+    /// What the end of the file has cut short.
+    enum class Open { nothing, header, tag, movetext, comment };
+
+    /// What of the text that was cut last the end of the file has left open.
+    Open left_open() const { return m_left_open; }
+
     /// Where the game that was cut last begins in the file.
     std::uint64_t game_offset() const { return m_game_offset; }
 
@@ -33,6 +39,7 @@ private:
     enum class State { between, movetext, finished };
     enum class Enclosed { tag, comment };
 
+    State end_of_file(Open what);
     State copy_between();
     State copy_movetext();
     State copy_enclosed(Enclosed kind, State behind);
@@ -49,6 +56,7 @@ private:
     std::string* m_text = nullptr;  // while cutting
     std::size_t m_looked_at = 0;    // up to here the text was searched for a result
     std::uint64_t m_game_offset = 0;
+    Open m_left_open = Open::nothing;
 };
 
 }  // namespace velmora

@@ -151,5 +151,45 @@ TEST_F(ArchiveTest, WhatIsWrittenIsReadBackWhole) {
     }
 }
 
+TEST_F(ArchiveTest, TheNextGameIsWholeWhereverTheTailWasTorn) {
+    const std::string torn_game =
+        "[Event \"a ]b(\\\"c\"]\n[Site \"\xC3\xA9\"]\n[Result \"1/2-1/2\"]\n\n"
+        "{root (1-0) \"} \n1.e4 {[%eval 0.3][%acn 5]} e5 $1 ( 1... c5 {(\xC3\xA9 [x] \"} 2.Nf3 ( 2.c3\n "
+        "d5))\n"
+        "2.Nf3 Nc6 {Draw} 1/2-1/2\n\n";
+    Game game;
+    for (int ply = 0; ply < 6; ++ply) game.add_move(legal_moves(game)[0]);
+    const auto first = game.pgn();
+    game.set_tag("Black", "an opponent");
+    const auto next = game.pgn();
+    for (std::size_t size = 0; size <= torn_game.size(); ++size) {
+        const auto old = first + torn_game.substr(0, size);
+        home.write(archive, old);
+        ASSERT_FALSE(GameArchive(archive).append(next));
+        const auto text = home.content(archive);
+        ASSERT_TRUE(text.starts_with(old) && text.ends_with(next));
+        const bool is_whole = size == 0 || size + 1 >= torn_game.size();
+        EXPECT_EQ(text.size() == old.size() + next.size(), is_whole) << old;
+
+        PgnFile file;
+        file.open(archive);
+        const auto is_next = [&](const std::string& expected) {
+            Game read;
+            read.parse_pgn(file.read_game());
+            return read.pgn() == expected;
+        };
+        EXPECT_TRUE(is_next(first)) << old;
+        if (size > 0) {
+            Game torn;
+            torn.parse_pgn(file.read_game());
+            EXPECT_EQ(torn.tag("Black"), "?") << "two games have become one: " << text;
+            const bool has_moves = old.find("1.e4 ") != std::string::npos;
+            EXPECT_EQ(has_moves && !torn.forward().empty(), has_moves) << text;
+        }
+        EXPECT_TRUE(is_next(next)) << text;
+        EXPECT_EQ(file.read_game(), "");
+    }
+}
+
 }  // namespace
 }  // namespace velmora
