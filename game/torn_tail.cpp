@@ -18,24 +18,24 @@ namespace {
 constexpr std::uint64_t first_look_back = 1 << 16;
 constexpr std::uint64_t farthest_look_back = 1 << 24;
 
-/// The last line from `begin` on that begins an event tag.
-std::optional<std::uint64_t> last_event_line(BlockReader& reader, std::uint64_t begin) {
-    std::optional<std::uint64_t> found;
+/// The first line behind `begin` that begins an event tag.
+std::optional<std::uint64_t> next_event_line(BlockReader& reader, std::uint64_t begin) {
     reader.seek(begin);
-    if (begin > 0) reader.skip_line();
-    for (; reader.peek() != BlockReader::end_of_file; reader.skip_line()) {
-        if (stands_before_event_tag(reader)) found = reader.offset();
+    for (reader.skip_line(); reader.peek() != BlockReader::end_of_file; reader.skip_line()) {
+        if (stands_before_event_tag(reader)) return reader.offset();
     }
-    return found;
+    return std::nullopt;
 }
 
-std::uint64_t start_of_last_game(BlockReader& reader) {
+/// Where a game begins a little way ahead of the end of the file.
+std::uint64_t start_of_last_games(BlockReader& reader) {
     const auto size = reader.file_size();
-    for (auto look_back = first_look_back;; look_back *= 4) {
-        const auto begin = size - std::min(size, look_back);
-        const auto found = last_event_line(reader, begin);
-        if (found || begin == 0 || look_back >= farthest_look_back) return found.value_or(begin);
+    for (auto look_back = first_look_back; look_back < size; look_back *= 4) {
+        const auto begin = size - look_back;
+        const auto found = next_event_line(reader, begin);
+        if (found || look_back >= farthest_look_back) return found.value_or(begin);
     }
+    return 0;
 }
 
 /// What a header's last line lacks of `[Name "value"]`.
@@ -60,11 +60,14 @@ std::string closing_of_variations(std::string_view game) {
     return std::string(open, ')');
 }
 
-bool ends_with_line_end(BlockReader& reader) {
+/// The line that has no end, as far as it stands in the last bytes; empty when there is none.
+std::string unfinished_line(BlockReader& reader) {
     const auto size = reader.file_size();
-    if (size == 0) return true;
-    reader.seek(size - 1);
-    return reader.peek() == '\n';
+    reader.seek(size - std::min(size, first_look_back));
+    while (reader.extend()) {
+    }
+    const auto bytes = reader.window();
+    return std::string(bytes.substr(bytes.rfind('\n') + 1));
 }
 
 }  // namespace
@@ -72,7 +75,7 @@ bool ends_with_line_end(BlockReader& reader) {
 std::string closing_of_torn_tail(const std::string& path) {
     BlockReader reader;
     if (!reader.open(path)) return {};
-    reader.seek(start_of_last_game(reader));
+    reader.seek(start_of_last_games(reader));
     GameCutter cutter(reader);
     std::string game;
     do {
@@ -89,13 +92,17 @@ std::string closing_of_torn_tail(const std::string& path) {
     if (open == Open::header || open == Open::tag) {
         const auto line = std::string_view(game).substr(game.rfind('\n') + 1);
         if (line.starts_with('[')) closing = closing_of_tag(line);
+        // A tag of another program may go on over lines.
+        if (open == Open::tag && !closing.ends_with(']')) closing += ']';
     } else if (open != Open::nothing) {
         if (open == Open::comment) closing = "}";
         closing += closing_of_variations(game);
     }
-    const bool whole_line = closing.empty() && ends_with_line_end(reader);
-    if (open == Open::nothing) return whole_line ? "" : "\n\n";
-    if (!whole_line) closing += '\n';
+    const auto last_line = unfinished_line(reader);
+    if (open == Open::nothing) return last_line.empty() ? "" : "\n\n";
+    // What stands in an escaped line closes nothing.
+    if (last_line.starts_with('%') || last_line.starts_with("\r%")) closing.insert(0, "\n");
+    if (!closing.empty() || !last_line.empty()) closing += '\n';
     if (open == Open::header || open == Open::tag) closing += '\n';
     return closing + "*\n\n";
 }
