@@ -153,6 +153,16 @@ std::string displayable(std::string_view text) {
     return replaced(valid_utf8(text), std::string_view("\0", 1), '?');
 }
 
+std::string record_text(std::string_view text, std::size_t limit) {
+    std::string result = valid_utf8(utf8_prefix(text, limit));
+    for (char& c : result) {
+        if (is_control(c)) c = ' ';
+        if (c == '{') c = '(';
+        if (c == '}') c = ')';
+    }
+    return result;
+}
+
 std::string_view utf8_prefix(std::string_view text, std::size_t limit) {
     if (text.size() <= limit) return text;
     const auto continues = [text](std::size_t at) {

@@ -57,6 +57,9 @@ std::vector<std::string_view> words(std::string_view text);
 /// Words joined by single blanks.
 std::string join(const std::vector<std::string_view>& words);
 
+/// ASCII's, the delete character among them.
+constexpr bool is_control(char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f'; }
+
 std::string underscores_to_blanks(std::string_view text);
 
 /// Line feeds and carriage returns become blanks, so that any text fits into one line of the channel.
@@ -79,6 +82,11 @@ std::string valid_utf8(std::string_view text);
 
 /// The first `limit` bytes, up to three fewer where the cut would fall into a character.
 std::string_view utf8_prefix(std::string_view text, std::size_t limit);
+
+/// Words of an engine or a file as they may enter a game's record: at most `limit` bytes, cut at a character.
+/// A control character becomes a blank, a brace, which would begin or end a comment, a parenthesis, and a
+/// byte that is no UTF-8 a "?".
+std::string record_text(std::string_view text, std::size_t limit);
 
 /// valid_utf8() with a "?" for each zero byte too, which no widget takes. As many bytes as before.
 std::string displayable(std::string_view text);

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+
+#include "game/pgn_limits.h"
 
 namespace velmora {
 
@@ -9,9 +12,23 @@ namespace velmora {
 /// its end. An annotation ends at the first "]" that isn't within double quotes.
 std::string without_annotations(std::string_view comment);
 
-/// A comment as the user may have typed it, so that it can be read back from a file: braces, which would end
-/// it, become parentheses; a line doesn't begin with a percent sign, which would be skipped; and it is cut to
-/// a length that makes no game unreadable.
+/// A comment as a file can hold it to be read back: braces, which would end it, become parentheses, control
+/// characters other than tabs and line feeds blanks; no line begins with a percent sign, which would be
+/// skipped. One that is longer than `limit` in a file, where each "[%" may bring a line end, loses its oldest
+/// annotations behind the evaluation first, then its end.
+std::string readable_comment(std::string_view comment, std::size_t limit = pgn_limits::comment);
+
+/// Whether readable_comment() changes nothing.
+bool is_readable_comment(std::string_view comment);
+
+/// A comment as the user may have typed it, made readable and cut to the length of one's own.
 std::string comment_from_user(std::string_view text);
+
+/// One value of an annotation that the program makes of an engine's word: nothing in it ends the annotation.
+std::string annotation_value(std::string_view word);
+
+/// The text that ends a game: the result's word, and ahead of it a comment in braces where there is one.
+/// @param comment  words of the referee or an engine, with or without braces around them
+std::string ending_text(std::string_view comment, std::string_view result);
 
 }  // namespace velmora

@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "game/pgn_error.h"
+#include "game/pgn_limits.h"
 
 namespace velmora {
 
@@ -43,6 +44,7 @@ bool begins_result(char c) { return c == '0' || c == '1'; }
 
 void GameCutter::cut(std::string& text) {
     text.clear();
+    m_left_open = Open::nothing;
     if (!m_finder.find()) return;
     m_game_offset = m_reader.offset();
     m_text = &text;
@@ -52,10 +54,15 @@ void GameCutter::cut(std::string& text) {
     }
 }
 
+GameCutter::State GameCutter::end_of_file(Open what) {
+    m_left_open = what;
+    return State::finished;
+}
+
 GameCutter::State GameCutter::copy_between() {
     copy_plain(special_between);
     const int c = next_char();
-    if (c == BlockReader::end_of_file) return State::finished;
+    if (c == BlockReader::end_of_file) return end_of_file(Open::header);
     const auto byte = static_cast<unsigned char>(c);
     if (byte >= 0x80) return State::between;
     if (byte == '*' || is_digit(byte)) return copy_result(static_cast<char>(byte));
@@ -69,7 +76,7 @@ GameCutter::State GameCutter::copy_movetext() {
     copy_plain(special_in_movetext);
     if (stands_in_result()) return copy_result_end();
     const int c = next_char();
-    if (c == BlockReader::end_of_file) return State::finished;
+    if (c == BlockReader::end_of_file) return end_of_file(Open::movetext);
     const auto byte = static_cast<unsigned char>(c);
     if (byte >= 0x80) {
         m_finder.skip_damaged_moves();
@@ -83,7 +90,7 @@ GameCutter::State GameCutter::copy_movetext() {
 /// From behind an opening bracket or brace to behind the closing one, which is not counted.
 GameCutter::State GameCutter::copy_enclosed(Enclosed kind, State behind) {
     const char close = kind == Enclosed::tag ? ']' : '}';
-    const auto limit = kind == Enclosed::tag ? tag_limit : comment_limit;
+    const auto limit = kind == Enclosed::tag ? pgn_limits::tag : pgn_limits::comment;
     const auto& specials = kind == Enclosed::tag ? special_in_tag : special_in_comment;
     const auto opened = m_reader.offset();
     std::size_t count = 0;
@@ -94,8 +101,9 @@ GameCutter::State GameCutter::copy_enclosed(Enclosed kind, State behind) {
         m_reader.consume(length);
         const int c = next_char();
         if (c == BlockReader::end_of_file) {
-            if (kind == Enclosed::comment) m_finder.skip_damaged_comment(opened);
-            return State::finished;
+            if (kind == Enclosed::tag) return end_of_file(Open::tag);
+            m_finder.skip_damaged_comment(opened);
+            return end_of_file(Open::comment);
         }
         *m_text += static_cast<char>(c);
         if (c == close) return behind;

@@ -17,15 +17,17 @@ namespace velmora {
 /// begin with "%" are left out.
 class GameCutter {
 public:
-    /// Longer tags and comments make a game damaged, in bytes between their brackets or braces.
-    static constexpr std::size_t tag_limit = 256;
-    static constexpr std::size_t comment_limit = 1024;
-
     /// REQUIRES: `reader` outlives the cutter.
     explicit GameCutter(BlockReader& reader) : m_reader(reader), m_finder(reader) {}
 
     /// Stores the next game in `text`, nothing at the end of the file. Throws pgn_error.
     void cut(std::string& text);
+
+    /// What the end of the file has cut short.
+    enum class Open { nothing, header, tag, movetext, comment };
+
+    /// What of the text that was cut last the end of the file has left open.
+    Open left_open() const { return m_left_open; }
 
     /// Where the game that was cut last begins in the file.
     std::uint64_t game_offset() const { return m_game_offset; }
@@ -37,6 +39,7 @@ private:
     enum class State { between, movetext, finished };
     enum class Enclosed { tag, comment };
 
+    State end_of_file(Open what);
     State copy_between();
     State copy_movetext();
     State copy_enclosed(Enclosed kind, State behind);
@@ -53,6 +56,7 @@ private:
     std::string* m_text = nullptr;  // while cutting
     std::size_t m_looked_at = 0;    // up to here the text was searched for a result
     std::uint64_t m_game_offset = 0;
+    Open m_left_open = Open::nothing;
 };
 
 }  // namespace velmora

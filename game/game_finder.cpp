@@ -6,6 +6,15 @@
 
 namespace velmora {
 
+bool stands_before_event_tag(BlockReader& reader) {
+    constexpr std::string_view event_tag = "[Event \"";
+    const auto start = reader.offset();
+    const bool found =
+        std::all_of(event_tag.begin(), event_tag.end(), [&reader](char c) { return reader.get() == c; });
+    reader.seek(start);
+    return found;
+}
+
 void GameFinder::skip_damaged_comment(std::uint64_t opened) {
     m_search = Search::event_in_comment;
     m_comment_begin = opened;
@@ -52,7 +61,7 @@ bool GameFinder::find_bracket_on_line() {
 bool GameFinder::find_event_in_comment() {
     m_reader.seek(m_comment_begin);
     for (m_reader.skip_line(); m_reader.offset() < m_comment_end; m_reader.skip_line()) {
-        if (stands_before_event_tag()) return true;
+        if (stands_before_event_tag(m_reader)) return true;
     }
     m_reader.seek(m_comment_end);
     return false;
@@ -70,15 +79,6 @@ bool GameFinder::stands_before_bracket() {
     const auto start = m_reader.offset();
     m_reader.get();
     const bool found = m_reader.peek() != '%';
-    m_reader.seek(start);
-    return found;
-}
-
-bool GameFinder::stands_before_event_tag() {
-    constexpr std::string_view event_tag = "[Event \"";
-    const auto start = m_reader.offset();
-    const bool found =
-        std::all_of(event_tag.begin(), event_tag.end(), [this](char c) { return m_reader.get() == c; });
     m_reader.seek(start);
     return found;
 }

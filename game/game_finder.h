@@ -6,6 +6,9 @@
 
 namespace velmora {
 
+/// Whether the reader stands ahead of `[Event "`, with which nearly every game begins.
+bool stands_before_event_tag(BlockReader& reader);
+
 /// Finds where the next game of a PGN file begins: at the next "[", or, after a damaged game, at a place that
 /// is not the rest of that game.
 class GameFinder {
@@ -34,7 +37,6 @@ private:
     bool find_event_in_comment();
     void go_to_line_start();
     bool stands_before_bracket();
-    bool stands_before_event_tag();
 
     BlockReader& m_reader;
     Search m_search = Search::any_bracket;

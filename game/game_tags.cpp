@@ -1,15 +1,55 @@
 #include "game/game_tags.h"
 
 #include <algorithm>
+#include <span>
 #include <stdexcept>
 
 #include "channel/text.h"
+#include "game/pgn_limits.h"
 
 namespace velmora {
 
 namespace {
 
-constexpr std::size_t strict_value_limit = 100;
+std::string_view printed_name(std::string_view name) { return text::utf8_prefix(name, pgn_limits::tag_name); }
+
+std::string_view printed_value(std::string_view value) {
+    return text::utf8_prefix(value, pgn_limits::tag_value);
+}
+
+/// Whether readers would take what follows a "]" within the value for movetext: to them it ends the tag.
+bool holds_movetext(std::string_view value) {
+    const auto behind = value.substr(std::min(value.find(']'), value.size()));
+    return std::any_of(behind.begin(), behind.end(), [](char c) {
+        return static_cast<unsigned char>(c) >= 0x80 || (c >= '0' && c <= '9') || c == '*' || c == '{' ||
+               c == '[';
+    });
+}
+
+/// Changes what readers would stumble over, byte for byte. Quotes stand as they are.
+void make_readable(std::span<char> value) {
+    const std::string_view text(value.data(), value.size());
+    const bool without_brackets = holds_movetext(text);
+    for (char& c : value) {
+        if (text::is_control(c)) c = ' ';
+        if (without_brackets && c == '[') c = '(';
+        if (without_brackets && c == ']') c = ')';
+    }
+    if (text.ends_with('\\')) value.back() = '/';  // it would escape the closing quote
+}
+
+void make_readable_name(std::span<char> name) {
+    const auto ends_name = [](char c) {
+        return text::is_control(c) || std::string_view(" \"[]").find(c) != std::string_view::npos;
+    };
+    std::ranges::replace_if(name, ends_name, '_');
+}
+
+void append(std::string& text, std::string_view part, void (*make_readable)(std::span<char>)) {
+    const auto begin = text.size();
+    text += part;
+    make_readable(std::span(text).subspan(begin));
+}
 
 }  // namespace
 
@@ -19,7 +59,7 @@ GameTags::GameTags(std::string_view header) {
         const auto name = header.substr(open + 1, name_end - open - 1);
         const auto begin = std::min(header.find_first_not_of(" \"", name_end), header.size());
         const auto end = std::min(header.find('"', begin), header.size());
-        const auto value = text::utf8_prefix(header.substr(begin, end - begin), strict_value_limit);
+        const auto value = text::utf8_prefix(header.substr(begin, end - begin), pgn_limits::tag_value);
         if (text::valid_utf8(value) != value) {
             throw std::logic_error("Game::parse_pgn() tag value: utf-8 error");
         }
@@ -91,9 +131,9 @@ std::string GameTags::print() const {
     text.reserve(printed_size());
     for (const auto& tag : m_tags) {
         text += '[';
-        text += tag.name;
+        append(text, printed_name(tag.name), make_readable_name);
         text += " \"";
-        text += tag.value;
+        append(text, printed_value(tag.value), make_readable);
         text += "\"]\n";
     }
     return text;
@@ -102,17 +142,18 @@ std::string GameTags::print() const {
 std::size_t GameTags::printed_size() const {
     constexpr std::size_t frame = std::string_view("[ \"\"]\n").size();
     std::size_t size = 0;
-    for (const auto& tag : m_tags) size += tag.name.size() + tag.value.size() + frame;
+    for (const auto& tag : m_tags) {
+        size += printed_name(tag.name).size() + printed_value(tag.value).size() + frame;
+    }
     return size;
 }
 
 std::string tag_safe(std::string_view text) {
-    std::string safe(text);
-    for (auto& c : safe) {
-        if (c == '"') c = '\'';
-        if (static_cast<unsigned char>(c) < ' ' || c == '\x7f') c = ' ';
-    }
-    if (safe.ends_with('\\')) safe.back() = '/';  // it would escape the closing quote
+    std::string safe = text::valid_utf8(text);
+    std::ranges::replace(safe, '"', '\'');
+    make_readable(safe);
+    safe = printed_value(text::trim_leading_blanks(safe));
+    make_readable(safe);  // the cut may have left a backslash at the end
     return safe;
 }
 

@@ -33,7 +33,9 @@ public:
     /// The names in the order in which they print.
     std::vector<std::string> order() const;
 
-    /// One line `[Name "value"]` for each tag. Values stand as they were set, nothing is escaped.
+    /// One line `[Name "value"]` for each tag. Values stand as they were set, nothing is escaped, but what
+    /// would make the game unreadable is changed: a name or value that is too long is cut at a character, and
+    /// no control character, bracket ahead of digits or backslash at the end is left.
     std::string print() const;
     /// The length of print() in bytes.
     std::size_t printed_size() const;
@@ -60,9 +62,10 @@ private:
     std::int32_t m_start_move_number = 1;
 };
 
-/// A name or event as it may go into a tag: a double quote, which would end the value, becomes an apostrophe,
-/// a control character a blank, a backslash at the end a slash. For texts of users and engines; values of a
-/// file stay as they were read.
+/// A name or event as it may go into a tag, so that the value which is read back is the one that was set: a
+/// double quote, which would end it, becomes an apostrophe, a control character a blank, a byte that is no
+/// UTF-8 a "?", a backslash at the end a slash; it has no blanks at its front and no more bytes than a value
+/// may have. For texts of users and engines; values of a file stay as they were read.
 std::string tag_safe(std::string_view text);
 
 }  // namespace velmora

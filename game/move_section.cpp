@@ -29,6 +29,7 @@ void MoveSection::set_start(std::int32_t color, std::int32_t move_number) {
 
 void MoveSection::load(std::span<const MoveToken> tokens) {
     m_lines.assign(1, Line{});
+    m_replaced_comment.clear();
     for (const auto& token : tokens) {
         if (!read_token(token)) break;
     }
@@ -47,7 +48,7 @@ bool MoveSection::read_token(const MoveToken& token) {
             add_san(token.text);
             break;
         case TokenKind::comment:
-            m_elements.back().comment = token.text;
+            set_comment(token.text);
             break;
         case TokenKind::nag:
             m_elements.back().nag = token.text;
@@ -77,6 +78,17 @@ void MoveSection::add_number(std::string_view digits) {
 void MoveSection::add_san(std::string_view san) {
     auto& element = is_opened_by_number(m_elements.back()) ? m_elements.back() : append_move();
     element.san = san;
+}
+
+/// A comment replaces the one ahead of it.
+void MoveSection::set_comment(std::string_view text) {
+    auto& comment = m_elements.back().comment;
+    m_replaced_comment.clear();
+    if (!comment.empty()) {
+        m_replaced_comment.swap(comment);
+        m_commented_twice = m_elements.size();
+    }
+    comment = text;
 }
 
 MoveSectionElement& MoveSection::append(std::int32_t pid) {
@@ -147,6 +159,11 @@ void MoveSection::drop_number_without_move() {
 
 void MoveSection::add_result(std::string_view result) {
     drop_number_without_move();
+    if (result != "*" && !m_replaced_comment.empty() && m_commented_twice == m_elements.size()) {
+        // What stands ahead of a result is the comment of the ending: the last move keeps its own.
+        auto& comment = m_elements.back().comment;
+        comment = m_replaced_comment + " " + comment;
+    }
     const bool at_start = m_elements.back().type == ElementType::start_game;
     if (!at_start && result == "*") return;
     auto& element = append(at_start ? 0 : m_lines.back().current);

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "game/element_list.h"
@@ -48,6 +50,7 @@ private:
     bool read_token(const MoveToken& token);
     void add_number(std::string_view digits);
     void add_san(std::string_view san);
+    void set_comment(std::string_view text);
     void open_variation();
     void close_variation();
     void add_result(std::string_view result);
@@ -62,7 +65,9 @@ private:
     std::size_t m_markers = 0;
     std::int32_t m_start_color = 1;
     std::int32_t m_start_move_number = 1;
-    std::vector<Line> m_lines;  // while loading: the main line and the open variations, innermost last
+    std::vector<Line> m_lines;       // while loading: the main line and the open variations, innermost last
+    std::string m_replaced_comment;  // while loading: what the last comment has replaced
+    std::size_t m_commented_twice = 0;  // the number of elements at that time
 };
 
 }  // namespace velmora

@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include "game/annotations.h"
+
 namespace velmora {
 
 namespace {
@@ -12,15 +14,40 @@ void append_number(std::string& text, std::int32_t number) {
     text.append(digits, end);
 }
 
+/// Whatever stands in the record: nothing but its closing brace ends it, and it can be read back.
+void append_comment(std::string& text, std::string_view comment) {
+    text += '{';
+    if (is_readable_comment(comment)) {
+        text += comment;
+    } else {
+        text += readable_comment(comment);
+    }
+    text += '}';
+}
+
+/// A result with or without a sentence; of a sentence with braces, all between the outermost is one comment.
+void append_ending(std::string& text, std::string_view ending) {
+    const auto open = ending.find('{');
+    if (open == std::string_view::npos) {
+        text += ending;
+        return;
+    }
+    const auto close = ending.rfind('}');
+    const auto end = close == std::string_view::npos || close < open ? ending.size() : close;
+    text += ending.substr(0, open);
+    append_comment(text, ending.substr(open + 1, end - open - 1));
+    if (end < ending.size()) text += ending.substr(end + 1);
+}
+
 void append_node_text(std::string& text, const MoveSectionElement& node) {
     switch (node.type) {
         case ElementType::move:
             text += node.san;
             if (!node.nag.empty()) text.append(" ").append(node.nag);
-            if (!node.comment.empty()) text.append(" {").append(node.comment).append("}");
+            if (!node.comment.empty()) append_comment(text += ' ', node.comment);
             break;
         case ElementType::end_game:
-            text.append(" ").append(node.result);
+            append_ending(text += ' ', node.result);
             break;
         case ElementType::begin_variation:
             text += " (";
@@ -57,7 +84,8 @@ void MovetextWriter::write_start() {
     m_text.clear();
     m_text_offset = 0;
     if (!root.comment.empty()) {
-        m_text.append("{").append(root.comment).append("} \n");
+        append_comment(m_text, root.comment);
+        m_text += " \n";
     } else if (m_tree.start_color() == 0) {
         append_number(m_text, m_tree.start_move_number());
         m_text += "...";

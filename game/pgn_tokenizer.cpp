@@ -4,6 +4,7 @@
 #include <array>
 
 #include "channel/text.h"
+#include "game/pgn_limits.h"
 
 namespace velmora {
 
@@ -159,7 +160,7 @@ std::size_t PgnTokenizer::read_tag(std::size_t at) {
     auto end = std::min(m_text.find('"', begin), m_text.size());
     while (end < m_text.size() && m_text[end - 1] == '\\')
         end = std::min(m_text.find('"', end + 1), m_text.size());
-    emit(TokenKind::tag_value, cleaned(m_text.substr(begin, end - begin), tag_value_limit));
+    emit(TokenKind::tag_value, cleaned(m_text.substr(begin, end - begin), pgn_limits::tag_value));
     return end + 1;
 }
 
@@ -167,7 +168,7 @@ std::size_t PgnTokenizer::read_comment(std::size_t at) {
     const char other_end = m_text[at] == '<' ? '>' : '}';
     emit(TokenKind::comment_open, "{");
     const auto end = find(at + 1, [other_end](char c) { return c == '}' || c == other_end; });
-    emit(TokenKind::comment, cleaned(m_text.substr(at + 1, end - at - 1), comment_limit));
+    emit(TokenKind::comment, cleaned(m_text.substr(at + 1, end - at - 1), pgn_limits::pasted_comment));
     return end;
 }
 

@@ -38,12 +38,9 @@ struct MoveToken {
 ///
 /// It takes anything: what is no token is skipped, so the suffixes "!" and "?" vanish, and the words behind a
 /// ";" are read as moves. Moves aren't checked. Angle brackets are comments.
+/// Tag values and comments beyond their limits are cut.
 class PgnTokenizer {
 public:
-    /// Longer tag values and comments are cut to this many bytes.
-    static constexpr std::size_t tag_value_limit = 100;
-    static constexpr std::size_t comment_limit = 2048;
-
     /// The tokens of `text`. The views hold until the next call, or until `text` goes.
     std::span<const MoveToken> tokenize(std::string_view text);
 

@@ -4,7 +4,9 @@
 #include <array>
 #include <stdexcept>
 
+#include "channel/text.h"
 #include "chess/legal_moves.h"
+#include "game/pgn_limits.h"
 
 namespace velmora {
 
@@ -73,7 +75,8 @@ Move parse_move(const ChessPosition& position, std::string_view text) {
 }
 
 std::string loss_of(bool white, std::string_view reason) {
-    return std::string(white ? "0-1 {" : "1-0 {").append(reason).append("}");
+    const std::string comment = text::record_text(reason, pgn_limits::own_comment);
+    return (white ? "0-1 {" : "1-0 {") + comment + "}";
 }
 
 }  // namespace velmora

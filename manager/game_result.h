@@ -40,7 +40,8 @@ bool play_if_legal(ChessPosition& position, Move move);
 /// A move in coordinate form, the empty move when it can't be read. It need not be legal.
 Move parse_move(const ChessPosition& position, std::string_view text);
 
-/// "0-1 {reason}" when White loses, "1-0 {reason}" when Black does.
+/// "0-1 {reason}" when White loses, "1-0 {reason}" when Black does. The reason may hold an engine's words, of
+/// which nothing ends the comment.
 std::string loss_of(bool white, std::string_view reason);
 
 }  // namespace velmora

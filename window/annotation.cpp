@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "channel/text.h"
+#include "game/annotations.h"
 
 namespace velmora {
 
@@ -62,7 +63,7 @@ void annotate(std::string& annotation, std::string_view line, Side side) {
         } else if (word == "nps") {
             found.nodes_per_second = reader.integer<std::int64_t>().value_or(0);
         } else if (word == "depth") {
-            found.depth = reader.word();
+            found.depth = annotation_value(reader.word());
         } else if (word == "hashfull") {
             reader.word();
         }
@@ -74,6 +75,10 @@ void annotate(std::string& annotation, std::string_view line, Side side) {
     if (found.nodes > 0) annotation += "[%acn " + std::to_string(found.nodes) + "]";
     if (found.nodes_per_second > 0) annotation += "[%nps " + std::to_string(found.nodes_per_second) + "]";
     if (!found.depth.empty()) annotation += "[%depth " + found.depth + "]";
+    // An engine may go on for long without telling a score.
+    if (annotation.size() > pgn_limits::own_comment) {
+        annotation = readable_comment(annotation, pgn_limits::own_comment);
+    }
 }
 
 }  // namespace velmora

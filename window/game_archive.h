@@ -11,8 +11,9 @@ class GameArchive {
 public:
     explicit GameArchive(std::string path) : m_path(std::move(path)) {}
 
-    /// Appends the text of one game. Gives the file and the reason when it could not be written; the file is
-    /// then as it was.
+    /// Appends the text of one game, and ahead of it what closes a game that was torn when its writer was
+    /// killed; nothing of the file is taken away. Gives the file and the reason when it could not be written;
+    /// the file is then as it was.
     std::optional<std::string> append(const std::string& pgn) const;
 
     const std::string& path() const { return m_path; }

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "chess/legal_moves.h"
+#include "game/annotations.h"
 #include "game/game_tags.h"
 #include "window/annotation.h"
 #include "window/game_archive.h"
@@ -132,7 +133,8 @@ void MessageDispatcher::play_move(Rest& rest) {
 
 void MessageDispatcher::append_move_time(Rest& rest) {
     m_comments.store();
-    m_desk.game.append_comment("[%time " + std::string(rest.word()) + "]");
+    m_desk.game.append_comment("[%time " + annotation_value(rest.word()) + "]");
+    m_desk.game.set_comment(readable_comment(m_desk.game.comment()));
     m_comments.show();
     m_screen.show_game();
 }
@@ -204,10 +206,7 @@ void MessageDispatcher::end_game(std::string_view result, Rest& rest) {
         if (!m_desk.players[side].elo.empty())
             game.set_tag(elo_tag(side), tag_safe(m_desk.players[side].elo));
     }
-    const auto comment = text::trim_leading_blanks(rest.rest());
-    std::string ending(comment);
-    if (!ending.empty()) ending += ' ';
-    ending += result;
+    std::string ending = ending_text(rest.rest(), result);
     game.set_result(ending);
     // The words of the comment may hold another result; the tag has the referee's.
     game.set_tag("Result", std::string(result));

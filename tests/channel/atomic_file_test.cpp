@@ -1,10 +1,14 @@
 #include "channel/atomic_file.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <stdexcept>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -103,6 +107,37 @@ TEST_F(AtomicFileTest, ADiskThatIsFullLeavesTheOldFileWhole) {
     EXPECT_EQ(reasons, "File too large. File too large. File too large. File too large. ");
     EXPECT_EQ(content("x"), "old");
     EXPECT_EQ(entries(), 1);
+}
+
+TEST_F(AtomicFileTest, TheNextWriteRemovesWhatAKillHasLeft) {
+    const pid_t killed = ::fork();
+    if (killed == 0) {
+        std::signal(SIGXFSZ, SIG_DFL);
+        const rlimit none{0, 0}, small{4096, 4096};
+        ::setrlimit(RLIMIT_CORE, &none);
+        ::setrlimit(RLIMIT_FSIZE, &small);
+        write_file_atomically(path("x"), std::string(10000, 'n'));
+        ::_exit(0);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(killed, &status, 0), killed);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    ASSERT_EQ(entries(), 1);
+    const fs::path left = fs::directory_iterator(path(""))->path();
+    // Without its target's name, as of a process that is gone and of one that lives.
+    write(".velmora-" + std::to_string(killed) + "-0", "");
+    write(".velmora-" + std::to_string(::getpid()) + "-0", "");
+
+    write_file_atomically(path("y"), "another file's");
+    EXPECT_TRUE(fs::exists(left));
+    const int writer = ::open(left.c_str(), O_RDONLY | O_CLOEXEC);
+    ::flock(writer, LOCK_EX);
+    write_file_atomically(path("x"), "1");
+    EXPECT_TRUE(fs::exists(left)) << "somebody is writing it";
+    ::close(writer);
+    write_file_atomically(path("x"), "2");
+    EXPECT_FALSE(fs::exists(left));
+    EXPECT_EQ(entries(), 3) << "the two files, and the living process's neighbour";
 }
 
 }  // namespace

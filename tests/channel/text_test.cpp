@@ -66,5 +66,11 @@ TEST(Text, PrefixesEndBetweenCharacters) {
     EXPECT_EQ(utf8_prefix("\x80\x80\x80\x80\x80\x80", 5), "\x80\x80") << "no character is longer";
 }
 
+TEST(Text, WordsForTheRecordAreBoundedAndHarmless) {
+    EXPECT_EQ(record_text("illegal move: a7a8=Q+", 30), "illegal move: a7a8=Q+");
+    EXPECT_EQ(record_text(std::string_view("5}1-0{\n\0\x7f\xE9\xC3\xA9", 12), 99), "5)1-0(   ?\xC3\xA9");
+    EXPECT_EQ(record_text("a\xC3\xA9z", 2), "a");
+}
+
 }  // namespace
 }  // namespace velmora::text

@@ -29,6 +29,10 @@ TEST(GameTags, KeepTheirOrder) {
     EXPECT_FALSE(tags.contains(""));
     tags.reset();
     EXPECT_EQ(tags.print(), unknown_game);
+    tags.set(std::string(300, 'n') + "] ", std::string(99, 'v') + "\\\"");
+    EXPECT_EQ(tags.print(),
+              unknown_game + ("[" + std::string(153, 'n') + " \"") + std::string(99, 'v') + "/\"]\n");
+    EXPECT_EQ(tags.printed_size(), tags.print().size());
 }
 
 TEST(GameTags, ReadTheStartFromFen) {
@@ -72,7 +76,10 @@ TEST(GameTags, ReadAHeaderStrictly) {
 }
 
 TEST(GameTags, MakesNamesSafe) {
-    EXPECT_EQ(tag_safe("A \"b\"\n\tc\x7f\\d\xC3\xA9\\"), "A 'b'  c \\d\xC3\xA9/");
+    EXPECT_EQ(tag_safe("\tA \"b\"\n\tc\x7f\\d\xC3\xA9\\"), "A 'b'  c \\d\xC3\xA9/");
+    EXPECT_EQ(tag_safe("A [b] c"), "A [b] c");
+    EXPECT_EQ(tag_safe("A [b] 1-0"), "A (b) 1-0") << "to readers a bracket ends the tag";
+    EXPECT_EQ(tag_safe(std::string(99, 'l') + "\xC3\xA9"), std::string(99, 'l'));
 }
 
 }  // namespace

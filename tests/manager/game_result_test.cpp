@@ -105,5 +105,11 @@ TEST(GameResult, FindsTheGeneratedMoveAndRefusesTheRest) {
     EXPECT_EQ(promotion.fen(), "N7/4k3/8/8/8/8/8/4K3 b - - 0 1");
 }
 
+TEST(GameResult, ALossIsOneCommentWhateverTheEngineSaid) {
+    EXPECT_EQ(loss_of(true, "time"), "0-1 {time}");
+    EXPECT_EQ(loss_of(false, "illegal move: e2e5}1-0{"), "1-0 {illegal move: e2e5)1-0(}");
+    EXPECT_LE(loss_of(true, std::string(5000, 'x')).size(), 1000U);
+}
+
 }  // namespace
 }  // namespace velmora

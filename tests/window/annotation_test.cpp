@@ -27,6 +27,7 @@ TEST(Annotation, OneLineOfSearchOutput) {
         {"a bound clears at once", Side::white, "[%eval 1]", " score lowerbound 7 depth 3", "[%depth 3]"},
         {"hashfull's number is no key", Side::white, "", " hashfull 7 depth 3 nodes 0 nps -1", "[%depth 3]"},
         {"numbers that are none", Side::white, "", " score cp x nodes y time z", "[%eval 0]"},
+        {"an engine's braces and brackets", Side::white, "", " depth 5}1-0{]\"[", "[%depth 5)1-0()'(]"},
         {"an endless time is none", Side::white, "", " time 1e300", ""},
     };
     for (const Row& row : rows) {
@@ -34,6 +35,18 @@ TEST(Annotation, OneLineOfSearchOutput) {
         annotate(annotation, row.line, row.side);
         EXPECT_EQ(annotation, row.after) << row.name;
     }
+}
+
+TEST(Annotation, KeepsTheEvaluationAndDropsTheOldestOfTheRest) {
+    std::string annotation;
+    annotate(annotation, " score cp 34 depth 1", Side::white);
+    for (int depth = 2; depth < 1000; ++depth) {
+        annotate(annotation, " depth " + std::to_string(depth), Side::white);
+    }
+    EXPECT_TRUE(annotation.starts_with("[%eval 0.34][%depth 9")) << annotation;
+    EXPECT_TRUE(annotation.ends_with("[%depth 998][%depth 999]")) << annotation;
+    EXPECT_LE(annotation.size(), 900U);
+    EXPECT_GT(annotation.size(), 800U);
 }
 
 }  // namespace

@@ -42,6 +42,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     std::signal(SIGPIPE, SIG_IGN);  // a dead engine must not end the program
+    std::signal(SIGXFSZ, SIG_IGN);  // nor a file that has grown to the system's limit
 
     GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
     velmora::Console console(stdout, [loop] { g_main_loop_quit(loop); });

@@ -41,6 +41,8 @@ int main(int argc, char** argv) {
 
     // Writing to an engine that has died is an error of that write, not the end of the program.
     std::signal(SIGPIPE, SIG_IGN);
+    // Likewise a file that has grown to the system's limit.
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
         Gtk::Main toolkit(argc, argv);
         // Read again: the toolkit has taken its own options out, whose values are no files.
