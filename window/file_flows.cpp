@@ -1,10 +1,8 @@
 #include "window/file_flows.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <stdexcept>
-#include <system_error>
 
 #include "channel/atomic_file.h"
 #include "channel/regular_file.h"
@@ -173,7 +171,9 @@ void FileFlows::choose_polyglot_book() {
     if (!path.empty()) use_polyglot_book(path);
 }
 
-void FileFlows::use_polyglot_book(const std::string& path) { m_manager.send("polyglotbook " + path); }
+void FileFlows::use_polyglot_book(const std::string& path) {
+    if (is_readable(path)) m_manager.send("polyglotbook " + path);
+}
 
 void FileFlows::open(const std::vector<std::string>& paths) {
     if (paths.empty()) return;
@@ -187,13 +187,8 @@ void FileFlows::open_one(const std::string& path) {
     const auto refuse = [this](const std::string& reason) {
         m_screen.tell_user("The file can't be opened", reason);
     };
-    std::error_code fault;
-    const auto status = std::filesystem::status(path, fault);
-    if (!std::filesystem::exists(status)) return refuse("There is no file " + path);
-    const OpenedFile kind = kind_of_file(path);
-    if (kind == OpenedFile::none) return refuse(path + " is no .pgn, .fen, .epd or .bin file");
-    if (!std::filesystem::is_regular_file(status)) return refuse(path + " is no ordinary file");
-    switch (kind) {
+    if (RegularFile(path).is_missing()) return refuse("There is no file " + path);
+    switch (kind_of_file(path)) {
         case OpenedFile::game:
             m_screen.select_mode(Mode::human_human);
             load_game_from(path);
@@ -205,6 +200,7 @@ void FileFlows::open_one(const std::string& path) {
             use_polyglot_book(path);
             break;
         case OpenedFile::none:
+            refuse(path + " is no .pgn, .fen, .epd or .bin file");
             break;
     }
 }

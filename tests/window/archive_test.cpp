@@ -120,7 +120,8 @@ protected:
     test::RecordingSink referee;
     ManagerLink link{referee};
     CommentKeeper comments{desk, screen};
-    MessageDispatcher dispatcher{desk, screen, comments, link, [] {}};
+    SeatedEngine engine{desk, screen, link, [] { return Protocol::uci; }};
+    MessageDispatcher dispatcher{desk, screen, comments, link, engine};
 };
 
 TEST_F(ArchiveTest, WhatIsWrittenIsReadBackWhole) {

@@ -241,6 +241,7 @@ TEST_F(WordsTest, TheWindows) {
         EXPECT_EQ(steps_back(*shown), row.steps) << row.title;
     }
     // A typed move covers neither squares nor clocks, and ends with the window.
+    m_window->unset_focus();
     gui::press_key(*m_window, GDK_KEY_e);
     Gtk::Widget* const move = m_window->get_focus();
     ASSERT_EQ(move->get_accessible()->get_name(), "Move");
