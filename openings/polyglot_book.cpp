@@ -1,7 +1,6 @@
 #include "openings/polyglot_book.h"
 
 #include <algorithm>
-#include <ranges>
 #include <stdexcept>
 
 #include "openings/fen_key.h"
@@ -73,10 +72,16 @@ std::size_t PolyglotBook::first_of_run(std::uint64_t key, std::size_t record) co
     while (first > nearest && key_at(first - 1) == key) --first;
     if (first > nearest || first == 0) return first;
     // No book has so many; a file made so would else be read as far back as it goes.
-    const auto records = std::views::iota(std::size_t{0}, first);
-    const auto found =
-        std::ranges::lower_bound(records, key, {}, [this](std::size_t each) { return key_at(each); });
-    return static_cast<std::size_t>(found - records.begin());
+    std::size_t lower = 0;
+    while (lower < first) {
+        const auto middle = lower + (first - lower) / 2;
+        if (key_at(middle) < key) {
+            lower = middle + 1;
+        } else {
+            first = middle;
+        }
+    }
+    return first;
 }
 
 PolyglotBook::Range PolyglotBook::find(std::uint64_t key) const {
