@@ -8,7 +8,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/packages.sh
 need_packages "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}" "${bench_packages[@]}"
 
-cmake --preset release -DVELMORA_BENCH=ON >/dev/null
+cmake --preset release -DVELMORA_BENCH=ON -DBUILD_TESTING=ON >/dev/null
 cmake --build build/release -- --quiet
 build=build/release
 corpus=$build/game_corpus.pgn
