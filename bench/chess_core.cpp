@@ -10,11 +10,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include "chess/legal_moves.h"
-#include "chess/move_generator.h"
-#include "chess/perft.h"
-#include "chess/position.h"
-#include "chess/san_move.h"
+#include "chess/moves/legal_moves.h"
+#include "chess/moves/move_generator.h"
+#include "chess/moves/perft.h"
+#include "chess/moves/position.h"
+#include "chess/notation/san_move.h"
 
 namespace velmora {
 namespace {

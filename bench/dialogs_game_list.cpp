@@ -15,7 +15,7 @@
 #include <gtkmm/main.h>
 #include <gtkmm/progressbar.h>
 
-#include "dialogs/game_list.h"
+#include "dialogs/files/game_list.h"
 
 namespace velmora {
 namespace {

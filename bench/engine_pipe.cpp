@@ -17,9 +17,9 @@
 
 #include "bench/bare_engine.h"
 #include "channel/line_queue.h"
-#include "chess/position.h"
-#include "engine/engio.h"
-#include "engine/uci_engine.h"
+#include "chess/moves/position.h"
+#include "engine/drivers/uci_engine.h"
+#include "engine/process/engio.h"
 
 namespace {
 

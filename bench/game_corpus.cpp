@@ -10,10 +10,10 @@
 #include <string>
 #include <string_view>
 
-#include "channel/text.h"
-#include "chess/legal_moves.h"
-#include "chess/position.h"
-#include "chess/san_move.h"
+#include "base/text.h"
+#include "chess/moves/legal_moves.h"
+#include "chess/moves/position.h"
+#include "chess/notation/san_move.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "chess/legal_moves.h"
+#include "chess/moves/legal_moves.h"
 #include "game/game.h"
 #include "openings/eco.h"
 #include "openings/polyglot_book.h"

@@ -15,7 +15,7 @@
 #include <sys/resource.h>
 #include <vector>
 
-#include "channel/text.h"
+#include "base/text.h"
 #include "game/game.h"
 #include "game/pgn_file.h"
 #include "game/tag_scanner.h"

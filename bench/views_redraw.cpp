@@ -10,9 +10,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include "views/board_painter.h"
-#include "views/pgn_view.h"
-#include "views/shown_position.h"
+#include "views/board/board_painter.h"
+#include "views/board/shown_position.h"
+#include "views/text/pgn_view.h"
 
 namespace velmora {
 namespace {
@@ -53,7 +53,7 @@ void redraw_board(benchmark::State& state) {
 }
 BENCHMARK(redraw_board)->Args({560, 1})->Args({560, 2})->Args({1200, 1})->Unit(benchmark::kMicrosecond);
 
-/// One step of a drag: what a man in the air uncovers and covers.
+/// One step of a drag: what a piece in the air uncovers and covers.
 void redraw_drag(benchmark::State& state) {
     Scene scene(70);
     scene.images.render(scene.cell);

@@ -87,7 +87,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION games)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What no link shows: the loader of the images, a font that has the chess men, and the icons of the dialogs.
+# What no link shows: the loader of the images, a font that has the chess pieces, and the icons of the dialogs.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "librsvg2-common, fonts-dejavu-core | fonts-freefont-ttf, adwaita-icon-theme, hicolor-icon-theme")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS stockfish)

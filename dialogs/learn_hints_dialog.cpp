@@ -2,7 +2,7 @@
 
 #include <gtkmm/checkbutton.h>
 
-#include "dialogs/modal_dialog.h"
+#include "dialogs/parts/modal_dialog.h"
 
 namespace velmora {
 

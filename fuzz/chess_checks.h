@@ -4,8 +4,8 @@
 #include <iostream>
 #include <string_view>
 
-#include "chess/legal_moves.h"
-#include "chess/position.h"
+#include "chess/moves/legal_moves.h"
+#include "chess/moves/position.h"
 
 namespace velmora::fuzzing {
 

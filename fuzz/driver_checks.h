@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "channel/command_sink.h"
-#include "engine/engine_variables.h"
-#include "engine/engio.h"
+#include "engine/process/engio.h"
+#include "engine/store/engine_variables.h"
 #include "fuzz/chess_checks.h"
 
 namespace velmora::fuzzing {

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "engine/installed_engines.h"
+#include "engine/store/installed_engines.h"
 
 namespace {
 

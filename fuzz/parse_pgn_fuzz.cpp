@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "chess/legal_moves.h"
+#include "chess/moves/legal_moves.h"
 #include "game/game.h"
 
 namespace {

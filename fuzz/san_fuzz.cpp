@@ -5,7 +5,7 @@
 #include <optional>
 #include <stdexcept>
 
-#include "chess/san_move.h"
+#include "chess/notation/san_move.h"
 #include "fuzz/chess_checks.h"
 
 namespace {

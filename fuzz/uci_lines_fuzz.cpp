@@ -1,7 +1,7 @@
 // Lines of a UCI engine and orders between them: every line is posted as it came, with at most its mark.
 
-#include "channel/text.h"
-#include "engine/uci_engine.h"
+#include "base/text.h"
+#include "engine/drivers/uci_engine.h"
 #include "fuzz/driver_checks.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -1,8 +1,8 @@
 // Lines of an xboard engine and orders between them, the first byte choosing its features: what is posted is
 // the line, a resignation, a move or thinking output in the words of UCI, or nothing.
 
-#include "channel/text.h"
-#include "engine/xboard_engine.h"
+#include "base/text.h"
+#include "engine/drivers/xboard_engine.h"
 #include "fuzz/driver_checks.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

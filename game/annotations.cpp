@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "channel/text.h"
+#include "base/text.h"
 
 namespace velmora {
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "channel/regular_file.h"
+#include "base/regular_file.h"
 
 namespace velmora {
 

@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
-#include "chess/legal_moves.h"
-#include "chess/san_move.h"
+#include "chess/moves/legal_moves.h"
+#include "chess/notation/san_move.h"
 #include "game/annotations.h"
 
 namespace velmora {

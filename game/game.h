@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "chess/move.h"
-#include "chess/position.h"
+#include "chess/board/move.h"
+#include "chess/moves/position.h"
 #include "game/game_tags.h"
 #include "game/game_tree.h"
 #include "game/move_section.h"

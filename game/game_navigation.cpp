@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "chess/legal_moves.h"
-#include "chess/san_move.h"
-#include "chess/san_reader.h"
+#include "chess/moves/legal_moves.h"
+#include "chess/notation/san_move.h"
+#include "chess/notation/san_reader.h"
 #include "game/game.h"
 
 namespace velmora {

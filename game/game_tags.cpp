@@ -4,7 +4,7 @@
 #include <span>
 #include <stdexcept>
 
-#include "channel/text.h"
+#include "base/text.h"
 #include "game/pgn_limits.h"
 
 namespace velmora {

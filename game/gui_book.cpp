@@ -5,8 +5,8 @@
 #include <random>
 #include <string_view>
 
-#include "channel/regular_file.h"
-#include "channel/text.h"
+#include "base/regular_file.h"
+#include "base/text.h"
 #include "game/block_reader.h"
 #include "game/game.h"
 #include "game/pgn_error.h"

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "chess/position.h"
+#include "chess/moves/position.h"
 
 namespace velmora {
 

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "channel/text.h"
+#include "base/text.h"
 #include "game/move_numbers.h"
 
 namespace velmora {

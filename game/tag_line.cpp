@@ -4,7 +4,7 @@
 #include <array>
 #include <optional>
 
-#include "channel/text.h"
+#include "base/text.h"
 
 namespace velmora {
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "channel/text.h"
+#include "base/text.h"
 #include "manager/engine_seats.h"
 #include "manager/game_result.h"
 #include "manager/referee_state.h"

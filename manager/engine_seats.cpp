@@ -5,8 +5,8 @@
 #include <stdexcept>
 #include <utility>
 
-#include "channel/text.h"
-#include "engine/installed_engines.h"
+#include "base/text.h"
+#include "engine/store/installed_engines.h"
 
 namespace velmora {
 

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "channel/command_sink.h"
-#include "engine/gui_engine.h"
+#include "engine/drivers/gui_engine.h"
 #include "manager/death_count.h"
 #include "manager/manager_mode.h"
 #include "manager/published_engine.h"

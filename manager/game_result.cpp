@@ -4,8 +4,8 @@
 #include <array>
 #include <stdexcept>
 
-#include "channel/text.h"
-#include "chess/legal_moves.h"
+#include "base/text.h"
+#include "chess/moves/legal_moves.h"
 #include "game/pgn_limits.h"
 
 namespace velmora {
@@ -33,10 +33,10 @@ std::string result(const ChessPosition& position) {
 
 bool is_insufficient_material(const ChessPosition& position) {
     const BoardPosition& board = position.board();
-    const auto men = [&board](PieceKind kind) {
+    const auto pieces = [&board](PieceKind kind) {
         return board.pieces(kind, Side::white) | board.pieces(kind, Side::black);
     };
-    if ((men(PieceKind::pawn) | men(PieceKind::rook) | men(PieceKind::queen)).any()) return false;
+    if ((pieces(PieceKind::pawn) | pieces(PieceKind::rook) | pieces(PieceKind::queen)).any()) return false;
     for (const Side side : {Side::white, Side::black}) {
         if ((board.pieces(PieceKind::knight, side) | board.pieces(PieceKind::bishop, side)).more_than_one()) {
             return false;

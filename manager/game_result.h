@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "chess/move.h"
-#include "chess/position.h"
+#include "chess/board/move.h"
+#include "chess/moves/position.h"
 
 namespace velmora {
 

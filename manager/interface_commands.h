@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "channel/text.h"
+#include "base/text.h"
 #include "manager/analyze_mode.h"
 #include "manager/engine_seats.h"
 #include "manager/learn_mode.h"

@@ -5,7 +5,7 @@
 #include <iostream>
 #include <utility>
 
-#include "channel/text.h"
+#include "base/text.h"
 #include "manager/game_result.h"
 
 namespace velmora {

@@ -6,8 +6,8 @@
 #include <sys/prctl.h>
 #include <utility>
 
-#include "channel/text.h"
-#include "engine/shared_core.h"
+#include "base/text.h"
+#include "engine/process/shared_core.h"
 #include "game/pgn_error.h"
 
 namespace velmora {

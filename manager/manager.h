@@ -6,8 +6,8 @@
 
 #include "channel/command_sink.h"
 #include "channel/line_queue.h"
-#include "engine/engine_variables.h"
-#include "engine/protocol_engine.h"
+#include "engine/drivers/protocol_engine.h"
+#include "engine/store/engine_variables.h"
 #include "manager/analyze_mode.h"
 #include "manager/engine_lines.h"
 #include "manager/engine_seats.h"

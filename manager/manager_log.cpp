@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "channel/text.h"
+#include "base/text.h"
 
 namespace velmora {
 

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <string_view>
 
-#include "channel/log_file.h"
+#include "base/log_file.h"
 
 namespace velmora {
 

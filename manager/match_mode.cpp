@@ -6,9 +6,9 @@
 #include <thread>
 #include <utility>
 
-#include "channel/regular_file.h"
-#include "channel/text.h"
-#include "chess/legal_moves.h"
+#include "base/regular_file.h"
+#include "base/text.h"
+#include "chess/moves/legal_moves.h"
 #include "manager/match_opening.h"
 
 namespace velmora {

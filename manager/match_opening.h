@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "chess/position.h"
+#include "chess/moves/position.h"
 #include "game/gui_book.h"
 #include "tournament/tournament.h"
 

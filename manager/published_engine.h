@@ -3,7 +3,7 @@
 #include <mutex>
 #include <optional>
 
-#include "engine/engine_variables.h"
+#include "engine/store/engine_variables.h"
 
 namespace velmora {
 

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "channel/command_sink.h"
-#include "chess/move.h"
-#include "chess/position.h"
-#include "engine/level.h"
+#include "chess/board/move.h"
+#include "chess/moves/position.h"
+#include "engine/time/level.h"
 #include "manager/manager_log.h"
 #include "manager/manager_mode.h"
 

@@ -2,14 +2,14 @@
 
 #include <cstddef>
 
-#include "channel/text.h"
-#include "chess/random64.h"
+#include "base/text.h"
+#include "chess/board/random64.h"
 
 namespace velmora {
 
 namespace {
 
-/// The men in the order of the book's numbers.
+/// The pieces in the order of the book's numbers.
 constexpr std::string_view kinds = "pPnNbBrRqQkK";
 constexpr std::string_view castling_letters = "KQkq";
 

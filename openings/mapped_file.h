@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "channel/regular_file.h"
+#include "base/regular_file.h"
 
 namespace velmora {
 

@@ -8,10 +8,10 @@
 #include <system_error>
 #include <utility>
 
-#include "channel/atomic_file.h"
-#include "channel/backup_file.h"
-#include "channel/regular_file.h"
-#include "engine/home_dir.h"
+#include "base/atomic_file.h"
+#include "base/backup_file.h"
+#include "base/regular_file.h"
+#include "engine/store/home_dir.h"
 #include "tournament/pairings.h"
 #include "tournament/tournament_file.h"
 #include "tournament/tournament_store.h"

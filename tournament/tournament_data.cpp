@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "channel/text.h"
+#include "base/text.h"
 
 namespace velmora {
 

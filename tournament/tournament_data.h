@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/engine_variables.h"
-#include "engine/level.h"
+#include "engine/store/engine_variables.h"
+#include "engine/time/level.h"
 
 namespace velmora {
 

@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "channel/text.h"
+#include "base/text.h"
 
 namespace velmora::tournament_file {
 namespace {

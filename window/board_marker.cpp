@@ -1,6 +1,6 @@
 #include "window/board_marker.h"
 
-#include "chess/legal_moves.h"
+#include "chess/moves/legal_moves.h"
 
 namespace velmora {
 

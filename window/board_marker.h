@@ -2,15 +2,15 @@
 
 #include <optional>
 
-#include "chess/move.h"
-#include "chess/position.h"
-#include "views/board_marks.h"
+#include "chess/board/move.h"
+#include "chess/moves/position.h"
+#include "views/board/board_marks.h"
 
 namespace velmora {
 
-/// What the board marks: the last move, the selected man with its legal targets, a king in check.
+/// What the board marks: the last move, the selected piece with its legal targets, a king in check.
 /// @param last_move  the empty move for none
-/// @param selected   the square of a man of the side to move
+/// @param selected   the square of a piece of the side to move
 BoardMarks board_marks(const ChessPosition& position, const Move& last_move, std::optional<int> selected);
 
 }  // namespace velmora

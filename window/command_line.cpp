@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "channel/text.h"
+#include "base/text.h"
 #include "dialogs/about_dialog.h"
-#include "window/opened_file.h"
+#include "window/flows/opened_file.h"
 
 namespace velmora {
 

@@ -8,8 +8,8 @@
 #include <glibmm/convert.h>
 #include <glibmm/main.h>
 
-#include "channel/text.h"
-#include "window/typed_move.h"
+#include "base/text.h"
+#include "window/session/typed_move.h"
 
 namespace velmora {
 
@@ -127,7 +127,7 @@ void Interface::connect_views() {
         const auto [from, to] = m_board.get_move();
         m_user_moves.on_board(from, to);
     });
-    m_board.signal_man_picked().connect([this] { m_user_moves.on_man_picked(m_board.picked_square()); });
+    m_board.signal_piece_picked().connect([this] { m_user_moves.on_piece_picked(m_board.picked_square()); });
     m_pgn.signal_clicked().connect([this](int offset) {
         if (offset >= 0) m_navigation.to_text_offset(static_cast<std::size_t>(offset));
     });

@@ -6,10 +6,10 @@
 #include <sigc++/connection.h>
 #include <sigc++/trackable.h>
 
-#include "window/actions.h"
-#include "window/game_desk.h"
-#include "window/screen.h"
-#include "window/secondary_windows.h"
+#include "window/menu/actions.h"
+#include "window/menu/secondary_windows.h"
+#include "window/session/game_desk.h"
+#include "window/session/screen.h"
 
 namespace velmora {
 

@@ -6,8 +6,8 @@
 #include <glibmm/error.h>
 #include <glibmm/main.h>
 
-#include "views/data_directory.h"
-#include "window/navigation.h"
+#include "views/board/data_directory.h"
+#include "window/session/navigation.h"
 
 namespace velmora {
 

@@ -2,7 +2,7 @@
 
 #include <gtkmm/window.h>
 
-#include "window/navigation.h"
+#include "window/session/navigation.h"
 
 namespace velmora {
 

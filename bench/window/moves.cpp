@@ -23,7 +23,7 @@
 
 #include "bench/stamping_engine.h"
 #include "tests/support/gui_driver.h"
-#include "views/board.h"
+#include "views/board/board.h"
 #include "window/interface.h"
 
 namespace {

@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "chess/chess960.h"
-#include "chess/legal_moves.h"
+#include "chess/board/chess960.h"
+#include "chess/moves/legal_moves.h"
 #include "tests/support/positions.h"
 #include "tests/support/thrown_text.h"
 
@@ -30,7 +30,7 @@ TEST(Fen, ReadAndWritten) {
              {"4k3/8/8/8/8/8/8/4K3 w - - 65536 -1", "4k3/8/8/8/8/8/8/4K3 w - - 0 1"},
              {"4k3/8/8/8/8/8/8/4K3 w - - 65535 65535", "4k3/8/8/8/8/8/8/4K3 w - - 65535 65535"},
              {" 4k3/44/8/p7/8/8/P7/4K3\tw\n- -", "4k3/8/8/p7/8/8/P7/4K3 w - - 0 1"},
-             // A rank that is too long leads back to it, and a later man replaces an earlier one.
+             // A rank that is too long leads back to it, and a later piece replaces an earlier one.
              {"N78/K6k w - -", "K6k/8/8/8/8/8/8/8 w - - 0 1"},
          }) {
         ChessPosition position;
@@ -79,7 +79,7 @@ TEST(Fen, Faults) {
              {"8/8/\xE4/8/8/8/8/K6k w - - 0 1", unknown("8/8/\xE4/8/8/8/8/K6k w - - 0 1", "e4")},
              // The character named is counted from the start of the whole text.
              {" 7x/8/8/8/8/8/8/K6k w - -", unknown(" 7x/8/8/8/8/8/8/K6k w - -", "37")},
-             // A king that a later man replaces.
+             // A king that a later piece replaces.
              {"8/8/8/8/8/8/8/8K/r7/8/k6 w - -", syntax("8/8/8/8/8/8/8/8K/r7/8/k6 w - -")},
              {"K78/n6k/8/8 w - -", kings("K78/n6k/8/8 w - -")},
          }) {

@@ -1,13 +1,13 @@
-#include "chess/magic_moves.h"
+#include "chess/board/magic_moves.h"
 
 #include <gtest/gtest.h>
 
-#include "chess/bit_tables.h"
+#include "chess/board/bit_tables.h"
 
 namespace velmora {
 namespace {
 
-/// Walks a line square by square, up to and including the first man.
+/// Walks a line square by square, up to and including the first piece.
 Bitboard walk(Square from, int files, int ranks, Bitboard occupied) {
     Bitboard result;
     int file = from.file() + files;

@@ -21,10 +21,10 @@ public:
 
     explicit Mailbox(const std::string& fen) {
         std::istringstream in(fen);
-        std::string men, side, castling, ep;
-        in >> men >> side >> castling >> ep;
+        std::string pieces, side, castling, ep;
+        in >> pieces >> side >> castling >> ep;
         int square = 56;
-        for (const char c : men) {
+        for (const char c : pieces) {
             if (c == '/')
                 square -= 16;
             else if (std::isdigit(c) != 0)
@@ -47,7 +47,7 @@ public:
         return result;
     }
 
-    /// The squares, as bits, of the colour's men that attack the square.
+    /// The squares, as bits, of the colour's pieces that attack the square.
     std::uint64_t attackers(int square, bool white) const {
         std::uint64_t result = 0;
         for (int from = 0; from < 64; ++from) {
@@ -66,7 +66,7 @@ private:
         int from, to, code;
     };
 
-    static bool is_white(char man) { return std::isupper(man) != 0; }
+    static bool is_white(char piece) { return std::isupper(piece) != 0; }
     char at(int square) const { return m_board[static_cast<std::size_t>(square)]; }
     char& at(int square) { return m_board[static_cast<std::size_t>(square)]; }
     bool own(int square) const { return at(square) != '.' && is_white(at(square)) == m_white; }
@@ -91,7 +91,7 @@ private:
         if (letter != '-') m_castling_rooks.push_back(rank + file);
     }
 
-    /// The squares on a walk of (files, ranks) steps, up to and including the first man.
+    /// The squares on a walk of (files, ranks) steps, up to and including the first piece.
     void walk(int from, int files, int ranks, int steps, std::vector<int>& squares) const {
         int file = from % 8 + files;
         int rank = from / 8 + ranks;
@@ -103,10 +103,10 @@ private:
 
     std::vector<int> attacks(int from) const {
         std::vector<int> squares;
-        const char man = at(from);
-        const char kind = static_cast<char>(std::toupper(man));
+        const char piece = at(from);
+        const char kind = static_cast<char>(std::toupper(piece));
         if (kind == 'P') {
-            for (const int files : {-1, 1}) walk(from, files, is_white(man) ? 1 : -1, 1, squares);
+            for (const int files : {-1, 1}) walk(from, files, is_white(piece) ? 1 : -1, 1, squares);
         } else if (kind == 'N') {
             for (const int a : {-2, -1, 1, 2}) {
                 for (const int b : {-2, -1, 1, 2}) {
@@ -184,17 +184,17 @@ private:
 
     Mailbox made(const Step& step) const {
         Mailbox after(*this);
-        const char man = at(step.from);
+        const char piece = at(step.from);
         after.at(step.from) = '.';
         if (step.code == 6) {
             const int rank = m_white ? 0 : 56;
             after.at(step.to) = '.';
-            after.at(rank + (step.to > step.from ? 6 : 2)) = man;
+            after.at(rank + (step.to > step.from ? 6 : 2)) = piece;
             after.at(rank + (step.to > step.from ? 5 : 3)) = m_white ? 'R' : 'r';
             return after;
         }
         if (step.code == 7) after.at(step.to + (m_white ? -8 : 8)) = '.';
-        const char promoted = step.code >= 2 && step.code <= 5 ? "QRBN"[step.code - 2] : man;
+        const char promoted = step.code >= 2 && step.code <= 5 ? "QRBN"[step.code - 2] : piece;
         after.at(step.to) = m_white ? promoted : static_cast<char>(std::tolower(promoted));
         return after;
     }

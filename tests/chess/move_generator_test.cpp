@@ -1,8 +1,8 @@
-#include "chess/move_generator.h"
+#include "chess/moves/move_generator.h"
 
 #include <gtest/gtest.h>
 
-#include "chess/legal_moves.h"
+#include "chess/moves/legal_moves.h"
 #include "tests/support/positions.h"
 
 namespace velmora {
@@ -64,7 +64,7 @@ TEST(MoveGenerator, CastlingAndEnPassant) {
              {"rook attacked", "4k2r/8/8/8/8/8/8/4K2R w K - 0 1", "e1h1", true},
              {"rook's way attacked", "1r2k3/8/8/8/8/8/8/R3K3 w Q - 0 1", "e1a1", true},
              {"in check", "4r1k1/8/8/8/8/8/8/R3K3 w Q - 0 1", "e1a1", false},
-             {"man between", "4k3/8/8/8/8/8/8/RN2K3 w Q - 0 1", "e1a1", false},
+             {"piece between", "4k3/8/8/8/8/8/8/RN2K3 w Q - 0 1", "e1a1", false},
              {"no right", "4k3/8/8/8/8/8/8/R3K3 w - - 0 1", "e1a1", false},
              {"right without its rook", "4k3/8/8/8/8/8/8/4K3 w KQ - 0 1", "e1b1", false},
              {"right without the king on its rank", "4k3/8/8/8/8/8/4K3/R6R w AH - 0 1", "e2h1", false},

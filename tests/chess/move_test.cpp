@@ -1,10 +1,10 @@
-#include "chess/move.h"
+#include "chess/board/move.h"
 
 #include <sstream>
 
 #include <gtest/gtest.h>
 
-#include "chess/move_list.h"
+#include "chess/moves/move_list.h"
 
 namespace velmora {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "chess/move_generator.h"
+#include "chess/moves/move_generator.h"
 #include "tests/support/positions.h"
 
 namespace velmora {

@@ -1,11 +1,11 @@
-#include "chess/position.h"
+#include "chess/moves/position.h"
 
 #include <string>
 #include <utility>
 
 #include <gtest/gtest.h>
 
-#include "chess/legal_moves.h"
+#include "chess/moves/legal_moves.h"
 #include "tests/support/positions.h"
 #include "tests/support/thrown_text.h"
 
@@ -98,7 +98,7 @@ TEST(Position, RepetitionAndFiftyMoves) {
     position.undo_move();
     EXPECT_TRUE(position.is_repetition(3));  // the mark of the pawn move went with it
 
-    // The same men with other rights are another position.
+    // The same pieces with other rights are another position.
     position = position_of("4k3/8/8/8/8/8/8/4K2R w K - 98 80", "h1g1 e8d8 g1h1");
     EXPECT_TRUE(position.is_fifty());
     position.do_move(position.convert_to_move("d8e8"));

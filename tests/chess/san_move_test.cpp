@@ -1,4 +1,4 @@
-#include "chess/san_move.h"
+#include "chess/notation/san_move.h"
 
 #include <string>
 

@@ -1,9 +1,9 @@
-#include "chess/square.h"
+#include "chess/board/square.h"
 
 #include <gtest/gtest.h>
 
-#include "chess/bitboard.h"
-#include "chess/piece.h"
+#include "chess/board/bitboard.h"
+#include "chess/board/piece.h"
 #include "tests/support/thrown_text.h"
 
 namespace velmora {

@@ -6,10 +6,10 @@
 
 #include <gtest/gtest.h>
 
-#include "chess/legal_moves.h"
-#include "chess/move_generator.h"
-#include "chess/position.h"
-#include "chess/san_move.h"
+#include "chess/moves/legal_moves.h"
+#include "chess/moves/move_generator.h"
+#include "chess/moves/position.h"
+#include "chess/notation/san_move.h"
 #include "tests/chess/mailbox.h"
 
 namespace velmora {

@@ -1,8 +1,8 @@
 #include <future>
 
-#include "dialogs/fen_list.h"
-#include "dialogs/game_list.h"
-#include "dialogs/position_lines.h"
+#include "dialogs/files/fen_list.h"
+#include "dialogs/files/game_list.h"
+#include "dialogs/files/position_lines.h"
 #include "game/pgn_file.h"
 #include "tests/dialogs/dialog_test.h"
 

@@ -1,8 +1,8 @@
 #include <gtkmm/messagedialog.h>
 #include <gtkmm/settings.h>
 
-#include "dialogs/install_dialog.h"
-#include "dialogs/installed_list.h"
+#include "dialogs/engine/install_dialog.h"
+#include "dialogs/engine/installed_list.h"
 #include "tests/dialogs/dialog_test.h"
 
 namespace velmora {

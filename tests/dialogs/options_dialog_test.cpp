@@ -1,9 +1,9 @@
-#include "dialogs/options_dialog.h"
+#include "dialogs/engine/options_dialog.h"
 
 #include <sstream>
 #include <stdexcept>
 
-#include "dialogs/option_lists.h"
+#include "dialogs/engine/option_lists.h"
 #include "tests/dialogs/dialog_test.h"
 
 namespace velmora {

@@ -1,4 +1,4 @@
-#include "dialogs/participants_panel.h"
+#include "dialogs/tournament/participants_panel.h"
 
 #include "tests/dialogs/dialog_test.h"
 

@@ -5,13 +5,13 @@
 #include <gtkmm/textview.h>
 
 #include "dialogs/about_dialog.h"
-#include "dialogs/epd_commands_window.h"
-#include "dialogs/fen_entry.h"
+#include "dialogs/engine/protocol_dialog.h"
 #include "dialogs/learn_hints_dialog.h"
-#include "dialogs/message_box.h"
-#include "dialogs/protocol_dialog.h"
-#include "dialogs/shown_text.h"
+#include "dialogs/parts/message_box.h"
 #include "tests/dialogs/dialog_test.h"
+#include "views/text/epd_commands_window.h"
+#include "views/text/fen_entry.h"
+#include "views/text/shown_text.h"
 
 namespace velmora {
 namespace {

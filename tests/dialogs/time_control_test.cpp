@@ -1,7 +1,7 @@
 #include <gtkmm/radiobutton.h>
 
-#include "dialogs/time_control_dialog.h"
-#include "dialogs/time_control_panel.h"
+#include "dialogs/time/time_control_dialog.h"
+#include "dialogs/time/time_control_panel.h"
 #include "tests/dialogs/dialog_test.h"
 
 namespace velmora {

@@ -3,8 +3,8 @@
 #include <gtkmm/notebook.h>
 #include <gtkmm/radiobutton.h>
 
-#include "dialogs/tournament_dialog.h"
-#include "dialogs/tournament_list.h"
+#include "dialogs/tournament/tournament_dialog.h"
+#include "dialogs/tournament/tournament_list.h"
 #include "tests/dialogs/dialog_test.h"
 #include "tests/support/thrown_text.h"
 

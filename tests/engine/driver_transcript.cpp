@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "channel/text.h"
-#include "chess/legal_moves.h"
-#include "chess/position.h"
+#include "base/text.h"
+#include "chess/moves/legal_moves.h"
+#include "chess/moves/position.h"
 
 namespace velmora {
 namespace {

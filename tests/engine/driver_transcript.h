@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/gui_engine.h"
+#include "engine/drivers/gui_engine.h"
 #include "tests/engine/engine_fixture.h"
 #include "tests/support/recording_sink.h"
 

@@ -10,7 +10,7 @@
 
 #include <glib.h>
 
-#include "channel/text.h"
+#include "base/text.h"
 
 namespace fs = std::filesystem;
 

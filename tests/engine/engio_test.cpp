@@ -1,4 +1,4 @@
-#include "engine/engio.h"
+#include "engine/process/engio.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -7,7 +7,7 @@
 #include <sys/prctl.h>
 #include <thread>
 
-#include "engine/line_receiver.h"
+#include "engine/process/line_receiver.h"
 #include "tests/engine/engine_fixture.h"
 #include "tests/support/recording_sink.h"
 #include "tests/support/thrown_text.h"

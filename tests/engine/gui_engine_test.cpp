@@ -1,12 +1,12 @@
-#include "engine/gui_engine.h"
+#include "engine/drivers/gui_engine.h"
 
 #include <algorithm>
 #include <atomic>
 #include <optional>
 
 #include "channel/line_queue.h"
-#include "chess/position.h"
-#include "engine/protocol_engine.h"
+#include "chess/moves/position.h"
+#include "engine/drivers/protocol_engine.h"
 #include "tests/engine/engine_fixture.h"
 #include "tests/support/recording_sink.h"
 #include "tests/support/thrown_text.h"

@@ -1,11 +1,11 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/engine_variables.h"
-#include "engine/line_splitter.h"
-#include "engine/option.h"
-#include "engine/stopped_searches.h"
-#include "engine/xboard_feature.h"
+#include "engine/drivers/stopped_searches.h"
+#include "engine/drivers/xboard_feature.h"
+#include "engine/process/line_splitter.h"
+#include "engine/store/engine_variables.h"
+#include "engine/store/option.h"
 #include "tests/support/thrown_text.h"
 
 namespace velmora {

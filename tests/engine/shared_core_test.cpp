@@ -1,4 +1,4 @@
-#include "engine/shared_core.h"
+#include "engine/process/shared_core.h"
 
 #include <atomic>
 #include <thread>

@@ -1,8 +1,8 @@
 #include <filesystem>
 #include <sstream>
 
-#include "engine/home_dir.h"
-#include "engine/installed_engines.h"
+#include "engine/store/home_dir.h"
+#include "engine/store/installed_engines.h"
 #include "tests/engine/engine_fixture.h"
 #include "tests/support/thrown_text.h"
 

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/engine_variables.h"
-#include "engine/game_clock.h"
-#include "engine/level.h"
-#include "engine/stopwatch.h"
+#include "base/stopwatch.h"
+#include "engine/store/engine_variables.h"
+#include "engine/time/game_clock.h"
+#include "engine/time/level.h"
 #include "tests/support/thrown_text.h"
 
 namespace velmora {

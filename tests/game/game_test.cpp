@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "chess/san_move.h"
+#include "chess/notation/san_move.h"
 #include "game/annotations.h"
 #include "tests/support/thrown_text.h"
 

@@ -14,8 +14,8 @@
 
 #include <gtest/gtest.h>
 
-#include "channel/text.h"
-#include "chess/san_move.h"
+#include "base/text.h"
+#include "chess/notation/san_move.h"
 #include "game/game.h"
 #include "game/pgn_error.h"
 #include "game/pgn_file.h"

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "chess/legal_moves.h"
+#include "chess/moves/legal_moves.h"
 #include "game/game.h"
 #include "game/pgn_file.h"
 #include "tests/support/scratch_directory.h"

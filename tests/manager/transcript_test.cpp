@@ -28,8 +28,8 @@
 
 #include <gtest/gtest.h>
 
-#include "channel/text.h"
-#include "chess/position.h"
+#include "base/text.h"
+#include "chess/moves/position.h"
 #include "manager/game_result.h"
 #include "tests/manager/referee.h"
 

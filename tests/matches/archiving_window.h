@@ -10,9 +10,9 @@
 
 #include "tests/support/recording_sink.h"
 #include "tests/window/recording_screen.h"
-#include "window/comment_keeper.h"
-#include "window/game_desk.h"
-#include "window/message_dispatcher.h"
+#include "window/session/comment_keeper.h"
+#include "window/session/game_desk.h"
+#include "window/session/message_dispatcher.h"
 
 namespace velmora::test {
 

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "channel/text.h"
+#include "base/text.h"
 #include "manager/game_result.h"
 #include "tests/matches/archiving_window.h"
 #include "tests/support/console_process.h"

@@ -8,9 +8,9 @@
 
 #include <gtest/gtest.h>
 
-#include "chess/legal_moves.h"
-#include "chess/position.h"
-#include "chess/san_move.h"
+#include "chess/moves/legal_moves.h"
+#include "chess/moves/position.h"
+#include "chess/notation/san_move.h"
 
 namespace velmora {
 namespace {

@@ -7,8 +7,8 @@
 
 #include <gtest/gtest.h>
 
-#include "chess/legal_moves.h"
-#include "chess/position.h"
+#include "chess/moves/legal_moves.h"
+#include "chess/moves/position.h"
 #include "tests/support/scratch_directory.h"
 #include "tests/support/thrown_text.h"
 
@@ -159,7 +159,7 @@ TEST_F(PolyglotBookTest, FindsByFen) {
         {"rnbqkbnr/ppp1p1pp/8/3pPp2/8/8/PPPP1PPP/RNBQKBNR w KQkq f6 0 3", 0x22A48B5A8E47FF78},
         {"rnbq1bnr/ppp1pkpp/8/3pPp2/8/8/PPPPKPPP/RNBQ1BNR w - - 0 4", 0x00FDD303C946BDD9},
         {"rnbqkbnr/p1pppppp/8/8/PpP4P/8/1P1PPPP1/RNBQKBNR b KQkq c3 0 3", 0x3C8123EA7B067637},
-        // Odd texts: unknown letters, men off the board, and fields that aren't there count for nothing.
+        // Odd texts: unknown letters, pieces off the board, and fields that aren't there count for nothing.
         {"", 0},
         {"/////PPPP x zz z9 what", 0},
         {"99999999K", 0},

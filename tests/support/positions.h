@@ -3,7 +3,7 @@
 #include <sstream>
 #include <string>
 
-#include "chess/position.h"
+#include "chess/moves/position.h"
 
 namespace velmora::test {
 

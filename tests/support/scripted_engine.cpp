@@ -8,7 +8,7 @@
 #include <poll.h>
 #include <unistd.h>
 
-#include "channel/text.h"
+#include "base/text.h"
 
 namespace velmora::scripted {
 

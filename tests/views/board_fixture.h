@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/gui_driver.h"
-#include "views/chess_board.h"
+#include "views/board/chess_board.h"
 
 namespace velmora {
 

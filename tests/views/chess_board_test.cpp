@@ -1,4 +1,4 @@
-#include "views/chess_board.h"
+#include "views/board/chess_board.h"
 
 #include <stdexcept>
 
@@ -23,7 +23,7 @@ TEST_F(BoardTest, ReportsDragsAndClicks) {
     click(1);
     drag(40, 41);
     EXPECT_THAT(moves, ElementsAre(Pair(12, 28), Pair(36, 36), Pair(1, 1), Pair(41, 41)));
-    EXPECT_EQ(code(28), 1) << "the man stays where he was dropped";
+    EXPECT_EQ(code(28), 1) << "the piece stays where it was dropped";
     EXPECT_EQ(code(12), board.drawing().table().background(12));
     EXPECT_EQ(code(1), 2);
 }
@@ -40,7 +40,7 @@ TEST_F(BoardTest, FlippedBoardSpeaksOfRealSquares) {
     board.flip();
     EXPECT_EQ(board.get_move(), std::pair(63, 47));
     EXPECT_FALSE(board.is_flipped());
-    EXPECT_EQ(code(47), 11) << "the dropped man turns with the board";
+    EXPECT_EQ(code(47), 11) << "the dropped piece turns with the board";
     taker().set_piece('Q', 26);
     EXPECT_EQ(code(26), 5);
     board.flip();
@@ -59,7 +59,7 @@ TEST_F(BoardTest, NothingIsReportedOrLostBesideTheBoard) {
 
 TEST_F(BoardTest, PressOnAManTellsHisSquare) {
     std::vector<std::optional<int>> picked;
-    board.signal_man_picked().connect([&] { picked.push_back(board.picked_square()); });
+    board.signal_piece_picked().connect([&] { picked.push_back(board.picked_square()); });
     board.set_fen(start_fen);
     board.flip();
     gui::press_button(taker(), middle(63 - 12));
@@ -151,7 +151,7 @@ TEST_F(BoardTest, MenStandOnTheirSquaresAtEverySize) {
             EXPECT_GT(rook.red + rook.green + rook.blue, 600) << size;
             EXPECT_LT(king.red, 120) << size;
             EXPECT_GT(gui::distance(rook, picture.at(18, 0.5, 0.6)), clearly)
-                << "a dark square without a man";
+                << "a dark square without a piece";
             EXPECT_GT(gui::distance(picture.at(27, 0.5, 0.5), picture.at(28, 0.5, 0.5)), clearly);
         }
     }
@@ -182,7 +182,7 @@ TEST_F(BoardTest, MarksTintTheSquareAroundItsMan) {
     board.set_marks(marks);
     const Picture after(board);
     EXPECT_GT(gui::distance(before.at(0, 0.05, 0.05), after.at(0, 0.05, 0.05)), 20);
-    EXPECT_EQ(before.at(0, 0.5, 0.6), after.at(0, 0.5, 0.6)) << "the man keeps his colour";
+    EXPECT_EQ(before.at(0, 0.5, 0.6), after.at(0, 0.5, 0.6)) << "the piece keeps its colour";
     EXPECT_GT(gui::distance(before.at(24, 0.5, 0.5), after.at(24, 0.5, 0.5)), 20);
     EXPECT_GT(gui::distance(before.at(40, 0.5, 0.5), after.at(40, 0.5, 0.5)), clearly) << "a dot";
     EXPECT_EQ(before.at(40, 0.1, 0.1), after.at(40, 0.1, 0.1));

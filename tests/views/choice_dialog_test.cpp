@@ -4,8 +4,8 @@
 
 #include "tests/support/gui_driver.h"
 #include "tests/views/board_fixture.h"
-#include "views/piece_choice_dialog.h"
-#include "views/promo_choice_dialog.h"
+#include "views/choice/piece_choice_dialog.h"
+#include "views/choice/promo_choice_dialog.h"
 
 namespace velmora {
 namespace {

@@ -1,11 +1,11 @@
-#include "views/clocks.h"
+#include "views/clocks/clocks.h"
 
 #include <gtkmm/window.h>
 
 #include <gtest/gtest.h>
 
 #include "tests/support/gui_driver.h"
-#include "views/board_with_clocks.h"
+#include "views/board/board_with_clocks.h"
 
 namespace velmora {
 namespace {

@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/gui_driver.h"
-#include "views/analysis_window.h"
-#include "views/comment_editor.h"
-#include "views/pgn_view.h"
+#include "views/text/analysis_window.h"
+#include "views/text/comment_editor.h"
+#include "views/text/pgn_view.h"
 
 namespace velmora {
 namespace {

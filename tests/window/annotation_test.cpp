@@ -1,4 +1,4 @@
-#include "window/annotation.h"
+#include "window/session/annotation.h"
 
 #include <gtest/gtest.h>
 

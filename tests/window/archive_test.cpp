@@ -7,13 +7,13 @@
 
 #include <gtest/gtest.h>
 
-#include "chess/legal_moves.h"
+#include "chess/moves/legal_moves.h"
 #include "game/pgn_file.h"
 #include "tests/support/recording_sink.h"
 #include "tests/support/scratch_directory.h"
 #include "tests/window/recording_screen.h"
-#include "window/game_archive.h"
-#include "window/message_dispatcher.h"
+#include "window/session/game_archive.h"
+#include "window/session/message_dispatcher.h"
 
 namespace velmora {
 namespace {

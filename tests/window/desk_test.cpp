@@ -10,10 +10,10 @@
 #include "tests/support/recording_sink.h"
 #include "tests/support/scratch_directory.h"
 #include "tests/window/recording_screen.h"
-#include "window/message_dispatcher.h"
-#include "window/mode_controller.h"
-#include "window/navigation.h"
-#include "window/user_moves.h"
+#include "window/session/message_dispatcher.h"
+#include "window/session/mode_controller.h"
+#include "window/session/navigation.h"
+#include "window/session/user_moves.h"
 
 namespace velmora {
 namespace {
@@ -62,7 +62,7 @@ protected:
         }
         return values;
     }
-    /// Selects a mode in which the referee moves the men, and forgets what that brought about.
+    /// Selects a mode in which the referee moves the pieces, and forgets what that brought about.
     void select(Mode mode) {
         screen.select_mode(mode);
         referee.take();
@@ -505,7 +505,7 @@ TEST_F(DeskTest, SetUpBuildsAPositionThatThenPlays) {
     screen.select_mode(Mode::setup);
     referee.take();
     EXPECT_EQ(desk.position.rights(), 0);
-    drag("e2", "e2");  // a white man while White is to move: the side changes
+    drag("e2", "e2");  // a white piece while White is to move: the side changes
     EXPECT_EQ(desk.position.fen(), "rnbqkbnr/pppppppp/8/8/8/8/PPPP1PPP/RNBQKBNR b - - 0 1");
     EXPECT_THAT(referee.take(), ElementsAre("0 setboard " + desk.position.fen()));
     drag("e1", "e1");  // kings stay

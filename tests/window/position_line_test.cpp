@@ -1,4 +1,4 @@
-#include "window/position_line.h"
+#include "window/session/position_line.h"
 
 #include <string>
 #include <utility>

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "window/screen.h"
+#include "window/session/screen.h"
 
 namespace velmora {
 

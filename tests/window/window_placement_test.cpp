@@ -1,4 +1,4 @@
-#include "window/window_placement.h"
+#include "window/menu/window_placement.h"
 
 #include <gtest/gtest.h>
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "chess/perft.h"
+#include "chess/moves/perft.h"
 
 namespace velmora {
 

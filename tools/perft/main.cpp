@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-#include "chess/legal_moves.h"
-#include "chess/perft.h"
+#include "chess/moves/legal_moves.h"
+#include "chess/moves/perft.h"
 #include "tools/perft/epd_check.h"
 
 namespace {

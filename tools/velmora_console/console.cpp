@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <utility>
 
-#include "channel/text.h"
+#include "base/text.h"
 
 namespace velmora {
 

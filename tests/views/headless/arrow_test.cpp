@@ -1,4 +1,4 @@
-#include "views/arrow.h"
+#include "views/board/arrow.h"
 
 #include <tuple>
 

@@ -1,9 +1,9 @@
-#include "views/board_marks.h"
+#include "views/board/board_marks.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "views/render_pacer.h"
+#include "views/board/render_pacer.h"
 
 namespace velmora {
 namespace {

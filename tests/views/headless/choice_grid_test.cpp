@@ -1,4 +1,4 @@
-#include "views/choice_grid.h"
+#include "views/choice/choice_grid.h"
 
 #include <filesystem>
 #include <fstream>
@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "views/data_directory.h"
+#include "views/board/data_directory.h"
 
 namespace velmora {
 namespace {

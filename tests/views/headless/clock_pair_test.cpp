@@ -1,4 +1,4 @@
-#include "views/clock_pair.h"
+#include "views/clocks/clock_pair.h"
 
 #include <chrono>
 

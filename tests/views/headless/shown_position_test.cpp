@@ -1,4 +1,4 @@
-#include "views/shown_position.h"
+#include "views/board/shown_position.h"
 
 #include <string>
 
@@ -12,7 +12,7 @@ namespace {
 const std::string empty_rank = "????????";
 const std::string start_letters =
     "RNBQKBNRPPPPPPPP" + empty_rank + empty_rank + empty_rank + empty_rank + "pppppppprnbqkbnr";
-const std::string no_men(64, '?');
+const std::string no_pieces(64, '?');
 
 std::string with(std::string letters, std::size_t square, char letter) {
     letters[square] = letter;
@@ -29,12 +29,12 @@ TEST(ShownPosition, ReadsPlacementAndSide) {
              Row{"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", start_letters, true},
              Row{"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR b KQkq - 0 1", start_letters, false},
              Row{"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR", start_letters, false},
-             Row{"8/8/8/8/8/8/8/7K white", with(no_men, 7, 'K'), false},
-             Row{"", no_men, false},
-             Row{"k", with(no_men, 56, 'k'), false},
-             Row{"8/8/8/8/8/8/8/44", no_men, false},
+             Row{"8/8/8/8/8/8/8/7K white", with(no_pieces, 7, 'K'), false},
+             Row{"", no_pieces, false},
+             Row{"k", with(no_pieces, 56, 'k'), false},
+             Row{"8/8/8/8/8/8/8/44", no_pieces, false},
              // Digits beyond the end of a rank are not checked: the next letter lands where the index points.
-             Row{"8/88/q", with(no_men, 48, 'q'), false},
+             Row{"8/88/q", with(no_pieces, 48, 'q'), false},
          }) {
         const auto position = read_shown_position(row.fen);
         EXPECT_EQ(position.letters, row.letters) << row.fen;
@@ -58,9 +58,9 @@ TEST(ShownPosition, FaultsHaveTheirTexts) {
 }
 
 TEST(ShownPosition, MenInWords) {
-    EXPECT_EQ(describe_men(read_shown_position("4k3/8/8/8/8/8/4P2P/R3K2R w").letters),
+    EXPECT_EQ(describe_pieces(read_shown_position("4k3/8/8/8/8/8/4P2P/R3K2R w").letters),
               "White: king e1, rooks a1, h1, pawns e2, h2. Black: king e8.");
-    EXPECT_EQ(describe_men(no_men), "White: no men. Black: no men.");
+    EXPECT_EQ(describe_pieces(no_pieces), "White: no pieces. Black: no pieces.");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "views/square_table.h"
+#include "views/board/square_table.h"
 
 #include <stdexcept>
 #include <string>
@@ -80,7 +80,7 @@ TEST(SquareTable, UnknownLetterThrowsAndChangesNothing) {
 }
 
 /// A table with a white knight on g1 and a black pawn on f3.
-SquareTable two_men() {
+SquareTable two_pieces() {
     SquareTable table;
     table.set_piece('N', 6);
     table.set_piece('p', 21);
@@ -99,11 +99,11 @@ TEST(SquareTable, DragEndsWhereItMust) {
          {Row{"back to its own square", 6, 6, Move{6, 6}, 2},
           Row{"let go beside the board", 6, {}, Move{6, 6}, 2},
           Row{"from an empty square to another", 30, 31, Move{31, 31}, 2},
-          Row{"from an empty square to a man", 30, 6, Move{6, 6}, 2},
+          Row{"from an empty square to a piece", 30, 6, Move{6, 6}, 2},
           Row{"press beside the board", {}, 31, Move{31, 31}, 2},
-          Row{"release beside the board without a man", 30, {}, {}, 2}, Row{"away", 6, 23, Move{6, 23}, 7},
-          Row{"onto another man", 6, 21, Move{6, 21}, 7}}) {
-        SquareTable table = two_men();
+          Row{"release beside the board without a piece", 30, {}, {}, 2}, Row{"away", 6, 23, Move{6, 23}, 7},
+          Row{"onto another piece", 6, 21, Move{6, 21}, 7}}) {
+        SquareTable table = two_pieces();
         table.begin_drag(row.press, {});
         EXPECT_EQ(table.end_drag(row.release), row.move) << row.name;
         EXPECT_EQ(table.code(6) == 2, row.code_on_g1 == 2) << row.name;
@@ -112,13 +112,13 @@ TEST(SquareTable, DragEndsWhereItMust) {
 }
 
 TEST(SquareTable, NewPositionDuringADragKeepsTheManInTheAirOrLetsHimGo) {
-    SquareTable table = two_men();
+    SquareTable table = two_pieces();
     table.begin_drag(6, {});
     std::string letters(64, '?');
     letters[6] = 'N';
     table.set_pieces(letters);
     EXPECT_TRUE(table.dragging());
-    EXPECT_EQ(table.code(6), table.background(6)) << "he must not be seen twice";
+    EXPECT_EQ(table.code(6), table.background(6)) << "it must not be seen twice";
     letters[6] = 'r';
     table.set_pieces(letters);
     EXPECT_FALSE(table.dragging());
@@ -126,7 +126,7 @@ TEST(SquareTable, NewPositionDuringADragKeepsTheManInTheAirOrLetsHimGo) {
 }
 
 TEST(SquareTable, TurningPutsEverythingOppositeAlsoTheManInTheAir) {
-    SquareTable table = two_men();
+    SquareTable table = two_pieces();
     table.begin_drag(6, {});
     table.turn();
     EXPECT_EQ(table.code(57), 2);

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "views/pane_text.h"
-#include "views/pgn_text.h"
+#include "views/text/pane_text.h"
+#include "views/text/pgn_text.h"
 
 namespace velmora {
 namespace {

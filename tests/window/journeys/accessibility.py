@@ -117,10 +117,10 @@ class Accessibility(Journey):
         # Every square says what stands on it.
         ranks = "rnb1kbnr/pppp1ppp/8/4p3/6Pq/5P2/PPPPP2P/RNBQKBNR".split("/")
         for rank, row in zip("87654321", ranks):
-            men = "".join("." * int(c) if c.isdigit() else c for c in row)
-            for file, man in zip("abcdefgh", men):
-                colour = "white" if man.isupper() else "black"
-                content = "empty" if man == "." else f"{colour} {PIECES[man.lower()]}"
+            pieces = "".join("." * int(c) if c.isdigit() else c for c in row)
+            for file, piece in zip("abcdefgh", pieces):
+                colour = "white" if piece.isupper() else "black"
+                content = "empty" if piece == "." else f"{colour} {PIECES[piece.lower()]}"
                 self.assertEqual(program.square(file + rank).get_name(), f"{file}{rank}, {content}")
         program.close()
 

@@ -297,8 +297,8 @@ class Velmora:
     def show_pgn(self):
         return self.show_text("Show PGN", "PGN")
 
-    def choose_man(self, column, row, columns=2, rows=2):
-        """Clicks a man in the promotion chooser, or with other sizes in that of the set-up mode."""
+    def choose_piece(self, column, row, columns=2, rows=2):
+        """Clicks a piece in the promotion chooser, or with other sizes in that of the set-up mode."""
         dialog = wait_until(lambda: self.find("dialog"), "the chooser")
         box = place(wait_until(lambda: self.find("drawing area", root=dialog), "its images"))
         click_at(box.x + box.width * (1 + 2 * column) // (2 * columns),
@@ -308,7 +308,7 @@ class Velmora:
     def promote(self, squares, letter):
         """Drags a pawn to the last rank and picks queen, rook, bishop or knight."""
         self.drag(squares)
-        self.choose_man("qrbn".index(letter) % 2, "qrbn".index(letter) // 2)
+        self.choose_piece("qrbn".index(letter) % 2, "qrbn".index(letter) // 2)
         self.wait_for_log("usermove " + squares + letter)
 
     def play(self, *moves):

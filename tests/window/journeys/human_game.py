@@ -24,7 +24,7 @@ class HumanGame(Journey):
             wait_until(lambda: program.fen() != shown[-1], "the position after " + move)
             shown.append(program.fen())
             if move in ("e8c8", "g4e6"):
-                # Not the side's turn, no such move, off the board: nothing is sent and the man snaps back.
+                # Not the side's turn, no such move, off the board: nothing is sent and the piece snaps back.
                 for illegal in ("h7h6" if move == "g4e6" else "f3f7", "a1a5", "b1b1"):
                     program.drag(illegal)
                 self.assertEqual(program.fen(), shown[-1])
@@ -53,7 +53,7 @@ class HumanGame(Journey):
         program.click_square("e4")
         program.wait_for("dialog")
         program.screenshot("setup-chooser")
-        program.choose_man(1, 3, 3, 4)
+        program.choose_piece(1, 3, 3, 4)
         program.expect_fen("rnb1kbnr/pppppppp/8/1P6/4q3/8/1PPPPPPP/RNBQKBNR w - - 0 1")
         program.started = time.monotonic()  # no click counts in the half second after the chooser
         program.choose("Mode", "Human - human")

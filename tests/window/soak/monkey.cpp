@@ -10,7 +10,7 @@
 #include <gtkmm/entry.h>
 #include <gtkmm/main.h>
 
-#include "chess/legal_moves.h"
+#include "chess/moves/legal_moves.h"
 
 namespace velmora::soak {
 

@@ -12,11 +12,11 @@
 #include <gtkmm/dialog.h>
 #include <gtkmm/filechooserdialog.h>
 
-#include "chess/move.h"
+#include "chess/board/move.h"
 #include "tests/support/gui_driver.h"
 #include "tests/support/workplace.h"
 #include "tests/window/soak/position_check.h"
-#include "views/board.h"
+#include "views/board/board.h"
 #include "window/interface.h"
 
 namespace velmora::soak {

@@ -5,8 +5,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "channel/text.h"
-#include "chess/legal_moves.h"
+#include "base/text.h"
+#include "chess/moves/legal_moves.h"
 
 namespace velmora::soak {
 

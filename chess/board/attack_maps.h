@@ -1,0 +1,58 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "chess/board/bitboard.h"
+#include "chess/board/board_position.h"
+#include "chess/board/piece.h"
+#include "chess/board/side.h"
+#include "chess/board/square.h"
+
+namespace velmora {
+
+/// Who attacks what, with the real occupancy; attacked squares include those with own pieces.
+///
+/// The maps belong to one board and are completed when they are first asked for after a change. A copy starts
+/// without them, so copying a position does not copy them.
+class AttackMaps {
+public:
+    AttackMaps() = default;
+    AttackMaps(const AttackMaps&) {}
+    AttackMaps& operator=(const AttackMaps&) {
+        drop();
+        return *this;
+    }
+
+    /// Marks the maps as out of date.
+    void drop() { m_complete = false; }
+    bool complete() const { return m_complete; }
+    void compute(const BoardPosition& board);
+
+    // REQUIRES of all that follow: complete().
+
+    /// What the piece on the square attacks; empty for an empty square.
+    Bitboard attacks_from(Square square) const {
+        return m_from[static_cast<std::size_t>(square.value() & 63)];
+    }
+    /// All that the colour attacks.
+    Bitboard attacks(Side side) const { return m_unions[side][0]; }
+    /// What the colour's pieces of one kind attack.
+    Bitboard attacks(PieceKind kind, Side side) const {
+        return m_unions[side][static_cast<std::size_t>(kind)];
+    }
+
+private:
+    std::array<Bitboard, 64> m_from;
+    BySide<std::array<Bitboard, 8>> m_unions;  // by kind, 0 for all kinds
+    bool m_complete = false;
+};
+
+/// What a piece attacks from a square, on the given occupancy; empty for no piece.
+Bitboard attacks_of(Piece piece, Square square, Bitboard occupied);
+
+/// The pieces of a colour that attack the square, on the given occupancy; empty off the board. Pieces that
+/// are not in `occupied` still count as attackers.
+Bitboard attackers_to(const BoardPosition& board, Square square, Side by, Bitboard occupied);
+
+}  // namespace velmora

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "chess/board/bitboard.h"
+#include "chess/board/side.h"
+#include "chess/board/square.h"
+
+namespace velmora {
+
+/// The fixed geometry of the board. The origin square is left out of each set unless said otherwise.
+///
+/// All members take squares on the board.
+class BitTables {
+public:
+    /// Directions of rays(), in this order: east, north-east, north, north-west, west, south-west, south,
+    /// south-east.
+    static constexpr int directions = 8;
+
+    constexpr BitTables();
+
+    /// From the square to the edge.
+    Bitboard rays(int direction, Square square) const { return m_rays[index(direction)][index(square)]; }
+
+    Bitboard rook_lines(Square square) const { return m_rook_lines[index(square)]; }
+    Bitboard bishop_lines(Square square) const { return m_bishop_lines[index(square)]; }
+    Bitboard queen_lines(Square square) const { return rook_lines(square) | bishop_lines(square); }
+
+    /// The 3 by 3 block around the square, origin included, clipped at the edges.
+    Bitboard block(Square square) const { return king_moves(square) | square.bit(); }
+
+    /// The ray that leaves a in the direction of b; empty when they share no line or are the same.
+    Bitboard ray_through(Square a, Square b) const { return m_ray_through[index(a)][index(b)]; }
+
+    /// The squares strictly between a and b on their common line; empty when there is none.
+    Bitboard between(Square a, Square b) const { return m_between[index(a)][index(b)]; }
+
+    /// between() and both a and b, also for squares that share no line.
+    Bitboard between_inclusive(Square a, Square b) const { return between(a, b) | a.bit() | b.bit(); }
+
+    Bitboard knight_moves(Square square) const { return m_knight_moves[index(square)]; }
+    Bitboard king_moves(Square square) const { return m_king_moves[index(square)]; }
+    Bitboard pawn_attacks(Square square, Side side) const { return m_pawn_attacks[side][index(square)]; }
+
+private:
+    using BySquare = std::array<Bitboard, 64>;
+
+    static constexpr std::size_t index(Square square) { return static_cast<std::size_t>(square.value()); }
+    static constexpr std::size_t index(int direction) { return static_cast<std::size_t>(direction); }
+
+    constexpr void set_steps(Square square);
+    constexpr void set_rays(Square square);
+
+    std::array<BySquare, directions> m_rays{};
+    BySquare m_rook_lines{};
+    BySquare m_bishop_lines{};
+    std::array<BySquare, 64> m_ray_through{};
+    std::array<BySquare, 64> m_between{};
+    BySquare m_knight_moves{};
+    BySquare m_king_moves{};
+    BySide<BySquare> m_pawn_attacks{};
+};
+
+/// The one instance, made by the compiler.
+extern const BitTables bit_tables;
+
+}  // namespace velmora

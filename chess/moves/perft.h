@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+#include "chess/moves/position.h"
+
+namespace velmora {
+
+/// What happens at the last ply of a count: the length of the list is taken, or every move is made and taken
+/// back.
+enum class Leaves { counted, made };
+
+/// The number of sequences of `depth` legal moves; 1 for depth 0. The position is the same afterwards.
+template <Leaves leaves = Leaves::counted>
+std::uint64_t perft(ChessPosition& position, int depth);
+
+extern template std::uint64_t perft<Leaves::counted>(ChessPosition&, int);
+extern template std::uint64_t perft<Leaves::made>(ChessPosition&, int);
+
+}  // namespace velmora

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <gtkmm/box.h>
+
+#include "dialogs/parts/numbered_list.h"
+
+namespace velmora {
+
+/// The list of the tournaments on disk.
+class TournamentList : public Gtk::VBox {
+public:
+    class ModelColumns : public NumberedColumns {
+    public:
+        ModelColumns() { add(name); }
+        Gtk::TreeModelColumn<Glib::ustring> name;
+    };
+
+    explicit TournamentList(std::vector<std::string> names);
+
+    /// The name in the selected row, empty when none is.
+    std::string selected();
+
+    void select_first() { m_list.select_first(); }
+    /// A row was double-clicked or Enter pressed on it.
+    sigc::signal<void>& signal_answered() { return m_list.signal_answered(); }
+
+private:
+    TournamentList(std::vector<std::string> names, const ModelColumns& columns);
+
+    const std::vector<std::string> m_names;  // in row order, as they stand on disk
+    NumberedList m_list;
+};
+
+/// What the user wants done with a tournament.
+struct TournamentChoice {
+    enum class Action { none, remove, cancel, load };
+    Action action = Action::none;
+    std::string name;  ///< for `remove` and `load`
+};
+
+/// The dialog "Load Tournament". "LOAD" without a selected row leaves it open; "DELETE" without one, and
+/// leaving it in another way than by "CANCEL", are no action.
+TournamentChoice choose_tournament(Gtk::Window& parent, const std::vector<std::string>& names);
+
+}  // namespace velmora

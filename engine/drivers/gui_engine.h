@@ -1,0 +1,141 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <pthread.h>
+#include <stop_token>
+#include <string>
+#include <thread>
+
+#include "base/log_file.h"
+#include "channel/command_sink.h"
+#include "engine/store/engine_variables.h"
+
+namespace velmora {
+
+class BaseEngine;
+class ChessPosition;
+class Engio;
+
+/// One engine place of the referee: the process, its reader thread, its record and the present driver.
+///
+/// With no driver every question has a harmless answer and every command does nothing. All operations are
+/// called on the referee's thread; the engine's lines reach `manager` from the reader thread, each as the
+/// engine's number, a blank, the instance id, a blank and the line.
+class GuiEngine {
+public:
+    /// `probe_interval` is the sleep between two looks for the engine's answer in the handshake. Once
+    /// `leaving` is stopped, nothing waits for the engine any more: a probe fails, and so does a write that
+    /// isn't taken.
+    explicit GuiEngine(std::chrono::milliseconds probe_interval = std::chrono::milliseconds(50),
+                       std::stop_token leaving = {});
+    /// Quits the process and joins the reader, as unload_engine().
+    ~GuiEngine();
+
+    GuiEngine(const GuiEngine&) = delete;
+    GuiEngine& operator=(const GuiEngine&) = delete;
+
+    /// Starts the program and finds out its protocol; blocks for up to 15 seconds. Afterwards is_alive()
+    /// tells whether an engine is there. An `id` below 1 only makes a driver, no process. `manager` may be
+    /// null: then lines go nowhere; it must outlive the loaded engine.
+    void load_engine(CommandSink* manager, std::uint32_t id, const std::string& filename, Protocol protocol);
+
+    /// Replaces the process by a fresh one of the same program. The caller then gives back what a driver does
+    /// not keep, in this order: set_debug_stream() and set_logging(), set_ponder(), set_instance_id(),
+    /// set_enginevariables() with the record of before, set_level().
+    void reload_engine();
+
+    /// Quits the process, joins the reader and deletes the driver. A process that ignores "quit" stays
+    /// behind.
+    void unload_engine();
+
+    /// A copy of the record. Throws std::logic_error with no driver.
+    EngineVariables get_enginevariables() const;
+    /// Takes over name, file name, player name, Elo, handicap and the values of the options that the engine
+    /// announced, and sends all its options; neither level nor protocol.
+    void set_enginevariables(const EngineVariables& variables);
+
+    /// Sets an option that the engine announced. An engine that thinks about its move gets it afterwards; an
+    /// analysis or a ponder search is interrupted for it.
+    void set_option(const std::string& name, const std::string& value);
+
+    Options get_options() const;
+    Level get_level() const;
+    /// Sets the level, and the clock from it with the record's handicap.
+    void set_level(const Level& level);
+
+    bool is_alive() const;
+    bool has_crashed() const;
+    bool is_white() const;
+    void set_white(bool white);
+    std::uint32_t get_engine_id() const;
+    /// The protocol that the probe found.
+    Protocol protocol() const { return m_protocol; }
+    /// Idle with no driver. A caller stops a thinking engine before go(), which throws otherwise; a ponder
+    /// search is go()'s own affair.
+    EngineStatus status() const;
+
+    // The clock, milliseconds.
+    std::int32_t time_left() const;
+    std::int32_t move_time() const;
+    /// When the clock was stopped by the last move.
+    std::chrono::steady_clock::time_point moved_at() const;
+    std::int32_t increment() const;
+    std::int64_t opponent_time() const;
+    std::int32_t moves_to_go() const;
+    void set_opponent_time(std::int64_t milliseconds);
+    void restart_clock();
+    void start_clock();
+    void move_and_stop_clock(std::uint32_t stamp);
+    void set_moves_done(std::int32_t moves);
+
+    std::string engine_name() const;
+    std::string player_name() const;
+    std::string elo() const;
+
+    void set_ponder(bool on);
+    void new_game();
+    void set_position(const ChessPosition& position);
+    void go();
+    void go_infinite();
+    void stop();
+
+    void clear_queue();
+    /// Switches the engine's log file and the driver's trace; kept for later loads.
+    void set_logging(bool on);
+    /// Where the driver's trace goes; must outlive the loaded engine. Null for nowhere.
+    void set_debug_stream(LogFile* stream);
+    void set_instance_id(std::uint64_t instance_id);
+
+    /// The thread that the engine's lines arrive on; none without a process. Stands until the next load or
+    /// unload.
+    std::optional<pthread_t> reader();
+
+private:
+    void start_process();
+    void end_process();
+    void restart_process();
+    void replace_probe();
+    void quit_engine();
+    template <class Answer, class Question>
+    Answer ask(Answer absent, Question question) const;
+    template <class Change>
+    void tell(Change change);
+
+    const std::chrono::milliseconds m_probe_interval;
+    const std::stop_token m_leaving;
+
+    CommandSink* m_manager = nullptr;  // borrowed; null before the first load
+    std::unique_ptr<Engio> m_engio;
+    EngineVariables m_variables;  // shared with the driver, guarded by the driver's mutex while there is one
+    std::unique_ptr<BaseEngine> m_engine;  // null when none is loaded
+    Protocol m_protocol = Protocol::autodetect;
+    std::string m_filename;
+    std::uint32_t m_engine_id = 0;
+    bool m_debug = false;
+    std::thread m_reader;  // runs *m_engio
+};
+
+}  // namespace velmora

@@ -1,0 +1,195 @@
+#include "engine/drivers/uci_engine.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <stdexcept>
+#include <utility>
+
+#include "base/text.h"
+
+namespace velmora {
+
+namespace {
+
+/// The number behind the last "TS=" of a line, where the reader has put it; 0 when there is none.
+std::uint32_t arrival_stamp_of(std::string_view line) {
+    const auto place = line.rfind("TS=");
+    if (place == std::string_view::npos) return 0;
+    return text::WordReader(line.substr(place + 3)).integer<std::uint32_t>().value_or(0);
+}
+
+}  // namespace
+
+std::string UciEngine::position_text() const {
+    constexpr std::size_t longest_move = 6;  // with its blank
+    const std::string start = m_position.start_fen();
+    const auto moves = m_position.moves();
+    std::string text;
+    text.reserve(start.size() + longest_move * moves.size() + 20);
+    text += "position fen " + start + " moves";
+    const bool chess960 = is_chess960();
+    for (const Move& move : moves) {
+        text += ' ';
+        text += move.to_string(chess960);
+    }
+    return text;
+}
+
+std::string UciEngine::time_text(Overstepped overstepped) const {
+    const EngineVariables& engine = variables();
+    const std::int64_t least = overstepped == Overstepped::raised_to_1 ? 1 : INT64_MIN;
+    const std::string own = std::to_string(std::max<std::int64_t>(engine.clock.time_left(), least));
+    const std::string other = std::to_string(std::max(engine.opponent_time, least));
+    const std::string increment = std::to_string(engine.level.inc_ms());
+    std::string text = "go wtime " + (engine.is_white ? own : other) + " btime " +
+                       (engine.is_white ? other : own) + " winc " + increment + " binc " + increment;
+    // Two blanks: engines have always been sent it so.
+    const auto moves_to_go = engine.clock.moves_to_go();
+    if (moves_to_go > 0) text += "  movestogo " + std::to_string(moves_to_go);
+    return text;
+}
+
+std::string UciEngine::go_text() const {
+    const Level& level = variables().level;
+    switch (level.level_t()) {
+        case LevelType::fixed_depth:
+            return "go depth " + std::to_string(level.depth());
+        case LevelType::fixed_nodes:
+            return "go nodes " + std::to_string(level.nodes());
+        case LevelType::fixed_movetime:
+            return "go movetime " + std::to_string(level.movetime());
+        case LevelType::sudden_death:
+        case LevelType::sessions:
+            break;
+    }
+    return time_text(Overstepped::raised_to_1);
+}
+
+void UciEngine::do_go() {
+    if (variables().status == EngineStatus::thinking) {
+        throw std::logic_error("UciEngine::go():   engine already thinking");
+    }
+    if (variables().status == EngineStatus::pondering) {
+        if (ponder_hit()) return;
+        stop_search();
+        trace(" <- UciEngine::go()    stop");
+    }
+    m_interrupted = Interrupted::nothing;
+    m_analyses = false;
+    send_waiting_options();
+    const std::string position = position_text();
+    const std::string command = go_text();
+    send_together({position, "isready", command});
+    trace(" <- UciEngine::go()    ", position);
+    start_search();
+    trace(" start_clock()  time=", std::to_string(variables().clock.time_left()));
+    trace(" <- UciEngine::go()    ", command);
+}
+
+/// Goes on with the ponder search when the opponent has played what the engine expected.
+bool UciEngine::ponder_hit() {
+    if (coordinates(m_position.last_move()) != m_ponder_move) return false;
+    m_analyses = false;
+    send("ponderhit");
+    trace(" <- UciEngine::go()    ponderhit");
+    start_search();
+    return true;
+}
+
+void UciEngine::do_go_infinite() {
+    m_interrupted = Interrupted::nothing;
+    m_analyses = true;
+    send_waiting_options();
+    const std::string position = position_text();
+    send_together({position, "go infinite"});
+    trace(" <- UciEngine::go_infinite()    ", position);
+    variables().status = EngineStatus::thinking;
+    trace(" <- UciEngine::go_infinite()    go infinite");
+}
+
+void UciEngine::goponder() {
+    const std::lock_guard lock(m_mutex);
+    do_goponder();
+}
+
+void UciEngine::do_goponder() {
+    if (variables().status != EngineStatus::idle) {
+        throw std::logic_error("UciEngine::goponder() while engine not idle");
+    }
+    send_waiting_options();
+    // The clock numbers go out whatever the level's mode is, and also below 1.
+    send_together({position_text(), time_text(Overstepped::as_it_is) + " ponder"});
+    variables().status = EngineStatus::pondering;
+}
+
+void UciEngine::stop_search() {
+    send("stop");
+    m_stopped.add(0);
+}
+
+void UciEngine::do_set_position(const ChessPosition& position) {
+    m_position = position;
+    m_interrupted = Interrupted::nothing;
+}
+
+void UciEngine::make_way_for_options() {
+    EngineStatus& status = variables().status;
+    const bool ponders = status == EngineStatus::pondering;
+    if (!ponders && (status == EngineStatus::idle || !m_analyses)) return;
+    stop_search();
+    status = EngineStatus::idle;
+    m_interrupted = ponders ? Interrupted::pondering : Interrupted::analysis;
+}
+
+void UciEngine::come_to_rest() {
+    PlayingEngine::come_to_rest();
+    const auto interrupted = std::exchange(m_interrupted, Interrupted::nothing);
+    if (interrupted == Interrupted::analysis) do_go_infinite();
+    if (interrupted == Interrupted::pondering) do_goponder();
+}
+
+void UciEngine::do_stop() {
+    m_interrupted = Interrupted::nothing;
+    if (variables().status == EngineStatus::idle) return;
+    stop_search();
+    variables().status = EngineStatus::idle;
+    trace(" <- UciEngine::stop()");
+}
+
+void UciEngine::do_new_game() {
+    do_stop();
+    variables().clock.restart();
+    m_position.new_game();
+    send("ucinewgame");
+    send("isready");
+}
+
+std::string UciEngine::translate(std::string line) {
+    if (text::first_word(line) != "bestmove") return line;
+    if (m_stopped.pay()) return line + " stopped";
+    take_bestmove(line);
+    return line;
+}
+
+void UciEngine::take_bestmove(const std::string& line) {
+    EngineVariables& engine = variables();
+    engine.clock.move_and_stop_clock(arrival_stamp_of(line));
+    trace(" move_and_stop_clock()  time=", std::to_string(engine.clock.time_left()));
+    engine.status = EngineStatus::idle;
+    m_ponder_move.clear();
+    text::WordReader reader(line);
+    reader.word();
+    const std::string move(reader.word());
+    if (m_ponder_enabled && reader.word() == "ponder") ponder_on(move, std::string(reader.word()));
+}
+
+/// Ponders on the reply. Moves that are not legal are the referee's business: the search is left out then.
+void UciEngine::ponder_on(const std::string& move, const std::string& reply) {
+    ChessPosition expected = m_position;
+    if (!play_legal(expected, move) || !play_legal(expected, reply)) return;
+    m_position = std::move(expected);
+    m_ponder_move = reply;
+    do_goponder();
+}
+
+}  // namespace velmora

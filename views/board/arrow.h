@@ -1,0 +1,32 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "views/board/square_geometry.h"
+
+namespace velmora {
+
+/// An arrow on the board as it is painted: in pixels from the lower left corner of the board, upwards, for
+/// the size of the cells at the time it was set.
+struct Arrow {
+    std::int32_t x1 = 0, y1 = 0;  ///< tail
+    std::int32_t x2 = 0, y2 = 0;  ///< head
+    std::int32_t color = 0;       ///< 0 red, 1 green, 2 blue
+    double angle = 0;             ///< of the head, radians: 0 points up the board
+};
+
+/// The arrow between the centres of two shown squares; nothing when one is no square.
+std::optional<Arrow> make_arrow(int from, int to, std::int32_t color, CellSize cell);
+
+/// A point in pixels from the upper left corner of the board.
+struct Corner {
+    double x = 0;
+    double y = 0;
+};
+
+/// The three corners of an arrow's head on a board of such cells.
+std::array<Corner, 3> arrow_head(const Arrow& arrow, CellSize cell);
+
+}  // namespace velmora

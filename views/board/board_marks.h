@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace velmora {
+
+/// What the board hints at beside the position itself. Squares are those of the position, 0 is a1, whichever
+/// side the board is seen from. Values: whoever knows the rules computes them and hands them down.
+struct BoardMarks {
+    std::optional<std::pair<int, int>> last_move;  ///< from and to of the move that led to the position
+    std::optional<int> selected;                   ///< the piece that is about to move
+    std::vector<int> targets;                      ///< empty squares that it can go to
+    std::vector<int> captures;                     ///< squares that it can take on
+    std::optional<int> checked_king;
+    bool operator==(const BoardMarks&) const = default;
+};
+
+/// The marks as a board turned by half shows them.
+BoardMarks turned(const BoardMarks& marks);
+
+/// Which squares carry another mark in `after` than in `before`, each once, in ascending order.
+std::vector<int> changed_squares(const BoardMarks& before, const BoardMarks& after);
+
+}  // namespace velmora

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <vector>
+
+#include <cairomm/context.h>
+
+#include "views/board/arrow.h"
+#include "views/board/board_images.h"
+#include "views/board/board_marks.h"
+#include "views/board/square_table.h"
+
+namespace velmora {
+
+/// All that a picture of the board is made from. Squares and marks are those of the screen.
+struct BoardPicture {
+    const SquareTable& table;
+    const BoardMarks& marks;
+    const std::vector<Arrow>& arrows;
+    const BoardImages& images;
+    CellSize cell;  ///< logical pixels; images of another size are scaled
+};
+
+/// Paints cells and pieces, marks, the piece in the air and the arrows, in this order, as far as the clip
+/// asks for them. REQUIRES: the images have been rendered.
+void paint_board(const Cairo::RefPtr<Cairo::Context>& cr, const BoardPicture& picture);
+
+}  // namespace velmora

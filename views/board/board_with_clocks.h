@@ -1,0 +1,32 @@
+#pragma once
+
+#include <gtkmm/aspectframe.h>
+#include <gtkmm/box.h>
+
+#include "views/board/chess_board.h"
+#include "views/clocks/clocks.h"
+
+namespace velmora {
+
+/// The clocks above the board: a bar that is as long as the board is wide, whatever the size of the window.
+///
+/// However long the bar is, it asks for no more than the board at its least size takes: a window can be made
+/// small again at once.
+class BoardWithClocks : public Gtk::Box {
+public:
+    BoardWithClocks(Clocks& clocks, ChessBoard& board);
+
+protected:
+    Gtk::SizeRequestMode get_request_mode_vfunc() const override { return Gtk::SIZE_REQUEST_CONSTANT_SIZE; }
+    void get_preferred_width_vfunc(int& minimum, int& natural) const override;
+    void get_preferred_height_vfunc(int& minimum, int& natural) const override;
+    void on_size_allocate(Gtk::Allocation& allocation) override;
+    bool on_draw(const Cairo::RefPtr<Cairo::Context>& cr) override;
+
+private:
+    Clocks& m_clocks;
+    ChessBoard& m_board;
+    Gtk::AspectFrame m_bar;
+};
+
+}  // namespace velmora

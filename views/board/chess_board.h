@@ -1,0 +1,73 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtkmm/aspectframe.h>
+
+#include "views/board/board.h"
+
+namespace velmora {
+
+/// The chess board of the window: keeps the board square, with the letters of the files and the digits of the
+/// ranks around it, and reads FEN. It knows no rules: it shows what it is told and reports a drag as a pair
+/// of squares. Squares are those of the position, 0 is a1, whichever side the board is seen from.
+class ChessBoard : public Gtk::AspectFrame {
+public:
+    /// The size of the board in pixels, see board_size().
+    explicit ChessBoard(int size);
+
+    /// Shows the position of a FEN, of which the first two words count. Throws as read_shown_position() does;
+    /// the old position stays then.
+    void set_fen(const std::string& fen);
+    /// Whether the last FEN had White to move.
+    bool white_to_move() const { return m_white_to_move; }
+
+    /// From and to of the last drag; the square twice after a plain click.
+    std::pair<int, int> get_move() const { return m_board.get_move(); }
+
+    /// Turns the board by half and drops the arrows.
+    void flip();
+    bool is_flipped() const { return m_board.is_flipped(); }
+
+    /// Colour 0 red, 1 green, 2 blue.
+    void set_arrow(int from, int to, int color) { m_board.set_arrow(from, to, color); }
+    void clear_arrows() { m_board.clear_arrows(); }
+    const std::vector<Arrow>& arrows() const { return m_board.arrows(); }
+
+    void set_marks(const BoardMarks& marks) { m_board.set_marks(marks); }
+
+    /// The square whose piece is in the air, from the press on it to the release.
+    std::optional<int> picked_square() const { return m_board.picked_square(); }
+
+    Drawing& drawing() { return m_board.drawing(); }
+
+    /// Has a screen reader say a text, for instance the last move; it also stays as the description of the
+    /// board.
+    void announce(const std::string& text);
+
+    /// A drag or a click has ended over a square; get_move() tells which.
+    sigc::signal<void>& signal_move_made() { return m_move_made; }
+    /// A piece has been pressed on; picked_square() tells which.
+    sigc::signal<void>& signal_piece_picked() { return m_board.signal_piece_picked(); }
+
+protected:
+    bool on_draw(const Cairo::RefPtr<Cairo::Context>& cr) override;
+    void on_style_updated() override;
+    void get_preferred_width_vfunc(int& minimum, int& natural) const override;
+    void get_preferred_height_vfunc(int& minimum, int& natural) const override;
+    void compute_child_allocation_vfunc(Gtk::Allocation& allocation) override;
+
+private:
+    void draw_label(const Cairo::RefPtr<Cairo::Context>& cr, char label, double x, double y);
+
+    sigc::signal<void> m_move_made;
+    Board m_board;
+    bool m_white_to_move = false;
+    int m_least_label_width = 0;  // of the margin that holds the labels, pixels
+    int m_label_width = 0;        // the same at the present size of the board
+};
+
+}  // namespace velmora

@@ -1,0 +1,114 @@
+#include "window/flows/engine_flows.h"
+
+#include <filesystem>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+#include "dialogs/engine/install_dialog.h"
+#include "dialogs/engine/installed_list.h"
+#include "dialogs/engine/option_lists.h"
+#include "dialogs/engine/options_dialog.h"
+#include "dialogs/engine/protocol_dialog.h"
+#include "dialogs/time/time_control_dialog.h"
+
+namespace velmora {
+
+namespace {
+
+/// The record that stands for the engine that isn't there.
+constexpr const char* placeholder_name = "no_engine_loaded";
+
+}  // namespace
+
+EngineFlows::EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager,
+                         ModeController& modes, SeatedEngine& engine, FileChooser& chooser,
+                         std::function<EngineVariables()> engine_variables)
+    : m_parent(parent),
+      m_desk(desk),
+      m_screen(screen),
+      m_manager(manager),
+      m_modes(modes),
+      m_engine(engine),
+      m_chooser(chooser),
+      m_engine_variables([ask = std::move(engine_variables)] {
+          try {
+              return ask();
+          } catch (const std::logic_error&) {
+              EngineVariables nobody;
+              nobody.name = placeholder_name;
+              return nobody;
+          }
+      }) {}
+
+void EngineFlows::send_load(const std::string& command, const std::string& name, Protocol protocol) {
+    m_manager.send(command);
+    m_engine.begin_load(name, protocol);
+    // The referee stands at the start of a game after a load, the board doesn't.
+    if (m_screen.mode() == Mode::tournament) return;
+    m_modes.follow_position();
+}
+
+void EngineFlows::load() {
+    const std::string path = m_chooser.choose(FileKind::engine);
+    if (path.empty()) return;
+    const auto protocol = choose_protocol(m_parent);
+    if (!protocol) return;
+    send_load("load " + std::to_string(*protocol) + " filename " + path,
+              std::filesystem::path(path).filename(), static_cast<Protocol>(*protocol));
+}
+
+void EngineFlows::load_installed() {
+    try {
+        const auto engine = InstalledList(m_parent).choose();
+        if (engine && !engine->name.empty()) {
+            send_load("load 0 name " + engine->name, engine->name, engine->protocol);
+        }
+    } catch (const std::exception& error) {
+        m_screen.tell_user("The list of engines can't be used", error.what());
+    }
+}
+
+void EngineFlows::install() {
+    const EngineVariables engine = m_engine_variables();
+    if (engine.name == placeholder_name) {
+        m_screen.tell_user("No engine to install",
+                           "you should first load an engine\n before installialling an engine");
+        return;
+    }
+    try {
+        InstallDialog(m_parent, engine).install();
+    } catch (const std::exception& error) {
+        m_screen.tell_user("The engine was not installed", error.what());
+    }
+}
+
+void EngineFlows::choose_time_control() {
+    const auto level = ask_time_control(m_parent, m_desk.level);
+    if (!level) return;
+    m_desk.level = *level;
+    m_screen.set_clock_level(m_desk.level);
+    m_screen.reset_clocks();
+    m_manager.send("level " + m_desk.level.text());
+}
+
+void EngineFlows::edit_options() {
+    const EngineVariables engine = m_engine_variables();
+    if (engine.name == placeholder_name) {
+        m_screen.tell_user("No engine found", "use menu 'Engine' to load an engine'");
+        return;
+    }
+    const std::vector<Option> before = option_lists::for_dialog(engine.options);
+    std::vector<Option> after = before;
+    try {
+        OptionsDialog("Set Options", m_parent, after).run();
+    } catch (const std::exception& error) {
+        m_screen.tell_user("The options can't be shown", error.what());
+        return;
+    }
+    for (const Option& option : option_lists::changed(before, after)) {
+        m_manager.send("setoption name " + option.name + " value " + option.value);
+    }
+}
+
+}  // namespace velmora

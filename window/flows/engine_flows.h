@@ -1,0 +1,47 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include <gtkmm/window.h>
+
+#include "engine/store/engine_variables.h"
+#include "window/flows/file_chooser.h"
+#include "window/session/game_desk.h"
+#include "window/session/manager_link.h"
+#include "window/session/mode_controller.h"
+#include "window/session/screen.h"
+#include "window/session/seated_engine.h"
+
+namespace velmora {
+
+/// The Engine and Options menus: loading, installing, setting up an engine, and the time control.
+class EngineFlows {
+public:
+    /// @param engine_variables  gives the referee's record of the engine in the first seat; throws
+    ///                          std::logic_error when there is none
+    EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager,
+                ModeController& modes, SeatedEngine& engine, FileChooser& chooser,
+                std::function<EngineVariables()> engine_variables);
+
+    void load();
+    void load_installed();
+    void install();
+    void choose_time_control();
+    void edit_options();
+
+private:
+    /// @param name  of the program, for the person
+    void send_load(const std::string& command, const std::string& name, Protocol protocol);
+
+    Gtk::Window& m_parent;
+    GameDesk& m_desk;
+    Screen& m_screen;
+    ManagerLink& m_manager;
+    ModeController& m_modes;
+    SeatedEngine& m_engine;
+    FileChooser& m_chooser;
+    const std::function<EngineVariables()> m_engine_variables;
+};
+
+}  // namespace velmora

@@ -1,0 +1,208 @@
+#include "window/flows/file_flows.h"
+
+#include <algorithm>
+#include <iostream>
+#include <stdexcept>
+
+#include "base/atomic_file.h"
+#include "base/regular_file.h"
+#include "dialogs/files/fen_list.h"
+#include "dialogs/files/game_list.h"
+#include "dialogs/files/position_lines.h"
+#include "game/game_tags.h"
+#include "game/pgn_error.h"
+#include "game/pgn_file.h"
+#include "window/flows/opened_file.h"
+#include "window/session/game_archive.h"
+#include "window/session/position_line.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr std::size_t first_position = 1;
+
+}  // namespace
+
+// ---------------------------------------------------------------------------------------------------------------
+// Games
+
+void FileFlows::load_game() {
+    m_screen.select_mode(Mode::human_human);
+    const std::string path = m_chooser.choose(FileKind::load_game);
+    if (!path.empty()) load_game_from(path);
+}
+
+bool FileFlows::is_readable(const std::string& path) {
+    const auto fault = reading_fault(path);
+    if (fault) m_screen.tell_user("The file can't be read", *fault);
+    return !fault;
+}
+
+void FileFlows::load_game_from(const std::string& path) {
+    if (!is_readable(path)) return;
+    GameList list;
+    if (list.choose_game(m_parent, path) <= 0) return;
+    std::string game_text;
+    try {
+        PgnFile file;
+        file.open(path);
+        game_text = file.read_game_at(list.chosen_offset());
+        // Parsed apart, so that a game that can't be read leaves the one on the board alone.
+        Game game;
+        game.parse_pgn(game_text);
+        m_comments.store();
+        m_desk.game = std::move(game);
+    } catch (const pgn_error& error) {
+        std::cerr << "# invalid game: \n" << error.text() << '\n';
+        return;
+    } catch (const std::logic_error& error) {
+        std::cerr << "# invalid game: \n" << game_text << '\n' << error.what() << '\n';
+        return;
+    }
+    m_desk.selected.reset();
+    m_desk.clear_annotations();
+    m_desk.position.set_fen(m_desk.game.to_start());
+    m_desk.tag_opening_of_main_line();
+    show_loaded();
+}
+
+void FileFlows::save_game() {
+    const std::string path = m_chooser.choose(FileKind::save_game);
+    if (path.empty()) return;
+    m_comments.store();
+    const auto fault = GameArchive(path).append(m_desk.game.pgn());
+    if (fault) m_screen.tell_user("The game was not saved", *fault);
+}
+
+// ---------------------------------------------------------------------------------------------------------------
+// Positions
+
+void FileFlows::load_position() {
+    if (m_screen.mode() == Mode::tournament) return;
+    const std::string path = m_chooser.choose(FileKind::load_position);
+    if (!path.empty()) load_position_from(path);
+}
+
+void FileFlows::load_position_from(const std::string& path) {
+    if (!is_readable(path)) return;
+    std::string line;
+    const int number = FenList().choose_position(m_parent, path, line);
+    if (number <= 0) return;
+    m_position_file = path;
+    m_position_index = static_cast<std::size_t>(number);
+    set_up(line);
+}
+
+void FileFlows::load_next_position() { step_to_position(m_position_index + 1); }
+
+void FileFlows::load_previous_position() {
+    step_to_position(std::max(m_position_index, first_position + 1) - 1);
+}
+
+void FileFlows::step_to_position(std::size_t index) {
+    if (m_position_file.empty() || m_screen.mode() == Mode::tournament) return;
+    m_screen.select_mode(Mode::human_human);
+    PositionLines lines(m_position_file);
+    std::string line;
+    for (std::size_t number = first_position; number <= index; ++number) {
+        // The last line stays the current one.
+        if (!lines.next(line)) return;
+    }
+    m_position_index = index;
+    set_up(line);
+}
+
+std::optional<std::string> FileFlows::readable_fen(const std::string& line) {
+    ChessPosition position;
+    try {
+        position.fen(line);
+    } catch (const std::logic_error& error) {
+        m_screen.tell_user("The position can't be set up", error.what());
+        return std::nullopt;
+    }
+    return position.fen();
+}
+
+void FileFlows::set_up(const std::string& line) {
+    if (!is_position_line(line)) return;
+    const auto fen = readable_fen(line);
+    if (!fen) return;
+    m_comments.store();
+    m_desk.loaded_line = line;
+    m_desk.selected.reset();
+    m_desk.clear_annotations();
+    m_desk.reset_record();
+    for (const auto& [tag, value] : roster_tags(line)) m_desk.game.set_tag(tag, tag_safe(value));
+    m_desk.start_from(*fen);
+    show_loaded();
+}
+
+/// A game or a position has come from outside: the views and the referee follow.
+void FileFlows::show_loaded() {
+    m_comments.show();
+    m_screen.clear_arrows();
+    m_screen.show_game();
+    m_screen.mark_clock(m_desk.side_to_move());
+    m_screen.show_position();
+    m_modes.follow_position();
+}
+
+void FileFlows::enter_fen(const std::string& fen) {
+    if (m_screen.mode() == Mode::tournament) return;
+    if (const auto readable = readable_fen(fen)) set_up(*readable);
+}
+
+void FileFlows::save_position() {
+    const std::string path = m_chooser.choose(FileKind::save_position);
+    if (path.empty()) return;
+    try {
+        write_file_atomically(path, m_desk.position.fen() + "\n");
+    } catch (const std::runtime_error& error) {
+        m_screen.tell_user("The position was not saved", error.what());
+    }
+}
+
+// ---------------------------------------------------------------------------------------------------------------
+// Books, and files from outside
+
+void FileFlows::choose_polyglot_book() {
+    const std::string path = m_chooser.choose(FileKind::polyglot_book);
+    if (!path.empty()) use_polyglot_book(path);
+}
+
+void FileFlows::use_polyglot_book(const std::string& path) {
+    if (is_readable(path)) m_manager.send("polyglotbook " + path);
+}
+
+void FileFlows::open(const std::vector<std::string>& paths) {
+    if (paths.empty()) return;
+    open_one(paths.front());
+    std::string others;
+    for (auto path = paths.begin() + 1; path != paths.end(); ++path) others += *path + "\n";
+    if (!others.empty()) m_screen.tell_user("Only one file is opened at a time, not these:", others);
+}
+
+void FileFlows::open_one(const std::string& path) {
+    const auto refuse = [this](const std::string& reason) {
+        m_screen.tell_user("The file can't be opened", reason);
+    };
+    if (RegularFile(path).is_missing()) return refuse("There is no file " + path);
+    switch (kind_of_file(path)) {
+        case OpenedFile::game:
+            m_screen.select_mode(Mode::human_human);
+            load_game_from(path);
+            break;
+        case OpenedFile::position:
+            if (m_screen.mode() != Mode::tournament) load_position_from(path);
+            break;
+        case OpenedFile::book:
+            use_polyglot_book(path);
+            break;
+        case OpenedFile::none:
+            refuse(path + " is no .pgn, .fen, .epd or .bin file");
+            break;
+    }
+}
+
+}  // namespace velmora

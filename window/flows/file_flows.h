@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtkmm/window.h>
+
+#include "window/flows/file_chooser.h"
+#include "window/session/comment_keeper.h"
+#include "window/session/game_desk.h"
+#include "window/session/manager_link.h"
+#include "window/session/mode_controller.h"
+#include "window/session/screen.h"
+
+namespace velmora {
+
+/// The File menu: games and positions from and to files, and the Polyglot book.
+class FileFlows {
+public:
+    FileFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, CommentKeeper& comments,
+              ManagerLink& manager, ModeController& modes, FileChooser& chooser)
+        : m_parent(parent),
+          m_desk(desk),
+          m_screen(screen),
+          m_comments(comments),
+          m_manager(manager),
+          m_modes(modes),
+          m_chooser(chooser) {}
+
+    void load_game();
+    void save_game();
+    void load_position();
+    void load_next_position();
+    void load_previous_position();
+    void save_position();
+    void choose_polyglot_book();
+
+    /// Sets up the FEN that the person typed; one that can't be read is reported and changes nothing.
+    void enter_fen(const std::string& fen);
+
+    /// Opens the first of some files from outside by the flow of its kind, told by its extension, as if it
+    /// had been chosen. One that is missing or of another kind, and the further ones, are told to the person.
+    void open(const std::vector<std::string>& paths);
+
+private:
+    void open_one(const std::string& path);
+    /// False, and a word to the person, for a file that is there and can't be read, such as a pipe.
+    bool is_readable(const std::string& path);
+    void load_game_from(const std::string& path);
+    void load_position_from(const std::string& path);
+    void use_polyglot_book(const std::string& path);
+    void step_to_position(std::size_t index);
+    /// The FEN of the position that a line begins with; nothing, and a word to the person, when it can't be
+    /// read.
+    std::optional<std::string> readable_fen(const std::string& line);
+    void set_up(const std::string& line);
+    void show_loaded();
+
+    Gtk::Window& m_parent;
+    GameDesk& m_desk;
+    Screen& m_screen;
+    CommentKeeper& m_comments;
+    ManagerLink& m_manager;
+    ModeController& m_modes;
+    FileChooser& m_chooser;
+    std::string m_position_file;       // loaded last
+    std::size_t m_position_index = 0;  // of its line, from 1
+};
+
+}  // namespace velmora

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <gtkmm/window.h>
+
+#include "tournament/tournament.h"
+#include "window/session/game_desk.h"
+#include "window/session/manager_link.h"
+#include "window/session/screen.h"
+
+namespace velmora {
+
+/// The Tournament menu: making, editing, choosing and deleting tournaments.
+class TournamentFlows {
+public:
+    TournamentFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager)
+        : m_parent(parent), m_desk(desk), m_screen(screen), m_manager(manager) {}
+
+    void edit();
+    void load();
+
+private:
+    void load_named(const std::string& name);
+    void leave();
+
+    Gtk::Window& m_parent;
+    GameDesk& m_desk;
+    Screen& m_screen;
+    ManagerLink& m_manager;
+    Tournament m_tournament;  // the window's own copy; the referee loads its own from the file
+};
+
+}  // namespace velmora

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <vector>
+
+#include <gtkmm/actiongroup.h>
+#include <gtkmm/radioaction.h>
+#include <gtkmm/toggleaction.h>
+#include <gtkmm/uimanager.h>
+
+#include "window/session/mode.h"
+
+namespace velmora {
+
+struct Rooms;
+
+/// What a menu entry is made from.
+struct ActionRow {
+    enum class Kind { menu, plain, toggle, radio };
+
+    const char* name;  ///< in the UI string
+    const char* label;
+    Kind kind = Kind::menu;
+    /// What it calls; `on` is the state of a toggle or radio action, true for a plain one. Null for a menu.
+    void (*run)(Rooms& rooms, bool on) = nullptr;
+    const char* accelerator = "";
+};
+
+/// The menu bar's actions: built from one table, reached by name.
+class Actions {
+public:
+    /// Builds actions, groups and menu bar; entries call into `rooms`, which must outlive them. A UI string
+    /// that the toolkit rejects is reported on standard error and leaves a program without a menu.
+    explicit Actions(Rooms& rooms);
+
+    static const std::vector<ActionRow>& table();
+    static const char* ui_string();
+
+    /// The menu bar, null when it could not be built.
+    Gtk::Widget* menu_bar();
+    Glib::RefPtr<Gtk::AccelGroup> accelerators();
+
+    void set_sensitive(const char* action, bool sensitive);
+    /// Sets a toggle action; what it brings about happens before this returns.
+    void set_active(const char* action, bool active);
+
+    Mode mode() const;
+    void select_mode(Mode mode);
+
+    Glib::RefPtr<Gtk::UIManager> ui() { return m_ui; }
+
+private:
+    void add(const ActionRow& row);
+    Glib::RefPtr<Gtk::ToggleAction> toggle(const char* action) const;
+
+    Rooms& m_rooms;
+    Glib::RefPtr<Gtk::ActionGroup> m_group;
+    Glib::RefPtr<Gtk::UIManager> m_ui;
+    Gtk::RadioAction::Group m_modes;
+};
+
+}  // namespace velmora

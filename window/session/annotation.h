@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "chess/board/side.h"
+
+namespace velmora {
+
+/// Builds the comment of an engine's next move from one line of its search output.
+///
+/// A line with a score replaces `annotation`, a line without one appends to it; where it grows too long for a
+/// comment, the evaluation stays and the oldest of the rest goes. Scores are written from
+/// White's point of view, so Black's are negated.
+/// @param line  the engine's line without its word "info"
+void annotate(std::string& annotation, std::string_view line, Side side);
+
+}  // namespace velmora

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "window/session/comment_keeper.h"
+#include "window/session/game_desk.h"
+#include "window/session/manager_link.h"
+#include "window/session/screen.h"
+#include "window/session/seated_engine.h"
+
+namespace velmora {
+
+/// What the six radio actions, "Start thinking" and "New game" bring about.
+class ModeController {
+public:
+    ModeController(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager,
+                   SeatedEngine& engine)
+        : m_desk(desk), m_screen(screen), m_comments(comments), m_manager(manager), m_engine(engine) {}
+
+    /// A radio action has been switched on or off. The one switched off is told first.
+    void on_switched(Mode mode, bool on);
+    /// The board shows a position that didn't come by a move: the referee follows, and an engine that takes
+    /// part in the mode goes on from there.
+    void follow_position();
+
+    void start_thinking();
+    void new_game();
+
+    /// Whether an engine searches or owes a move, as far as the window knows.
+    bool awaits_engine() const;
+
+private:
+    using Handler = void (ModeController::*)(bool on);
+
+    void setup(bool on);
+    void human_human(bool on);
+    void human_computer(bool on);
+    void analyze_position(bool on);
+    void learn_openings(bool on);
+    void tournament(bool on);
+
+    void send_position();
+    void leave_move_to_person();
+
+    GameDesk& m_desk;
+    Screen& m_screen;
+    CommentKeeper& m_comments;
+    ManagerLink& m_manager;
+    SeatedEngine& m_engine;
+};
+
+}  // namespace velmora

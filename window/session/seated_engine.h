@@ -1,0 +1,64 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "engine/store/engine_variables.h"
+#include "window/session/game_desk.h"
+#include "window/session/manager_link.h"
+#include "window/session/screen.h"
+
+namespace velmora {
+
+/// What the window knows of the engine in the referee's first seat, and what follows from that on the screen:
+/// the title, and which entries of the menu are of use.
+///
+/// To find out how to talk to a program takes the referee up to fifteen seconds, in which it says nothing. So
+/// the window keeps in mind what it has asked for, until the referee answers with a name or with a message.
+class SeatedEngine {
+public:
+    /// @param protocol  asks the referee which protocol the engine in the first seat speaks; nothing when
+    ///                  nobody sits there
+    SeatedEngine(GameDesk& desk, Screen& screen, const ManagerLink& manager,
+                 std::function<std::optional<Protocol>()> protocol);
+
+    /// "load" has been sent, for a program that is known to the person by this name.
+    void begin_load(const std::string& name, Protocol asked_for);
+    /// "start_tournament" has been sent: the referee sends the engines away and seats those of the match.
+    void begin_match();
+    /// The mode of the match has been left, which may have been before its engines came.
+    void leave_match();
+
+    /// The referee has named who sits there.
+    void take_name(const std::string& name);
+    /// The referee has said what it says only when it has no engine to look for any more.
+    void end_search();
+
+    /// Whether an engine sits there and none is being looked for.
+    bool is_there() const { return m_there && m_search == Search::none; }
+
+    /// The title that stands while no engine is being looked for.
+    void set_title(const std::string& title);
+
+    /// Brings title and menu up to date.
+    void show();
+
+private:
+    enum class Search { none, engine, match };
+
+    void settle();
+    void tell_of_silence();
+
+    GameDesk& m_desk;
+    Screen& m_screen;
+    const ManagerLink& m_manager;
+    const std::function<std::optional<Protocol>()> m_protocol;
+    Search m_search = Search::none;
+    std::string m_sought;                         // the name of what is being looked for
+    Protocol m_asked_for = Protocol::autodetect;  // how it is to be talked to
+    bool m_there = false;                         // whether somebody sat there when it was last heard of
+    std::string m_title = no_engine_title;
+};
+
+}  // namespace velmora

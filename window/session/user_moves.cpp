@@ -1,0 +1,137 @@
+#include "window/session/user_moves.h"
+
+#include <iostream>
+
+#include "chess/moves/legal_moves.h"
+#include "window/session/typed_move.h"
+
+namespace velmora {
+
+namespace {
+
+/// Whether the kind of a move fits the promotion chooser's answer: 4 queen, 5 rook, 6 bishop, 7 knight, which
+/// are the kinds 2 to 5; the other kinds fit any answer.
+bool fits_answer(const Move& move, int answer) {
+    const auto code = static_cast<int>(static_cast<std::uint32_t>(move.code()));
+    const bool promotes = code >= 2 && code <= 5;
+    return !promotes || answer == code + 2;
+}
+
+}  // namespace
+
+UserMoves::UserMoves(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager,
+                     double click_delay_s)
+    : m_desk(desk),
+      m_screen(screen),
+      m_comments(comments),
+      m_manager(manager),
+      m_setup(desk, screen, comments, manager, m_click_timer),
+      m_click_delay_s(click_delay_s) {
+    m_click_timer.start();
+}
+
+void UserMoves::on_board(int from, int to) {
+    if (m_click_timer.elapsed() < m_click_delay_s) {
+        m_screen.show_position();
+        return;
+    }
+    if (m_desk.setup) {
+        m_setup.edit(from, to);
+    } else if (!may_move()) {
+        m_screen.mark_clock(m_desk.side_to_move());
+        m_screen.show_position();
+    } else if (from == to) {
+        on_click(to);
+    } else {
+        play(from, to);
+    }
+}
+
+std::string UserMoves::on_typed(const std::string& text) {
+    if (m_desk.setup) return "The board is being set up";
+    if (!may_move()) return "It is not your move";
+    const auto move = read_typed_move(m_desk.position, text);
+    if (!move) return "\"" + text + "\" is no legal move here";
+    m_desk.selected.reset();
+    make(*move);
+    m_screen.show_position();
+    return {};
+}
+
+void UserMoves::on_piece_picked(std::optional<int> square) {
+    if (square && !m_desk.setup && may_move() && is_own_piece(*square)) m_screen.show_targets(*square);
+}
+
+void UserMoves::on_click(int square) {
+    const auto selected = m_desk.selected;
+    if (selected && *selected != square && !is_own_piece(square)) {
+        play(*selected, square);
+    } else if (selected && *selected != square && m_desk.position.piece_on(Square(square)).is_rook() &&
+               m_desk.position.piece_on(Square(*selected)).is_king()) {
+        // Castling can be shown by the rook; when it is none, the click picks up the rook.
+        const auto moves_before = m_desk.game.current();
+        play(*selected, square);
+        if (m_desk.game.current() == moves_before) select(square);
+    } else if (is_own_piece(square) && selected != square) {
+        select(square);
+    } else {
+        select(std::nullopt);
+    }
+}
+
+bool UserMoves::may_move() const { return !m_desk.engine_to_move(); }
+
+bool UserMoves::is_own_piece(int square) const {
+    const Piece piece = m_desk.position.piece_on(Square(square));
+    return piece != Piece(0) && piece.is_white() == (m_desk.side_to_move() == Side::white);
+}
+
+void UserMoves::select(std::optional<int> square) {
+    m_desk.selected = square;
+    m_screen.show_position();
+}
+
+int UserMoves::promotion_answer(int from, int to) {
+    const Piece piece = m_desk.position.piece_on(Square(from));
+    const int rank = to / 8;
+    if (!piece.is_pawn() || (rank != 0 && rank != 7)) return 0;
+    const int answer = m_screen.choose_promotion(piece.is_white() ? Side::white : Side::black);
+    return answer >= 4 && answer <= 7 ? answer : 0;
+}
+
+void UserMoves::play(int from, int to) {
+    m_desk.selected.reset();
+    const int answer = promotion_answer(from, to);
+    const std::string squares = Square(from).name() + Square(to).name();
+    std::optional<Move> chosen;
+    for (const Move& move : legal_moves(m_desk.position)) {
+        const bool by_squares =
+            move.from() == Square(from) && move.to() == Square(to) && fits_answer(move, answer);
+        // Castling is stored as king takes rook; its printed form names the king's destination.
+        if (by_squares || move.to_string(false) == squares) {
+            chosen = move;
+            break;
+        }
+    }
+    if (chosen) make(*chosen);
+    m_screen.show_position();
+}
+
+void UserMoves::make(const Move& move) {
+    if (!m_desk.clocks_held) m_screen.start_clock(opposite(m_desk.side_to_move()));
+    m_comments.store();
+    try {
+        m_desk.play(move);
+    } catch (...) {
+        std::cerr << "make move failed\n";
+        throw;
+    }
+    m_manager.send("usermove " + move.to_string(false));
+    m_comments.show();
+    m_screen.show_game();
+    if (m_desk.clocks_held || m_screen.mode() == Mode::analyze_position) {
+        m_screen.mark_clock(m_desk.side_to_move());
+    }
+}
+
+}  // namespace velmora
