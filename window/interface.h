@@ -24,6 +24,7 @@
 #include "window/flows/file_chooser.h"
 #include "window/flows/file_flows.h"
 #include "window/flows/tournament_flows.h"
+#include "window/main_dialogs.h"
 #include "window/main_screen.h"
 #include "window/menu/actions.h"
 #include "window/menu/rooms.h"
@@ -108,6 +109,7 @@ private:
 
     // The rooms, each knowing only those above it.
     MainScreen m_screen;
+    MainDialogs m_dialogs;
     FileChooser m_chooser;
     CommentKeeper m_comments;
     SeatedEngine m_engine;

@@ -5,17 +5,18 @@
 #include <string>
 #include <vector>
 
+#include "window/session/dialogs.h"
 #include "window/session/screen.h"
 
 namespace velmora {
 
 /// A screen without a display: writes down what it is told to show, and answers what it is asked.
-class RecordingScreen : public Screen {
+class RecordingScreen : public Screen, public Dialogs {
 public:
     std::vector<std::string> calls;
     std::string comment;  // the comment box
-    int piece_answer = 0;
-    int promotion_answer = 0;
+    Piece piece_answer;
+    PieceKind promotion_answer = PieceKind::none;
     int hints_answer = 3;
     /// What the mode's radio actions bring about, as the real menu connects it.
     std::function<void(Mode, bool)> on_switched;
@@ -65,8 +66,8 @@ public:
     std::string comment_text() const override { return comment; }
     void show_comment(const std::string& text) override { comment = text; }
 
-    int choose_piece() override { return piece_answer; }
-    int choose_promotion(Side /*side*/) override { return promotion_answer; }
+    Piece choose_piece() override { return piece_answer; }
+    PieceKind choose_promotion(Side /*side*/) override { return promotion_answer; }
     int choose_hints() override { return hints_answer; }
 
 private:

@@ -21,12 +21,13 @@ constexpr const char* placeholder_name = "no_engine_loaded";
 
 }  // namespace
 
-EngineFlows::EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager,
-                         ModeController& modes, SeatedEngine& engine, FileChooser& chooser,
-                         std::function<EngineVariables()> engine_variables)
+EngineFlows::EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, Dialogs& dialogs,
+                         ManagerLink& manager, ModeController& modes, SeatedEngine& engine,
+                         FileChooser& chooser, std::function<EngineVariables()> engine_variables)
     : m_parent(parent),
       m_desk(desk),
       m_screen(screen),
+      m_dialogs(dialogs),
       m_manager(manager),
       m_modes(modes),
       m_engine(engine),
@@ -65,21 +66,21 @@ void EngineFlows::load_installed() {
             send_load("load 0 name " + engine->name, engine->name, engine->protocol);
         }
     } catch (const std::exception& error) {
-        m_screen.tell_user("The list of engines can't be used", error.what());
+        m_dialogs.tell_user("The list of engines can't be used", error.what());
     }
 }
 
 void EngineFlows::install() {
     const EngineVariables engine = m_engine_variables();
     if (engine.name == placeholder_name) {
-        m_screen.tell_user("No engine to install",
-                           "you should first load an engine\n before installialling an engine");
+        m_dialogs.tell_user("No engine to install",
+                            "you should first load an engine\n before installialling an engine");
         return;
     }
     try {
         InstallDialog(m_parent, engine).install();
     } catch (const std::exception& error) {
-        m_screen.tell_user("The engine was not installed", error.what());
+        m_dialogs.tell_user("The engine was not installed", error.what());
     }
 }
 
@@ -95,7 +96,7 @@ void EngineFlows::choose_time_control() {
 void EngineFlows::edit_options() {
     const EngineVariables engine = m_engine_variables();
     if (engine.name == placeholder_name) {
-        m_screen.tell_user("No engine found", "use menu 'Engine' to load an engine'");
+        m_dialogs.tell_user("No engine found", "use menu 'Engine' to load an engine'");
         return;
     }
     const std::vector<Option> before = option_lists::for_dialog(engine.options);
@@ -103,7 +104,7 @@ void EngineFlows::edit_options() {
     try {
         OptionsDialog("Set Options", m_parent, after).run();
     } catch (const std::exception& error) {
-        m_screen.tell_user("The options can't be shown", error.what());
+        m_dialogs.tell_user("The options can't be shown", error.what());
         return;
     }
     for (const Option& option : option_lists::changed(before, after)) {

@@ -7,6 +7,7 @@
 
 #include "engine/store/engine_variables.h"
 #include "window/flows/file_chooser.h"
+#include "window/session/dialogs.h"
 #include "window/session/game_desk.h"
 #include "window/session/manager_link.h"
 #include "window/session/mode_controller.h"
@@ -20,7 +21,7 @@ class EngineFlows {
 public:
     /// @param engine_variables  gives the referee's record of the engine in the first seat; throws
     ///                          std::logic_error when there is none
-    EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager,
+    EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, Dialogs& dialogs, ManagerLink& manager,
                 ModeController& modes, SeatedEngine& engine, FileChooser& chooser,
                 std::function<EngineVariables()> engine_variables);
 
@@ -37,6 +38,7 @@ private:
     Gtk::Window& m_parent;
     GameDesk& m_desk;
     Screen& m_screen;
+    Dialogs& m_dialogs;
     ManagerLink& m_manager;
     ModeController& m_modes;
     SeatedEngine& m_engine;

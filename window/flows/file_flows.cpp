@@ -35,7 +35,7 @@ void FileFlows::load_game() {
 
 bool FileFlows::is_readable(const std::string& path) {
     const auto fault = reading_fault(path);
-    if (fault) m_screen.tell_user("The file can't be read", *fault);
+    if (fault) m_dialogs.tell_user("The file can't be read", *fault);
     return !fault;
 }
 
@@ -72,7 +72,7 @@ void FileFlows::save_game() {
     if (path.empty()) return;
     m_comments.store();
     const auto fault = GameArchive(path).append(m_desk.game.pgn());
-    if (fault) m_screen.tell_user("The game was not saved", *fault);
+    if (fault) m_dialogs.tell_user("The game was not saved", *fault);
 }
 
 // ---------------------------------------------------------------------------------------------------------------
@@ -118,7 +118,7 @@ std::optional<std::string> FileFlows::readable_fen(const std::string& line) {
     try {
         position.fen(line);
     } catch (const std::logic_error& error) {
-        m_screen.tell_user("The position can't be set up", error.what());
+        m_dialogs.tell_user("The position can't be set up", error.what());
         return std::nullopt;
     }
     return position.fen();
@@ -159,7 +159,7 @@ void FileFlows::save_position() {
     try {
         write_file_atomically(path, m_desk.position.fen() + "\n");
     } catch (const std::runtime_error& error) {
-        m_screen.tell_user("The position was not saved", error.what());
+        m_dialogs.tell_user("The position was not saved", error.what());
     }
 }
 
@@ -180,12 +180,12 @@ void FileFlows::open(const std::vector<std::string>& paths) {
     open_one(paths.front());
     std::string others;
     for (auto path = paths.begin() + 1; path != paths.end(); ++path) others += *path + "\n";
-    if (!others.empty()) m_screen.tell_user("Only one file is opened at a time, not these:", others);
+    if (!others.empty()) m_dialogs.tell_user("Only one file is opened at a time, not these:", others);
 }
 
 void FileFlows::open_one(const std::string& path) {
     const auto refuse = [this](const std::string& reason) {
-        m_screen.tell_user("The file can't be opened", reason);
+        m_dialogs.tell_user("The file can't be opened", reason);
     };
     if (RegularFile(path).is_missing()) return refuse("There is no file " + path);
     switch (kind_of_file(path)) {

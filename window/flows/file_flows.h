@@ -9,6 +9,7 @@
 
 #include "window/flows/file_chooser.h"
 #include "window/session/comment_keeper.h"
+#include "window/session/dialogs.h"
 #include "window/session/game_desk.h"
 #include "window/session/manager_link.h"
 #include "window/session/mode_controller.h"
@@ -19,11 +20,12 @@ namespace velmora {
 /// The File menu: games and positions from and to files, and the Polyglot book.
 class FileFlows {
 public:
-    FileFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, CommentKeeper& comments,
+    FileFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments,
               ManagerLink& manager, ModeController& modes, FileChooser& chooser)
         : m_parent(parent),
           m_desk(desk),
           m_screen(screen),
+          m_dialogs(dialogs),
           m_comments(comments),
           m_manager(manager),
           m_modes(modes),
@@ -61,6 +63,7 @@ private:
     Gtk::Window& m_parent;
     GameDesk& m_desk;
     Screen& m_screen;
+    Dialogs& m_dialogs;
     CommentKeeper& m_comments;
     ManagerLink& m_manager;
     ModeController& m_modes;

@@ -31,7 +31,7 @@ void TournamentFlows::edit() {
         }
     } catch (const std::exception& error) {
         std::cerr << "new tournament failed " << error.what() << '\n';
-        m_screen.tell_user("new tournament failed", error.what());
+        m_dialogs.tell_user("new tournament failed", error.what());
     }
 }
 
@@ -53,7 +53,7 @@ void TournamentFlows::load() {
                 break;
         }
     } catch (const std::exception& error) {
-        m_screen.tell_user("The tournaments can't be listed", error.what());
+        m_dialogs.tell_user("The tournaments can't be listed", error.what());
     }
 }
 
