@@ -21,12 +21,12 @@ constexpr const char* placeholder_name = "no_engine_loaded";
 
 }  // namespace
 
-EngineFlows::EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, Dialogs& dialogs,
+EngineFlows::EngineFlows(Gtk::Window& parent, GameSession& session, WindowFrame& frame, Dialogs& dialogs,
                          ManagerLink& manager, ModeController& modes, SeatedEngine& engine,
                          FileChooser& chooser, std::function<EngineVariables()> engine_variables)
     : m_parent(parent),
-      m_desk(desk),
-      m_screen(screen),
+      m_session(session),
+      m_frame(frame),
       m_dialogs(dialogs),
       m_manager(manager),
       m_modes(modes),
@@ -46,7 +46,7 @@ void EngineFlows::send_load(const std::string& command, const std::string& name,
     m_manager.send(command);
     m_engine.begin_load(name, protocol);
     // The referee stands at the start of a game after a load, the board doesn't.
-    if (m_screen.mode() == Mode::tournament) return;
+    if (m_frame.mode() == Mode::tournament) return;
     m_modes.follow_position();
 }
 
@@ -85,12 +85,10 @@ void EngineFlows::install() {
 }
 
 void EngineFlows::choose_time_control() {
-    const auto level = ask_time_control(m_parent, m_desk.level);
+    const auto level = ask_time_control(m_parent, m_session.level());
     if (!level) return;
-    m_desk.level = *level;
-    m_screen.set_clock_level(m_desk.level);
-    m_screen.reset_clocks();
-    m_manager.send("level " + m_desk.level.text());
+    m_session.set_level(*level);
+    m_manager.send("level " + m_session.level().text());
 }
 
 void EngineFlows::edit_options() {

@@ -8,11 +8,11 @@
 #include "engine/store/engine_variables.h"
 #include "window/flows/file_chooser.h"
 #include "window/session/dialogs.h"
-#include "window/session/game_desk.h"
+#include "window/session/game_session.h"
 #include "window/session/manager_link.h"
 #include "window/session/mode_controller.h"
-#include "window/session/screen.h"
 #include "window/session/seated_engine.h"
+#include "window/session/window_frame.h"
 
 namespace velmora {
 
@@ -21,8 +21,8 @@ class EngineFlows {
 public:
     /// @param engine_variables  gives the referee's record of the engine in the first seat; throws
     ///                          std::logic_error when there is none
-    EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, Dialogs& dialogs, ManagerLink& manager,
-                ModeController& modes, SeatedEngine& engine, FileChooser& chooser,
+    EngineFlows(Gtk::Window& parent, GameSession& session, WindowFrame& frame, Dialogs& dialogs,
+                ManagerLink& manager, ModeController& modes, SeatedEngine& engine, FileChooser& chooser,
                 std::function<EngineVariables()> engine_variables);
 
     void load();
@@ -36,8 +36,8 @@ private:
     void send_load(const std::string& command, const std::string& name, Protocol protocol);
 
     Gtk::Window& m_parent;
-    GameDesk& m_desk;
-    Screen& m_screen;
+    GameSession& m_session;
+    WindowFrame& m_frame;
     Dialogs& m_dialogs;
     ManagerLink& m_manager;
     ModeController& m_modes;

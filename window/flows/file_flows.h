@@ -8,25 +8,25 @@
 #include <gtkmm/window.h>
 
 #include "window/flows/file_chooser.h"
-#include "window/session/comment_keeper.h"
+#include "window/session/board_view.h"
 #include "window/session/dialogs.h"
-#include "window/session/game_desk.h"
+#include "window/session/game_session.h"
 #include "window/session/manager_link.h"
 #include "window/session/mode_controller.h"
-#include "window/session/screen.h"
+#include "window/session/window_frame.h"
 
 namespace velmora {
 
 /// The File menu: games and positions from and to files, and the Polyglot book.
 class FileFlows {
 public:
-    FileFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments,
-              ManagerLink& manager, ModeController& modes, FileChooser& chooser)
+    FileFlows(Gtk::Window& parent, GameSession& session, BoardView& board, WindowFrame& frame,
+              Dialogs& dialogs, ManagerLink& manager, ModeController& modes, FileChooser& chooser)
         : m_parent(parent),
-          m_desk(desk),
-          m_screen(screen),
+          m_session(session),
+          m_board(board),
+          m_frame(frame),
           m_dialogs(dialogs),
-          m_comments(comments),
           m_manager(manager),
           m_modes(modes),
           m_chooser(chooser) {}
@@ -58,13 +58,13 @@ private:
     /// read.
     std::optional<std::string> readable_fen(const std::string& line);
     void set_up(const std::string& line);
-    void show_loaded();
+    void follow_loaded();
 
     Gtk::Window& m_parent;
-    GameDesk& m_desk;
-    Screen& m_screen;
+    GameSession& m_session;
+    BoardView& m_board;
+    WindowFrame& m_frame;
     Dialogs& m_dialogs;
-    CommentKeeper& m_comments;
     ManagerLink& m_manager;
     ModeController& m_modes;
     FileChooser& m_chooser;
