@@ -310,7 +310,6 @@ bool Monkey::is_seated() const {
 /// Sees to an engine that speaks UCI and a mode in which the referee tells it its position, one step a call;
 /// true when all is there.
 bool Monkey::is_ready_to_compare() {
-    const GameSession& session = m_window.session();
     const Mode mode = m_window.actions().mode();
     const bool speaks_uci = m_window.engine().name() == "Alpha" || m_window.engine().name() == "Gamma";
     // An engine that was killed leaves its name standing.
