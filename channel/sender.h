@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace velmora {
@@ -24,5 +25,8 @@ constexpr int window_sender = 0;
 /// The sender id with which a line to the referee begins: the window's, the number of a seat, or that of
 /// nobody, whose lines are dropped; -1 where there is none.
 int sender_of(std::string_view line);
+
+/// A command as the window puts it on the queue: its sender id ahead of it.
+inline std::string window_line(std::string_view command) { return "0 " + std::string(command); }
 
 }  // namespace velmora

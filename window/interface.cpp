@@ -84,14 +84,14 @@ Interface::Interface(std::string program_path, int board_size)
     show_all_children();
     m_windows.hide_all();
     m_screen.set_clock_level(m_desk.level);
-    m_link.send("level " + m_desk.level.text());
+    m_link.send(to_referee::SetLevel{m_desk.level.text()});
     m_screen.set_sensitive("Ponder", false);
     m_engine.show();
 }
 
 Interface::~Interface() {
     // A second "quit" is harmless, and without one the thread would never end.
-    m_link.send("quit");
+    m_link.send(to_referee::Quit());
     m_manager_thread.join();
     // Windows that are still open, and a comment that has the keyboard, would tell the rooms of their end
     // when those have gone.
@@ -150,7 +150,7 @@ void Interface::connect_views() {
 }
 
 bool Interface::on_delete_event(GdkEventAny* /*event*/) {
-    m_link.send("quit");
+    m_link.send(to_referee::Quit());
     return true;
 }
 
@@ -190,7 +190,7 @@ bool Interface::on_timeout() {
     m_clocks.update();
     process_manager_messages();
     // The referee acts on lines alone, and an engine that has died or fallen silent sends none.
-    if (++m_ticks % wake_up_ticks == 0 && m_modes.awaits_engine()) m_link.send("wake_up");
+    if (++m_ticks % wake_up_ticks == 0 && m_modes.awaits_engine()) m_link.send(to_referee::WakeUp());
     return true;
 }
 

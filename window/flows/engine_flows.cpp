@@ -41,7 +41,7 @@ EngineFlows::EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, Ma
           }
       }) {}
 
-void EngineFlows::send_load(const std::string& command, const std::string& name, Protocol protocol) {
+void EngineFlows::send_load(const to_referee::Load& command, const std::string& name, Protocol protocol) {
     m_manager.send(command);
     m_engine.begin_load(name, protocol);
     // The referee stands at the start of a game after a load, the board doesn't.
@@ -54,15 +54,15 @@ void EngineFlows::load() {
     if (path.empty()) return;
     const auto protocol = choose_protocol(m_parent);
     if (!protocol) return;
-    send_load("load " + std::to_string(*protocol) + " filename " + path,
-              std::filesystem::path(path).filename(), static_cast<Protocol>(*protocol));
+    send_load({*protocol, to_referee::Load::Source::filename, path}, std::filesystem::path(path).filename(),
+              static_cast<Protocol>(*protocol));
 }
 
 void EngineFlows::load_installed() {
     try {
         const auto engine = InstalledList(m_parent).choose();
         if (engine && !engine->name.empty()) {
-            send_load("load 0 name " + engine->name, engine->name, engine->protocol);
+            send_load({0, to_referee::Load::Source::name, engine->name}, engine->name, engine->protocol);
         }
     } catch (const std::exception& error) {
         m_screen.tell_user("The list of engines can't be used", error.what());
@@ -89,7 +89,7 @@ void EngineFlows::choose_time_control() {
     m_desk.level = *level;
     m_screen.set_clock_level(m_desk.level);
     m_screen.reset_clocks();
-    m_manager.send("level " + m_desk.level.text());
+    m_manager.send(to_referee::SetLevel{m_desk.level.text()});
 }
 
 void EngineFlows::edit_options() {
@@ -107,7 +107,7 @@ void EngineFlows::edit_options() {
         return;
     }
     for (const Option& option : option_lists::changed(before, after)) {
-        m_manager.send("setoption name " + option.name + " value " + option.value);
+        m_manager.send(to_referee::SetOption{option.name, option.value});
     }
 }
 
