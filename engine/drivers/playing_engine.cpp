@@ -5,20 +5,12 @@
 #include <utility>
 #include <vector>
 
-#include "base/text.h"
+#include "channel/engine_line.h"
 #include "chess/moves/legal_moves.h"
 #include "engine/process/engio.h"
 #include "engine/time/wall_clock.h"
 
 namespace velmora {
-
-namespace {
-
-/// Whether a line that begins so makes the referee act. All else that an engine says is passed on or noted,
-/// and may wait for the lines behind it.
-bool is_decisive(std::string_view word) { return word == "bestmove" || word == "resign"; }
-
-}  // namespace
 
 PlayingEngine::PlayingEngine() { m_position.new_game(); }
 
@@ -73,21 +65,15 @@ void PlayingEngine::process_lines() {
     }
 }
 
-/// Hands a message to the referee, behind the engine's number and its instance id. One of which the referee
-/// takes no notice goes out for its log alone, while that is kept.
+/// Hands a message to the referee. What makes it act is urgent, search output may wait for the lines behind
+/// it, and all else goes out for the referee's log alone, while that is kept.
 void PlayingEngine::post(const DriverMessage& message) {
-    const auto word = text::first_word(message.text);
-    if (!is_decisive(word) && word != "info" && !m_debug) return;
+    const EngineLine line{static_cast<Seat>(engine_id()), m_instance_id, message.text, message.arrival,
+                          message.stopped};
+    const EngineWord word = line.word();
+    if (!is_decisive(word) && word != EngineWord::info && !m_debug) return;
     m_held = std::max(m_held, is_decisive(word) ? Held::urgent : Held::can_wait);
-    if (m_manager == nullptr) return;
-    std::string command = std::to_string(engine_id());
-    command += ' ';
-    command += std::to_string(m_instance_id);
-    command += ' ';
-    command += message.text;
-    if (message.arrival) command += " TS=" + std::to_string(*message.arrival);
-    if (message.stopped) command += " stopped";
-    m_manager->put_command(command);
+    if (m_manager != nullptr) m_manager->put_command(encode(line));
 }
 
 void PlayingEngine::flush() {
