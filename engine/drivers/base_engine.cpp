@@ -11,7 +11,6 @@ void BaseEngine::attach(std::uint32_t id, EngineRecord* record, Engio* engio) {
     m_engine_id = id;
     m_record = record;
     m_engio = engio;
-    state().status = EngineStatus::idle;
 }
 
 bool BaseEngine::queue_line(ArrivedLine line) {

@@ -31,8 +31,7 @@ public:
     virtual Protocol protocol() const = 0;
     bool is_uci() const { return protocol() == Protocol::uci; }
 
-    /// Clears the queue and stores whom the driver speaks for; both must outlive it. The engine counts as
-    /// idle.
+    /// Clears the queue and stores whom the driver speaks for; both must outlive it.
     void attach(std::uint32_t id, EngineRecord* record, Engio* engio);
 
     /// Queues the line, for whoever asks for the next one.

@@ -4,7 +4,9 @@
 //   engine      loads an engine with this script behind the handshake
 //   > order     what the referee does, see obey()
 //   < line      what it gets next, without engine number, instance id and a last blank
-//   sent        what the engine has been sent behind the handshake, ahead of "quit"
+//   ! text      what an order to go throws now
+//   sent        ends the engine; what it has been sent behind the handshake, ahead of "quit"
+//   is file     the lines of a log
 //
 // START stands for the FEN of the start of a game, ~ in what is expected for the digits of a number.
 
@@ -15,6 +17,7 @@
 #include "tests/engine/engine_fixture.h"
 #include "tests/support/positions.h"
 #include "tests/support/recording_sink.h"
+#include "tests/support/thrown_text.h"
 #include "tests/support/transcript_file.h"
 
 namespace velmora {
@@ -50,7 +53,8 @@ protected:
         const auto word = reader.word();
         const std::string rest(text::trim_leading_blanks(reader.rest()));
         if (word == "engine") {
-            const std::string program = add_engine("peer", m_handshake.script + test::joined(directive.block));
+            const std::string program =
+                add_engine("peer", m_handshake.script + test::joined(directive.block));
             m_engine.load_engine(&m_sink, 1, program, m_handshake.protocol);
             ASSERT_TRUE(m_engine.is_alive());
             m_engine.set_instance_id(instance);
@@ -61,20 +65,27 @@ protected:
             std::string line = m_sink.lines()[m_heard++];
             if (line.ends_with(' ') && !rest.empty()) line.pop_back();
             ASSERT_TRUE(matches(prefix + rest, line)) << "instead of " << rest << ": " << line;
-        } else {
-            ASSERT_EQ(word, "sent");
+        } else if (word == "!") {
+            ASSERT_EQ(test::thrown_text([this] { m_engine.go(); }), rest);
+        } else if (word == "sent") {
             m_engine.unload_engine();
             ASSERT_TRUE(wait_until([this] { return sent_to("peer").ends_with("\nquit\n"); }));
             const std::string sent = sent_to("peer");
-            auto expected = directive.block;
-            for (std::string& line : expected) {
-                if (const auto at = line.find("START"); at != std::string::npos)
-                    line.replace(at, 5, test::start_fen);
-            }
-            expected.emplace_back("quit");
             const auto begin = sent.find(m_handshake.last_sent) + std::string(m_handshake.last_sent).size();
-            EXPECT_EQ(masked(lines_of(sent.substr(begin)), expected), expected);
+            expect_lines(sent.substr(begin, sent.size() - begin - std::string("quit\n").size()),
+                         directive.block);
+        } else {
+            ASSERT_EQ(word, "is");
+            expect_lines(read(rest), directive.block);
         }
+    }
+
+    static void expect_lines(const std::string& text, std::vector<std::string> expected) {
+        for (std::string& line : expected) {
+            if (const auto at = line.find("START"); at != std::string::npos)
+                line.replace(at, 5, test::start_fen);
+        }
+        EXPECT_EQ(masked(lines_of(text), expected), expected);
     }
 
     void obey(const std::string& order) {
@@ -92,20 +103,31 @@ protected:
         if (word == "level") return m_engine.set_level(Level(rest));
         if (word == "opponent") return m_engine.set_opponent_time(number);
         if (word == "moves_done") return m_engine.set_moves_done(number);
-        if (word == "debug") return m_engine.set_logging(true);
+        if (word == "debug") {
+            m_trace.open("trace.log", LogFile::Opening::append);
+            m_engine.set_debug_stream(&m_trace);
+            return m_engine.set_logging(true);
+        }
         if (word == "option") {
             const std::string name(reader.word());
             return m_engine.set_option(name, std::string(text::trim_leading_blanks(reader.rest())));
         }
-        ASSERT_EQ(word, "handicap");
         EngineVariables variables = m_engine.get_enginevariables();
-        variables.handicap = rest;
+        if (word == "reload") {
+            ASSERT_TRUE(wait_until([this] { return m_engine.has_crashed(); }));
+            m_engine.reload_engine();
+        } else {
+            ASSERT_EQ(word, "handicap");
+            variables.handicap = rest;
+            variables.options["Unknown"] = Option("option name Unknown");  // which the engine never announced
+        }
         m_engine.set_enginevariables(variables);
     }
 
     const Handshake& m_handshake = GetParam().name.starts_with("uci") ? uci : xboard;
     test::RecordingSink m_sink;
     std::size_t m_heard = 0;
+    LogFile m_trace;
     GuiEngine m_engine{std::chrono::milliseconds(1)};
 };
 
