@@ -129,16 +129,14 @@ PlayState GuiEngine::state() const {
     return nobody;
 }
 
-/// Lets `change` have the state of a loaded engine.
+/// Lets `change` have the record of a loaded engine.
 template <class Change>
-void GuiEngine::change_state(Change change) {
-    if (m_engine) m_engine->with_record([&change](EngineRecord& record) { change(record.state); });
+void GuiEngine::change_record(Change change) {
+    if (m_engine) m_engine->with_record(change);
 }
 
 void GuiEngine::set_level(const Level& level) {
-    if (!m_engine) return;
-    m_engine->with_record(
-        [&level](EngineRecord& record) { record.state.set_level(level, record.variables.handicap); });
+    change_record([&](EngineRecord& own) { own.state.set_level(level, own.variables.handicap); });
 }
 
 bool GuiEngine::is_white() const {
@@ -147,15 +145,15 @@ bool GuiEngine::is_white() const {
 }
 
 void GuiEngine::set_white(bool white) {
-    change_state([white](PlayState& state) { state.is_white = white; });
+    change_record([white](EngineRecord& own) { own.state.is_white = white; });
 }
 
 void GuiEngine::set_opponent_time(std::int64_t milliseconds) {
-    change_state([milliseconds](PlayState& state) { state.opponent_time = milliseconds; });
+    change_record([milliseconds](EngineRecord& own) { own.state.opponent_time = milliseconds; });
 }
 
 void GuiEngine::set_moves_done(std::int32_t moves) {
-    change_state([moves](PlayState& state) { state.clock.set_moves_done(moves); });
+    change_record([moves](EngineRecord& own) { own.state.clock.set_moves_done(moves); });
 }
 
 void GuiEngine::set_ponder(bool on) {

@@ -101,7 +101,7 @@ private:
     void replace_probe();
     void quit_engine();
     template <class Change>
-    void change_state(Change change);
+    void change_record(Change change);
 
     const std::chrono::milliseconds m_probe_interval;
     const std::stop_token m_leaving;

@@ -160,12 +160,12 @@ DriverMessage UciEngine::translate(ArrivedLine line) {
         stopped = m_stopped.pay().has_value();
         if (!stopped) take_bestmove(line);
     }
-    return {std::move(line.text), line.stamp, stopped};
+    return {std::move(line.text), line.arrival, stopped};
 }
 
 void UciEngine::take_bestmove(const ArrivedLine& line) {
     PlayState& engine = state();
-    engine.clock.move_and_stop_clock(line.stamp.value_or(0));
+    engine.clock.move_and_stop_clock(line.arrival.value_or(0));
     trace(" move_and_stop_clock()  time=", std::to_string(engine.clock.time_left()));
     engine.status = EngineStatus::idle;
     m_ponder_move.clear();

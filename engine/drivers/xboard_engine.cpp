@@ -207,7 +207,7 @@ DriverMessage XboardEngine::translate(ArrivedLine arrived) {
     if (const auto move = xboard::old_style_move(line); state().status == EngineStatus::thinking && move) {
         return take_move(*move);
     }
-    if (word == "pong") return {line, arrived.stamp};
+    if (word == "pong") return {std::move(arrived.text), arrived.arrival};
     // An engine that refuses a move has lost the game like one that gives up.
     if (line.find("resign") != std::string::npos || word == "Illegal") {
         state().status = EngineStatus::idle;
@@ -216,8 +216,8 @@ DriverMessage XboardEngine::translate(ArrivedLine arrived) {
     // At the start of a game it is the word on the last one.
     if (is_result(word)) m_result_said = !m_previous_position.moves().empty();
     if (word.starts_with('#') || is_result(word)) return {};
-    if (word.empty() || !is_digit(word.front())) return {line, arrived.stamp};
-    return {xboard::thinking_as_info(line), arrived.stamp};
+    if (word.empty() || !is_digit(word.front())) return {std::move(arrived.text), arrived.arrival};
+    return {xboard::thinking_as_info(line), arrived.arrival};
 }
 
 /// The legal move of the engine's word; nothing when it cannot be read or is not legal.

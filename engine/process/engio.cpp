@@ -30,7 +30,7 @@ constexpr std::chrono::milliseconds longest_hold(5);
 
 /// The line as it stands in the log.
 std::string with_stamp(const ArrivedLine& line) {
-    return line.stamp ? line.text + " TS=" + std::to_string(*line.stamp) : line.text;
+    return line.arrival ? line.text + " TS=" + std::to_string(*line.arrival) : line.text;
 }
 
 /// Writes all bytes to a pipe that does not block, waiting for at most `wait` in all until it takes them, and
@@ -209,7 +209,7 @@ bool Engio::hand_over(ArrivedLine& line) {
     const std::lock_guard lock(m_engine_mutex);
     if (m_engine == nullptr) return false;
     line.text.resize(text::utf8_prefix(line.text, m_engine->longest_line()).size());
-    if (line.text.find("bestmove") != std::string::npos) line.stamp = arrival_stamp();
+    if (line.text.find("bestmove") != std::string::npos) line.arrival = arrival_stamp();
     try {
         m_engine->receive_line(line);
     } catch (const std::exception& error) {

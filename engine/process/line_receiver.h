@@ -11,7 +11,7 @@ namespace velmora {
 struct ArrivedLine {
     std::string text;
     /// arrival_stamp() of a line that may be a move: the time that it spends in queues is not the engine's.
-    std::optional<std::uint32_t> stamp = std::nullopt;
+    std::optional<std::uint32_t> arrival = std::nullopt;
 };
 
 /// Takes the lines of an engine, in order, on the engine's reader thread.

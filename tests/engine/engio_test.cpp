@@ -19,7 +19,7 @@ class Receiver : public LineReceiver {
 public:
     void receive_line(ArrivedLine arrived) override {
         const std::string& line = arrived.text;
-        m_sink.put_command(arrived.stamp ? line + " (stamped)" : line);
+        m_sink.put_command(arrived.arrival ? line + " (stamped)" : line);
         if (line.starts_with("info")) m_held = std::max(m_held, Held::can_wait);
         if (line.starts_with("urgent")) m_held = Held::urgent;
         if (line.find("throw") != std::string::npos) throw std::runtime_error("of the test's making");
