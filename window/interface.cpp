@@ -125,9 +125,11 @@ void Interface::lay_out() {
 void Interface::connect_views() {
     m_board.signal_move_made().connect([this] {
         const auto [from, to] = m_board.get_move();
-        m_user_moves.on_board(from, to);
+        m_user_moves.on_board(from.value(), to.value());
     });
-    m_board.signal_piece_picked().connect([this] { m_user_moves.on_piece_picked(m_board.picked_square()); });
+    m_board.signal_piece_picked().connect([this] {
+        if (const auto square = m_board.picked_square()) m_user_moves.on_piece_picked(square->value());
+    });
     m_pgn.signal_clicked().connect([this](int offset) {
         if (offset >= 0) m_navigation.to_text_offset(static_cast<std::size_t>(offset));
     });
