@@ -85,14 +85,14 @@ Interface::Interface(std::string program_path, int board_size)
     show_all_children();
     m_windows.hide_all();
     m_session.tell({Change::clocks});
-    m_link.send("level " + m_session.level().text());
+    m_link.send(to_referee::SetLevel{m_session.level().text()});
     m_screen.set_sensitive(MenuEntry::ponder, false);
     m_engine.show();
 }
 
 Interface::~Interface() {
     // A second "quit" is harmless, and without one the thread would never end.
-    m_link.send("quit");
+    m_link.send(to_referee::Quit());
     m_manager_thread.join();
     // Windows that are still open, and a comment that has the keyboard, would tell the rooms of their end
     // when those have gone.
@@ -126,12 +126,9 @@ void Interface::lay_out() {
 void Interface::connect_views() {
     m_board.signal_move_made().connect([this] {
         const auto [from, to] = m_board.get_move();
-        m_user_moves.on_board(Square(from), Square(to));
+        m_user_moves.on_board(from, to);
     });
-    m_board.signal_piece_picked().connect([this] {
-        const auto square = m_board.picked_square();
-        m_user_moves.on_piece_picked(square ? std::optional(Square(*square)) : std::nullopt);
-    });
+    m_board.signal_piece_picked().connect([this] { m_user_moves.on_piece_picked(m_board.picked_square()); });
     m_pgn.signal_clicked().connect([this](int offset) {
         if (offset >= 0) m_navigation.to_text_offset(static_cast<std::size_t>(offset));
     });
@@ -151,7 +148,7 @@ void Interface::connect_views() {
 }
 
 bool Interface::on_delete_event(GdkEventAny* /*event*/) {
-    m_link.send("quit");
+    m_link.send(to_referee::Quit());
     return true;
 }
 
@@ -191,7 +188,7 @@ bool Interface::on_timeout() {
     m_clocks.update();
     process_manager_messages();
     // The referee acts on lines alone, and an engine that has died or fallen silent sends none.
-    if (++m_ticks % wake_up_ticks == 0 && m_modes.awaits_engine()) m_link.send("wake_up");
+    if (++m_ticks % wake_up_ticks == 0 && m_modes.awaits_engine()) m_link.send(to_referee::WakeUp());
     return true;
 }
 

@@ -76,7 +76,7 @@ void MainScreen::set_sensitive(MenuEntry entry, bool sensitive) {
 }
 
 void MainScreen::set_arrow(Square from, Square to, ArrowColor color) {
-    m_views.board.set_arrow(from.value(), to.value(), static_cast<int>(color));
+    m_views.board.set_arrow(from, to, color);
 }
 
 void MainScreen::clear_arrows() { m_views.board.clear_arrows(); }

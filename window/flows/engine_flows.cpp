@@ -42,7 +42,7 @@ EngineFlows::EngineFlows(Gtk::Window& parent, GameSession& session, WindowFrame&
           }
       }) {}
 
-void EngineFlows::send_load(const std::string& command, const std::string& name, Protocol protocol) {
+void EngineFlows::send_load(const to_referee::Load& command, const std::string& name, Protocol protocol) {
     m_manager.send(command);
     m_engine.begin_load(name, protocol);
     // The referee stands at the start of a game after a load, the board doesn't.
@@ -55,15 +55,15 @@ void EngineFlows::load() {
     if (path.empty()) return;
     const auto protocol = choose_protocol(m_parent);
     if (!protocol) return;
-    send_load("load " + std::to_string(*protocol) + " filename " + path,
-              std::filesystem::path(path).filename(), static_cast<Protocol>(*protocol));
+    send_load({*protocol, to_referee::Load::Source::filename, path}, std::filesystem::path(path).filename(),
+              static_cast<Protocol>(*protocol));
 }
 
 void EngineFlows::load_installed() {
     try {
         const auto engine = InstalledList(m_parent).choose();
         if (engine && !engine->name.empty()) {
-            send_load("load 0 name " + engine->name, engine->name, engine->protocol);
+            send_load({0, to_referee::Load::Source::name, engine->name}, engine->name, engine->protocol);
         }
     } catch (const std::exception& error) {
         m_dialogs.tell_user("The list of engines can't be used", error.what());
@@ -88,7 +88,7 @@ void EngineFlows::choose_time_control() {
     const auto level = ask_time_control(m_parent, m_session.level());
     if (!level) return;
     m_session.set_level(*level);
-    m_manager.send("level " + m_session.level().text());
+    m_manager.send(to_referee::SetLevel{m_session.level().text()});
 }
 
 void EngineFlows::edit_options() {
@@ -106,7 +106,7 @@ void EngineFlows::edit_options() {
         return;
     }
     for (const Option& option : option_lists::changed(before, after)) {
-        m_manager.send("setoption name " + option.name + " value " + option.value);
+        m_manager.send(to_referee::SetOption{option.name, option.value});
     }
 }
 

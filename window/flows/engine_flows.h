@@ -33,7 +33,7 @@ public:
 
 private:
     /// @param name  of the program, for the person
-    void send_load(const std::string& command, const std::string& name, Protocol protocol);
+    void send_load(const to_referee::Load& command, const std::string& name, Protocol protocol);
 
     Gtk::Window& m_parent;
     GameSession& m_session;

@@ -20,7 +20,7 @@ void TournamentFlows::edit() {
             case TournamentDialog::ok: {
                 dialog.store(m_tournament);
                 m_tournament.save_anew();
-                m_manager.send("load_tournament " + m_tournament.event());
+                m_manager.send(to_referee::LoadTournament{m_tournament.event()});
                 break;
             }
             case TournamentDialog::cancel:
@@ -61,17 +61,17 @@ void TournamentFlows::load_named(const std::string& name) {
     try {
         m_tournament.load(name);
         m_session.set_level(m_tournament.level());
-        m_manager.send("level " + m_session.level().text());
+        m_manager.send(to_referee::SetLevel{m_session.level().text()});
     } catch (const std::exception& error) {
         // The referee fails in the same way and tells the person.
         std::cerr << error.what() << '\n';
     }
-    m_manager.send("load_tournament " + name);
+    m_manager.send(to_referee::LoadTournament{name});
 }
 
 void TournamentFlows::leave() {
     m_frame.select_mode(Mode::human_human);
-    m_manager.send("human_human");
+    m_manager.send(to_referee::HumanHuman());
 }
 
 }  // namespace velmora

@@ -40,7 +40,7 @@ const std::vector<ActionRow>& Actions::table() {
          [](Rooms& rooms, bool) { rooms.files.save_position(); }},
         {"PolyglotBook", "Polyglot book", Kind::plain,
          [](Rooms& rooms, bool) { rooms.files.choose_polyglot_book(); }},
-        {"Quit", "Quit", Kind::plain, [](Rooms& rooms, bool) { rooms.manager.send("quit"); }},
+        {"Quit", "Quit", Kind::plain, [](Rooms& rooms, bool) { rooms.manager.send(to_referee::Quit()); }},
         {"ViewMenu", "View"},
         {"Flip", "Flip View", Kind::plain, [](Rooms& rooms, bool) { rooms.windows.flip_board(); }},
         {"ShowOutput", "Show Engine Output", Kind::toggle, show_window<SecondaryWindow::analysis>},
@@ -71,11 +71,11 @@ const std::vector<ActionRow>& Actions::table() {
         {"Engine1_options", "Engine...", Kind::plain,
          [](Rooms& rooms, bool) { rooms.engines.edit_options(); }},
         {"Ponder", "Ponder", Kind::toggle,
-         [](Rooms& rooms, bool on) { rooms.manager.send(on ? "ponder on" : "ponder off"); }},
+         [](Rooms& rooms, bool on) { rooms.manager.send(to_referee::Ponder{on}); }},
         {"Debug", "Debug", Kind::toggle,
          [](Rooms& rooms, bool on) {
              rooms.manager.set_logging(on);
-             rooms.manager.send(on ? "debug true" : "debug false");
+             rooms.manager.send(to_referee::Debug{on});
          }},
         {"InfoMenu", "Info"},
         {"About", "About...", Kind::plain, [](Rooms& rooms, bool) { rooms.windows.about(); }},

@@ -38,13 +38,13 @@ const MoveSectionElement* GameSession::next_move() const {
 std::string GameSession::last_move_text() const {
     const auto& node = m_record.tree().node(m_record.current());
     if (node.type != ElementType::move) return {};
-    return (node.color == 1 ? "White: " : "Black: ") + node.san;
+    return (node.color == Side::white ? "White: " : "Black: ") + node.san;
 }
 
 std::string GameSession::next_move_text() const {
     const MoveSectionElement* const next = next_move();
     if (!next || next->san.empty()) return "The move";
-    return std::to_string(next->move_number) + (next->color == 1 ? ". " : "... ") + next->san;
+    return std::to_string(next->move_number) + (next->color == Side::white ? ". " : "... ") + next->san;
 }
 
 std::string GameSession::epd_text() const {
@@ -168,10 +168,11 @@ void GameSession::take_back() {
     tell(other_node);
 }
 
-void GameSession::end_game(std::string_view result, std::string_view words) {
+void GameSession::end_game(const GameOutcome& outcome) {
     store_comment();
     tag_ended_game(m_record, m_names.players, m_level);
-    std::string ending = ending_text(words, result);
+    const std::string_view result = result_token(outcome.result);
+    std::string ending = ending_text(outcome.reason, result);
     m_record.set_result(ending);
     // The words may hold another result; the tag has the referee's.
     m_record.set_tag("Result", result);

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "chess/board/game_outcome.h"
 #include "chess/board/move.h"
 #include "chess/board/side.h"
 #include "chess/moves/position.h"
@@ -94,7 +95,7 @@ public:
     /// Takes back the last move, if one has been played since the position was set up or stepped to.
     void take_back();
     /// Ends the record with a result, the words in braces behind it, and the tags of a finished game.
-    void end_game(std::string_view result, std::string_view words);
+    void end_game(const GameOutcome& outcome);
 
     // ---- The person looks and writes
 

@@ -17,7 +17,7 @@ void ModeController::follow_position() {
     send_position();
     const Mode mode = m_frame.mode();
     if (mode == Mode::human_computer) leave_move_to_person();
-    if (mode == Mode::analyze_position) m_manager.send("analyzeposition");
+    if (mode == Mode::analyze_position) m_manager.send(to_referee::AnalyzePosition());
 }
 
 /// Whichever side is to move, it is the person's, and the engine takes the other: nobody else would begin.
@@ -25,12 +25,12 @@ void ModeController::leave_move_to_person() {
     const Side engine = opposite(m_session.side_to_move());
     m_session.seat(Seats::with_engine(engine));
     m_session.hold_clocks(false);
-    m_manager.send("playother");
+    m_manager.send(to_referee::PlayOther());
     m_clocks.stop_clocks();
     m_clocks.mark_clock(m_session.side_to_move());
 }
 
-void ModeController::send_position() { m_manager.send("setboard " + m_session.position().fen()); }
+void ModeController::send_position() { m_manager.send(to_referee::SetBoard{m_session.position().fen()}); }
 
 void ModeController::setup(bool on) {
     m_frame.set_sensitive(MenuEntry::start_thinking, false);
@@ -48,7 +48,7 @@ void ModeController::human_human(bool on) {
     m_session.forget_search();
     m_clocks.stop_clocks();
     m_session.hold_clocks(true);
-    m_manager.send("human_human");
+    m_manager.send(to_referee::HumanHuman());
     m_clocks.mark_clock(m_session.side_to_move());
 }
 
@@ -68,7 +68,7 @@ void ModeController::analyze_position(bool on) {
 
 void ModeController::learn_openings(bool on) {
     if (!on) {
-        m_manager.send("learnopenings 0");
+        m_manager.send(to_referee::LearnOpenings{0});
         return;
     }
     const int mask = m_dialogs.choose_hints();
@@ -81,7 +81,7 @@ void ModeController::learn_openings(bool on) {
     m_session.hold_clocks(true);
     m_session.seat(Seats::of_people());
     m_board.clear_arrows();
-    m_manager.send("learnopenings " + std::to_string(mask));
+    m_manager.send(to_referee::LearnOpenings{mask});
     // The referee has not followed the moves of a game between people: the drill starts from what is on the
     // board.
     send_position();
@@ -96,7 +96,7 @@ void ModeController::tournament(bool on) {
     // The board of a match only looks on; its clocks follow the moves.
     m_session.seat(Seats::of_engines());
     m_session.hold_clocks(false);
-    m_manager.send("start_tournament");
+    m_manager.send(to_referee::StartTournament());
     m_engine.begin_match();
 }
 
@@ -111,14 +111,14 @@ void ModeController::start_thinking() {
     const Side engine = m_session.side_to_move();
     m_session.seat(Seats::with_engine(engine));
     m_session.hold_clocks(false);
-    m_manager.send("go");
+    m_manager.send(to_referee::Go());
     m_clocks.start_clock(engine);
 }
 
 void ModeController::new_game() {
     m_clocks.stop_clocks();
     m_board.clear_arrows();
-    m_manager.send("new");
+    m_manager.send(to_referee::NewGame());
     m_session.new_game();
     if (m_engine.is_there()) {
         m_session.seat(Seats::with_engine(Side::black));

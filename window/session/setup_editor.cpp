@@ -61,7 +61,7 @@ void SetupEditor::take_over(ChessPosition& board, Piece touched) {
     const std::string fen = board.fen();
     ChessPosition().fen(fen);  // throws where the text is none, while the record is still whole
     m_session.start_from(fen);
-    m_manager.send("setboard " + m_session.position().fen());
+    m_manager.send(to_referee::SetBoard{m_session.position().fen()});
 }
 
 }  // namespace velmora
