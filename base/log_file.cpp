@@ -14,11 +14,6 @@ void LogFile::close() {
     if (m_stream.is_open()) m_stream.close();
 }
 
-bool LogFile::is_open() const {
-    const std::lock_guard lock(m_mutex);
-    return m_stream.is_open();
-}
-
 void LogFile::write(std::string_view line) {
     const std::lock_guard lock(m_mutex);
     if (m_stream.is_open()) m_stream << line << '\n' << std::flush;

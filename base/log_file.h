@@ -18,13 +18,12 @@ public:
     /// Opens `path`, closing an open file first.
     void open(const std::string& path, Opening opening);
     void close();
-    bool is_open() const;
 
     /// Writes `line` and a line end, and flushes.
     void write(std::string_view line);
 
 private:
-    mutable std::mutex m_mutex;
+    std::mutex m_mutex;
     std::ofstream m_stream;  // guarded by m_mutex
 };
 

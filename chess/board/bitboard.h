@@ -117,37 +117,15 @@ inline constexpr Bitboard no_squares{};
 inline constexpr Bitboard all_squares = ~no_squares;
 
 inline constexpr Bitboard file_a = Square(0).file_mask();
-inline constexpr Bitboard file_b = Square(1).file_mask();
-inline constexpr Bitboard file_c = Square(2).file_mask();
-inline constexpr Bitboard file_d = Square(3).file_mask();
-inline constexpr Bitboard file_e = Square(4).file_mask();
-inline constexpr Bitboard file_f = Square(5).file_mask();
-inline constexpr Bitboard file_g = Square(6).file_mask();
 inline constexpr Bitboard file_h = Square(7).file_mask();
 inline constexpr Bitboard rank_1 = Square(0).rank_mask();
 inline constexpr Bitboard rank_2 = Square(8).rank_mask();
 inline constexpr Bitboard rank_3 = Square(16).rank_mask();
-inline constexpr Bitboard rank_4 = Square(24).rank_mask();
-inline constexpr Bitboard rank_5 = Square(32).rank_mask();
 inline constexpr Bitboard rank_6 = Square(40).rank_mask();
 inline constexpr Bitboard rank_7 = Square(48).rank_mask();
 inline constexpr Bitboard rank_8 = Square(56).rank_mask();
 inline constexpr Bitboard not_file_a = ~file_a;
-inline constexpr Bitboard not_file_b = ~file_b;
-inline constexpr Bitboard not_file_c = ~file_c;
-inline constexpr Bitboard not_file_d = ~file_d;
-inline constexpr Bitboard not_file_e = ~file_e;
-inline constexpr Bitboard not_file_f = ~file_f;
-inline constexpr Bitboard not_file_g = ~file_g;
 inline constexpr Bitboard not_file_h = ~file_h;
-inline constexpr Bitboard not_rank_1 = ~rank_1;
-inline constexpr Bitboard not_rank_2 = ~rank_2;
-inline constexpr Bitboard not_rank_3 = ~rank_3;
-inline constexpr Bitboard not_rank_4 = ~rank_4;
-inline constexpr Bitboard not_rank_5 = ~rank_5;
-inline constexpr Bitboard not_rank_6 = ~rank_6;
-inline constexpr Bitboard not_rank_7 = ~rank_7;
-inline constexpr Bitboard not_rank_8 = ~rank_8;
 
 /// The light and the dark squares; a1 is dark.
 inline constexpr Bitboard light_squares{0x55AA55AA55AA55AA};

@@ -139,16 +139,6 @@ bool report_wrong_slot(const SlotTables& tables, int square) {
     }
 }
 
-MagicMoves::Totals MagicMoves::totals(const BySquare<std::vector<std::uint8_t>>& index,
-                                      const BySquare<std::vector<Bitboard>>& attacks) {
-    Totals sum{};
-    for (const auto& slots : index) sum.slots += slots.size();
-    for (const auto& sets : attacks) {
-        sum.sets += sets.size() - static_cast<std::size_t>(std::count(sets.begin(), sets.end(), no_squares));
-    }
-    return sum;
-}
-
 bool MagicMoves::selftest_ok() const {
     for (int s = 0; s < 64; ++s) {
         if (report_twins(m_bishop_attacks[at(Square(s))], "bishopattacks", s)) return false;

@@ -13,8 +13,8 @@ namespace velmora {
 /// Attack sets of sliders, looked up by a multiplication: the only producer of them.
 ///
 /// Per square the occupancy that matters is hashed to a slot without harmful collisions; the slot holds the
-/// one-byte number of an attack set. That keeps 111,232 slots small: no square has more than 144 sets.
-/// An attack set includes the first piece met in each direction.
+/// one-byte number of an attack set. That keeps 111,232 slots (5,760 for bishops, 105,472 for rooks) small:
+/// no square has more than 144 sets. An attack set includes the first piece met in each direction.
 class MagicMoves {
 public:
     /// What becomes of the full tables once the small ones are made from them; selftest_ok() reads them.
@@ -45,15 +45,6 @@ public:
         return queen_attacks(square.first_square(), occupied);
     }
 
-    /// Totals over all squares: 5,760 bishop and 105,472 rook slots; 1,428 and 4,900 sets, the empty set of
-    /// unused slots not counted.
-    struct Totals {
-        std::size_t slots;
-        std::size_t sets;
-    };
-    Totals bishop_totals() const { return totals(m_bishop_index, m_bishop_attacks); }
-    Totals rook_totals() const { return totals(m_rook_index, m_rook_attacks); }
-
     /// For development: no square's sets may hold one twice, and each slot must name the set of the full
     /// table. The first fault is told on standard output. An object that has dropped its full tables fails.
     bool selftest_ok() const;
@@ -79,9 +70,6 @@ private:
         const Lookup& lookup = table[at(square)];
         return lookup.attacks[lookup.index[slot(lookup, occupied)]];
     }
-    static Totals totals(const BySquare<std::vector<std::uint8_t>>& index,
-                         const BySquare<std::vector<Bitboard>>& attacks);
-
     BySquare<Lookup> m_bishops{};
     BySquare<Lookup> m_rooks{};
 

@@ -51,13 +51,6 @@ TEST(MagicMoves, LookUpEqualsTheWalk) {
     }
 }
 
-TEST(MagicMoves, Totals) {
-    EXPECT_EQ(magic_moves().bishop_totals().slots, 5760U);
-    EXPECT_EQ(magic_moves().rook_totals().slots, 105472U);
-    EXPECT_EQ(magic_moves().bishop_totals().sets, 1428U);
-    EXPECT_EQ(magic_moves().rook_totals().sets, 4900U);
-}
-
 TEST(MagicMoves, SelfTestNeedsTheFullTables) {
     EXPECT_TRUE(MagicMoves(MagicMoves::FullTables::keep).selftest_ok());
     ::testing::internal::CaptureStdout();

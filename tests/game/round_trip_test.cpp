@@ -101,15 +101,5 @@ TEST(RoundTrip, PrintedGamesReadBackTheSame) {
     }
 }
 
-TEST(RoundTrip, GlyphsAndNestedVariations) {
-    const std::string moves =
-        "1.e4 $1 e5 $2 {a} 2.Nf3 $13 ( 2.Nc3 $5 Nf6 ( 2... Nc6 {b} 3.Bc4 ( 3.f4 $6 exf4))\n"
-        "3.f4) ( 2.f4) Nc6 1/2-1/2";
-    Game game;
-    game.parse_pgn(moves);
-    const auto printed = game.pgn();
-    EXPECT_EQ(printed.substr(printed.find("\n\n") + 2), moves + "\n\n");
-}
-
 }  // namespace
 }  // namespace velmora

@@ -187,6 +187,7 @@ TEST_F(TournamentTest, NobodyElsesResultsAreReplacedAndOnesOwnStayBesideTheFile)
     write("unplayed", unplayed);
     write("damaged", "level soon\n");
     fs::create_directory(m_directory + "directory.trn");
+    m_files.write("notes.txt", "no tournament");
     Tournament tournament(m_directory);
     const struct {
         const char *event, *free;
@@ -207,6 +208,7 @@ TEST_F(TournamentTest, NobodyElsesResultsAreReplacedAndOnesOwnStayBesideTheFile)
     EXPECT_EQ(tournament.free_event("renamed"), "renamed") << "its own as soon as it has been saved";
     EXPECT_EQ(tournament_store::names(m_directory),
               (std::vector<std::string>{"damaged", "played", "played 2", "renamed", "unplayed"}));
+    EXPECT_EQ(tournament_store::names(m_directory + "missing/"), std::vector<std::string>{});
 }
 
 TEST_F(TournamentTest, ASaveThatFailsSaysSoAndLosesNothing) {
@@ -270,15 +272,6 @@ TEST_F(TournamentTest, ClearKeepsRoundsTypeSiteAndLevel) {
     EXPECT_EQ(settings(tournament), "?|?|sessions 40 0:10 0|2|2||000");
     EXPECT_TRUE(tournament.participants_list().empty());
     EXPECT_EQ(tournament.next_game().number, 0);
-}
-
-TEST_F(TournamentTest, StoreListsFilesOfItsKindOnly) {
-    write("b", "");
-    write("a b", "");
-    m_files.write("notes.txt", "x");
-    fs::create_directory(m_directory + "directory.trn");
-    EXPECT_EQ(tournament_store::names(m_directory), (std::vector<std::string>{"a b", "b"}));
-    EXPECT_EQ(tournament_store::names(m_directory + "missing/"), std::vector<std::string>{});
 }
 
 TEST(TournamentParticipant, FreeTextsOfAnEngineBecomeNumbers) {

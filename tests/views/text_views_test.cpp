@@ -100,6 +100,7 @@ protected:
 
 TEST_F(PgnViewTest, HighlightCountsCharacters) {
     view.set_text(game);
+    EXPECT_FALSE(view_in(view).get_editable());
     view.highlight(1, 6);
     EXPECT_EQ(marked(), "White");
     view.highlight(0, 9);
@@ -133,22 +134,6 @@ TEST_F(PgnViewTest, BadBytesKeepTheCount) {
     gui::pump_pending();
     click_on(5);
     EXPECT_THAT(clicks, testing::ElementsAre(6));
-}
-
-TEST_F(PgnViewTest, TextGoesOverTheClipboardIntoAComment) {
-    view.set_text(game);
-    CommentEditor editor;
-    ASSERT_TRUE(gui::show_and_wait(editor));
-    editor.set_text("old");
-    view_in(view).grab_focus();
-    gui::press_key(view, GDK_KEY_a, Gdk::CONTROL_MASK);
-    gui::press_key(view, GDK_KEY_c, Gdk::CONTROL_MASK);
-    gui::type_text(view, "x");
-    EXPECT_EQ(text_in(view), game) << "nobody writes here";
-    view_in(editor).grab_focus();
-    gui::press_key(editor, GDK_KEY_a, Gdk::CONTROL_MASK);
-    gui::press_key(editor, GDK_KEY_v, Gdk::CONTROL_MASK);
-    EXPECT_TRUE(gui::pump_until([&] { return editor.text() == game; }));
 }
 
 TEST(CommentEditor, GivesBackWhatItWasGiven) {

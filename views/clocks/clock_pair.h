@@ -29,8 +29,8 @@ public:
     void reset();
     /// A side's time left; the side goes on running from it if it ran.
     void set_time(Side side, std::int32_t centiseconds);
-    /// The opponent has just moved: that side's clock stops, gets the increment and, at the end of a session, the
-    /// base time.
+    /// The opponent has just moved: that side's clock stops, gets the increment and, at the end of a session,
+    /// the base time.
     void start(Side side);
     /// Stops both clocks. Neither runs on at a later set_time() or set_level().
     void stop();
@@ -39,7 +39,6 @@ public:
     /// time has grown by one second only: that much an update of the referee may jump without being seen.
     std::optional<std::string> refresh(Side side);
 
-    bool is_running(Side side) const { return m_sides[side].running; }
     /// What was left when the side's watch was last reset, centiseconds.
     std::int32_t time(Side side) const { return m_sides[side].time; }
 

@@ -75,8 +75,6 @@ TEST_F(ClockPairTest, MoveAddsWholeSecondsOfIncrementToWhoHasMoved) {
             fresh.start(side);
             EXPECT_EQ(fresh.time(opposite(side)), row.after) << row.level;
             EXPECT_EQ(fresh.time(side), before);
-            EXPECT_TRUE(fresh.is_running(side));
-            EXPECT_FALSE(fresh.is_running(opposite(side)));
         }
     }
 }
