@@ -84,6 +84,7 @@ public:
         engio.spawn_engine("/proc/self/exe");
         driver.attach(1, &record, &engio);
         driver.set_manager(&queue);
+        driver.set_debug(true);  // else a "pong" and a "done" go no further than the driver
         engio.set_engine(&driver);
         m_reader = std::thread(std::ref(engio));
     }

@@ -27,8 +27,9 @@ struct DriverMessage {
 /// What the drivers of both protocols share: the operations by which the referee drives an engine, the game
 /// as the driver knows it, and the road of the engine's lines to the referee.
 ///
-/// Every operation holds the driver's mutex from its first to its last command, so that a user's click and an
-/// engine's answer cannot cross in the middle.
+/// The referee's thread drives and the reader's thread reports, each at any moment. Every operation holds the
+/// driver's mutex from its first to its last command, so that a user's click and an engine's answer cannot
+/// cross in the middle.
 class PlayingEngine : public BaseEngine {
 public:
     PlayingEngine();

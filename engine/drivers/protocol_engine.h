@@ -16,6 +16,9 @@ namespace velmora {
 ///
 /// The lines of the handshake wait in the queue for the probe, which runs on the referee's thread. The probe
 /// drives nothing: an engine of xboard version 1 keeps it, so that it has a name and a clock but never moves.
+///
+/// Nobody waits for a line here as the reader does: the looks into the queue are counted, so that an engine
+/// that talks without end cannot hold up the referee, and a stop of the program ends the sleep between two.
 class ProtocolEngine : public BaseEngine {
 public:
     static constexpr std::chrono::milliseconds default_interval{50};

@@ -10,6 +10,10 @@ namespace velmora {
 ///
 /// Turns go() into the text of the protocol, starts ponder searches by itself and passes every line of the
 /// engine on to the referee. The handshake has been done before it exists.
+///
+/// A UCI engine keeps nothing between two searches, so every search begins with the whole game. The engine is
+/// idle as soon as it was told to stop, although its move is still to come: a next search need not wait for
+/// that, since StoppedSearches tells the late move from the one that was asked for.
 class UciEngine : public PlayingEngine {
 public:
     Protocol protocol() const override { return Protocol::uci; }
@@ -29,6 +33,8 @@ private:
     /// A search that was stopped for an option's sake, to be taken up again.
     enum class Interrupted { nothing, analysis, pondering };
 
+    /// How a clock that has run out is told: as one millisecond where the engine is to move, as it is where
+    /// it ponders, since nothing limits that search yet.
     enum class Overstepped { as_it_is, raised_to_1 };
 
     std::string position_text() const;

@@ -14,6 +14,10 @@ namespace velmora {
 /// The engine keeps a game of its own, so each go() works out how that differs from the real game and
 /// brings the two together. What comes back is put into the words of UCI: the referee sees "bestmove" and
 /// "info depth" lines only.
+///
+/// Nothing tells at once whether the engine has taken a command, so m_previous_position is what it must have
+/// made of all that it was sent. It is certain but for one case: a stopped engine makes a move of its own
+/// choice first, and until that has come the only safe way is to send the whole position.
 class XboardEngine : public PlayingEngine {
 public:
     XboardEngine();
@@ -30,7 +34,8 @@ private:
     DriverMessage translate(ArrivedLine line) override;
     std::string option_command(const Option& option) const override;
 
-    /// Whether the engine answers a move by itself. A fresh process that was never sent "new" may or may not.
+    /// Whether the engine answers a move by itself. Told to go when it does, it would play both sides. A
+    /// fresh process that was never sent "new" may or may not.
     enum class Play { unknown, force_mode, by_itself };
 
     void send_new();

@@ -15,6 +15,9 @@ struct ArrivedLine {
 };
 
 /// Takes the lines of an engine, in order, on the engine's reader thread.
+///
+/// Engio's view of a driver: by it the process side knows neither protocols nor the referee, and a test reads
+/// an engine without either.
 class LineReceiver {
 public:
     virtual ~LineReceiver() = default;

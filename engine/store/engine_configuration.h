@@ -24,6 +24,10 @@ struct XboardFeatures {
 };
 
 /// What an engine announced that can be set, and what the user has set.
+///
+/// An option stands here with the value that the engine is to have; whether it has been sent is the driver's
+/// business. What comes out of the list of installed engines has names and values alone: type, limits and
+/// choices are known only while a program runs that announces them.
 struct EngineConfiguration {
     std::string handicap;  ///< time handicap in per cent, free text
     Options options;
