@@ -5,6 +5,8 @@
 #include <gdkmm/pixbuf.h>
 #include <gtkmm/aboutdialog.h>
 
+#include "base/program.h"
+
 namespace velmora {
 
 void show_about(Gtk::Window& parent, const std::string& image) {

@@ -6,9 +6,6 @@
 
 namespace velmora {
 
-inline constexpr const char* program_name = "Velmora GUI";
-inline constexpr const char* program_version = "1.14";
-
 /// Shows the about dialog until it is closed. `image` is the path of the program's image; one that can't be
 /// read is reported on standard error and left out.
 void show_about(Gtk::Window& parent, const std::string& image);

@@ -145,7 +145,7 @@ std::size_t PgnTokenizer::read_tag(std::size_t at) {
     emit(TokenKind::tag_name, m_text.substr(name_begin, name_size));
 
     // The place counts from the bracket and leaves out blanks ahead of the name: "[ White "x"]" has the value
-    // "e ". Games with such tags read as they always did.
+    // "e ".
     auto begin = find(at + 1 + name_size, is_no_blank);
     // Some programs quote a nickname twice, [White ""Deep""]; but of an empty value the second quote is its
     // end.

@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "base/text.h"
-#include "dialogs/about_dialog.h"
+#include "base/program.h"
 #include "window/flows/opened_file.h"
 
 namespace velmora {

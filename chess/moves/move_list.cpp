@@ -1,6 +1,7 @@
 #include "chess/moves/move_list.h"
 
 #include <algorithm>
+#include <mutex>
 #include <utility>
 
 namespace velmora {
@@ -47,7 +48,9 @@ std::string MoveList::to_string() const {
 }
 
 Move MoveList::next() {
-    const std::lock_guard lock(m_mutex);
+    // One for all lists. Lists that are handed out to several threads are rare and short-lived.
+    static std::mutex mutex;
+    const std::lock_guard lock(mutex);
     if (m_next >= m_count) return {};
     Move& place = (*this)[m_next];
     for (std::size_t i = m_next + 1; i < m_count; ++i) {

@@ -3,7 +3,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <mutex>
+#include <memory>
+#include <new>
 #include <string>
 
 #include "chess/board/bitboard.h"
@@ -14,7 +15,8 @@ namespace velmora {
 /// Up to 256 moves. What is added to a full list is dropped: a set-up board full of queens has more.
 ///
 /// The room for the moves lies inside the object and is left unset until moves are written, so that making a
-/// list costs nothing. next() may be called from several threads, everything else from one.
+/// list costs nothing: the generator makes one at every node. next() may be called from several threads, all
+/// else from one; the lock that this takes is no part of the list, which must not grow by it.
 class MoveList {
 public:
     static constexpr std::size_t capacity = 256;
@@ -100,8 +102,7 @@ private:
 
     std::size_t m_count = 0;
     bool m_generated = false;
-    std::size_t m_next = 0;  ///< of the move that next() looks at; guarded by m_mutex
-    std::mutex m_mutex;
+    std::size_t m_next = 0;  ///< of the move that next() looks at; guarded by the lock in next()
     alignas(Move) std::array<std::byte, (capacity + slack) * sizeof(Move)> m_storage;
 };
 

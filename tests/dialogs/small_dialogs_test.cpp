@@ -4,6 +4,7 @@
 #include <gtkmm/radiobutton.h>
 #include <gtkmm/textview.h>
 
+#include "base/program.h"
 #include "dialogs/about_dialog.h"
 #include "dialogs/engine/protocol_dialog.h"
 #include "dialogs/learn_hints_dialog.h"
@@ -108,7 +109,7 @@ TEST_F(SmallDialogsTest, AboutShowsNameVersionAndImage) {
     answering<Gtk::AboutDialog>(
         [](Gtk::AboutDialog& dialog) {
             EXPECT_EQ(dialog.get_program_name(), "Velmora GUI");
-            EXPECT_EQ(dialog.get_version(), "1.14");
+            EXPECT_EQ(dialog.get_version(), program_version);
             EXPECT_EQ(dialog.get_logo()->get_width(), 100);
             escape(dialog);
         },

@@ -163,7 +163,7 @@ std::string fault(const std::string& game) {
     for (auto begin = game.find('{'); begin != std::string::npos; begin = game.find('{', begin + 1)) {
         if (game.find('}', begin) - begin > 1024) return "a comment that is longer than a file may have";
     }
-    // Of the fork's three, each has a move of the wrong side; in the other Black may castle with his king on
+    // Of the fork's three, each has a move of the wrong side; in the other Black may castle with the king on
     // g8.
     for (const char* event :
          {"Knight Fork #1\"", "Challenge #8", "Challenge #9 BN", "Greek Gift Introduction"}) {

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/program.h"
+
 namespace velmora {
 namespace {
 
@@ -13,7 +15,7 @@ TEST(CommandLine, SizeFilesAndQuestions) {
     const auto game = (std::filesystem::temp_directory_path() / "velmora-command-line.PGN").string();
     std::ofstream(game) << "*\n";
     const std::string missing = game + ".missing.pgn";
-    const std::string version = "Velmora GUI 1.14\n";
+    const std::string version = std::string("Velmora GUI ") + program_version + "\n";
     using Files = std::vector<std::string>;
     const struct {
         std::vector<std::string> arguments;

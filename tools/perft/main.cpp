@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cstdint>
+#include <ctime>
 #include <exception>
 #include <fstream>
 #include <iostream>

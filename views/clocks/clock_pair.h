@@ -29,7 +29,7 @@ public:
     void reset();
     /// A side's time left; the side goes on running from it if it ran.
     void set_time(Side side, std::int32_t centiseconds);
-    /// The opponent has just moved: his clock stops, gets the increment and, at the end of a session, the
+    /// The opponent has just moved: that side's clock stops, gets the increment and, at the end of a session, the
     /// base time.
     void start(Side side);
     /// Stops both clocks. Neither runs on at a later set_time() or set_level().

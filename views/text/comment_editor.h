@@ -17,7 +17,7 @@ public:
     /// The text in the box. A comment that nobody has edited comes back byte by byte as it was set.
     std::string text() const;
 
-    /// The user has left the box, or the window was hidden: what text() gives is what he wants to keep.
+    /// The user has left the box, or the window was hidden: what text() gives is to be kept.
     sigc::signal<void>& signal_applied() { return m_applied; }
 
 protected:

@@ -19,8 +19,7 @@ public:
 
     /// Marks a range as the current move and brings it into sight. Works only when 1 <= begin <= end;
     /// otherwise the earlier mark stays. Offsets are counted in characters up to the end of the text,
-    /// although the callers count bytes: behind letters outside ASCII the mark stands too far to the right,
-    /// as it is known to do.
+    /// although the callers count bytes: behind letters outside ASCII the mark stands too far to the right.
     void highlight(std::int64_t begin, std::int64_t end);
 
     /// Carries the offset in bytes of the last character of the word that was clicked.

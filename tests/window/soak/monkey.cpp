@@ -1,44 +1,65 @@
 #include "tests/window/soak/monkey.h"
 
-#include <cstdlib>
+#include <algorithm>
+#include <array>
+#include <filesystem>
 #include <iostream>
 #include <utility>
 
 #include <gdk/gdkkeysyms.h>
 #include <glibmm/main.h>
 #include <gtkmm/button.h>
+#include <gtkmm/checkmenuitem.h>
+#include <gtkmm/combobox.h>
 #include <gtkmm/entry.h>
+#include <gtkmm/eventbox.h>
 #include <gtkmm/main.h>
+#include <gtkmm/notebook.h>
+#include <gtkmm/spinbutton.h>
+#include <gtkmm/textview.h>
+#include <gtkmm/treeview.h>
 
 #include "chess/moves/legal_moves.h"
+#include "views/text/fen_entry.h"
 
 namespace velmora::soak {
 
 namespace {
 
-const std::vector<std::string> odd_texts = {"",
-                                            "0",
-                                            "-7",
-                                            "99999999999999999999",
-                                            "40",
-                                            "Alpha",
-                                            "Soak",
-                                            "no_such/thing",
-                                            "ärger ♞ \u202e",
-                                            "a \"quoted\" {text} [with] 1-0",
-                                            "4k3/8/8/8/8/8/4P3/4K3 w - - 0 1",
-                                            "8/8/8/8/8/8/8/8 w - - 0 1",
-                                            "rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq e3 0 1",
-                                            std::string(3000, 'x')};
+const std::array<std::string, 10> odd_texts = {"",
+                                               "0",
+                                               "-7",
+                                               "99999999999999999999",
+                                               "Soak",
+                                               "ärger ♞ \u202e",
+                                               "a \"quoted\" {text} [with] 1-0",
+                                               "8/8/8/8/8/8/8/8 w - - 0 1",
+                                               "4k3/8/8/8/8/8/4P3/4K3 w - - 0 1",
+                                               std::string(3000, 'x')};
 
-constexpr std::array keys = {GDK_KEY_Left,   GDK_KEY_Right, GDK_KEY_Home,   GDK_KEY_End,      GDK_KEY_Up,
-                             GDK_KEY_Down,   GDK_KEY_Tab,   GDK_KEY_Return, GDK_KEY_space,    GDK_KEY_Escape,
-                             GDK_KEY_Delete, GDK_KEY_e,     GDK_KEY_4,      GDK_KEY_Page_Down};
+constexpr std::array keys = {GDK_KEY_Left,  GDK_KEY_Right, GDK_KEY_Home,   GDK_KEY_End,
+                             GDK_KEY_Up,    GDK_KEY_Down,  GDK_KEY_Tab,    GDK_KEY_Return,
+                             GDK_KEY_space, GDK_KEY_e,     GDK_KEY_4,      GDK_KEY_Page_Down,
+                             GDK_KEY_F10,   GDK_KEY_n,     GDK_KEY_Escape, GDK_KEY_Delete};
 
 /// The window or menu that takes all events: the innermost modal dialog, an open menu; null when none does.
 Gtk::Widget* grabbing_widget() {
     GtkWidget* const grab = gtk_grab_get_current();
     return grab ? Glib::wrap(gtk_widget_get_toplevel(grab)) : nullptr;
+}
+
+/// The widgets below a window that a person would touch.
+std::vector<Gtk::Widget*> usable(Gtk::Window& window) {
+    std::vector<Gtk::Widget*> widgets;
+    for (Gtk::Widget* const widget : gui::descendants(window)) {
+        // What a list to choose from is made of opens it only for a real pointer.
+        const bool is_combo = dynamic_cast<Gtk::ComboBox*>(widget);
+        const bool of_combo = !is_combo && widget->get_ancestor(GTK_TYPE_COMBO_BOX);
+        const bool takes_part = is_combo || widget->get_can_focus() || dynamic_cast<Gtk::EventBox*>(widget);
+        if (takes_part && !of_combo && widget->get_mapped() && widget->is_sensitive())
+            widgets.push_back(widget);
+    }
+    return widgets;
 }
 
 }  // namespace
@@ -47,7 +68,6 @@ Monkey::Monkey(Interface& window, test::Workplace& place, std::uint32_t seed, in
     : m_window(window),
       m_place(place),
       m_board(*gui::find_widget<Board>(window)),
-      m_engines(place.read("engines.cfg")),
       m_random(seed),
       m_check(window),
       m_left(actions) {
@@ -60,24 +80,7 @@ void Monkey::run() {
     while (!m_closed) Gtk::Main::iteration(true);
 }
 
-std::string Monkey::last_actions() const {
-    std::string text;
-    for (std::size_t i = 0; i < m_noted.size(); ++i) {
-        const std::string& line = m_noted[(m_notes + i) % m_noted.size()];
-        if (!line.empty()) text += line + '\n';
-    }
-    return text;
-}
-
-void Monkey::note(const std::string& action) {
-    m_noted[m_notes++ % m_noted.size()] = std::to_string(m_left) + ' ' + action;
-    if (std::getenv("VELMORA_SOAK_TRACE"))
-        std::cerr << g_get_monotonic_time() / 1000 << ' ' << m_left << ' ' << action << '\n';
-}
-
-unsigned Monkey::any_key() { return unsigned(keys[below(keys.size())]); }
-
-const std::string& Monkey::any_text() { return any(odd_texts); }
+void Monkey::note(const std::string& action) const { std::cerr << m_left << ' ' << action << '\n'; }
 
 void Monkey::next_step(unsigned delay_ms) {
     // Behind redraws and the window's tick, as a person would be.
@@ -85,56 +88,126 @@ void Monkey::next_step(unsigned delay_ms) {
 }
 
 void Monkey::step() {
-    ++m_heartbeat;
-    if (!m_window.get_visible()) {
-        m_closed = true;
-        return;
-    }
+    m_closed = !m_window.get_visible();
+    if (m_closed) return;
     // Ahead of the action: one that opens a dialog comes back when the dialog has been closed.
     next_step();
     Gtk::Widget* const grab = grabbing_widget();
     if (m_left <= 0) return close_all();
     if (auto* const dialog = dynamic_cast<Gtk::Dialog*>(grab)) {
         m_check.give_up();  // a message: the comparison is off
-        return act_on(*dialog);
-    }
-    if (grab) {
+        if (auto* const chooser = dynamic_cast<Gtk::FileChooserDialog*>(dialog)) return choose_file(*chooser);
+        --m_left;
+        if (dialog->get_mapped()) act_in(*dialog);
+    } else if (grab) {
         --m_left;
         note("key in an open menu");
         // Escape often enough to come out of it.
-        return press_in_menu(*grab, one_in(2) ? GDK_KEY_Escape : any_key());
+        press_in_menu(*grab, one_in(2) ? GDK_KEY_Escape : unsigned(any(keys)));
+    } else if (m_check.is_waiting()) {
+        compare();
+    } else if (m_patience > 0) {
+        --m_patience;
+        begin_comparison();
+    } else {
+        if (one_in(15)) m_patience = 3000;
+        --m_left;
+        act();
     }
-    if (m_check.is_waiting()) return look_for_the_position();
-    if (m_compares) return begin_comparison();
-    if (one_in(25)) {
-        m_compares = true;
-        m_patience = 3000;
-    }
-    act_on_window();
 }
 
-void Monkey::act_on_window() {
-    static constexpr auto acts = std::to_array<Weighted>({{30, &Monkey::drag_legal_move},
-                                                          {8, &Monkey::click_legal_move},
-                                                          {10, &Monkey::drag_anywhere},
-                                                          {12, &Monkey::press_a_navigation_button},
-                                                          {10, &Monkey::press_a_key},
-                                                          {12, &Monkey::choose_a_menu_item},
-                                                          {6, &Monkey::switch_mode},
-                                                          {2, &Monkey::open_a_menu},
-                                                          {5, &Monkey::use_a_side_window},
-                                                          {2, &Monkey::use_the_fen_entry},
-                                                          {2, &Monkey::close_a_side_window},
-                                                          {1, &Monkey::resize},
-                                                          {1, &Monkey::kill_engines},
-                                                          {1, &Monkey::restart_the_logs}});
-    unsigned total = 0;
-    for (const Weighted& row : acts) total += row.weight;
-    unsigned drawn = below(total);
-    --m_left;
-    for (const Weighted& row : acts) {
-        if (drawn < row.weight) return (this->*row.act)();
-        drawn -= row.weight;
+/// Something in the windows that are open, none of them a dialog.
+void Monkey::act() {
+    const auto draw = below(100);
+    if (draw < 35) return drag_legal_move();
+    if (draw < 60) return choose_any_entry();
+    if (draw < 62) {
+        const std::array<std::string, 4> engines{"alpha", "beta", "gamma", "delta"};
+        const auto& engine = any(engines);
+        note("kill " + engine);
+        return m_place.kill_engine(engine);
+    }
+    std::vector<Gtk::Window*> windows;
+    for (Gtk::Window* const window : Gtk::Window::list_toplevels()) {
+        if (window->get_mapped() && window->get_window_type() == Gtk::WINDOW_TOPLEVEL)
+            windows.push_back(window);
+    }
+    act_in(*any(windows));
+}
+
+/// Leaves the window, presses a key in it, or uses one of its widgets.
+void Monkey::act_in(Gtk::Window& window) {
+    const auto widgets = usable(window);
+    const bool is_main = &window == &m_window;
+    if (one_in(is_main ? 20 : 6) || widgets.empty()) {
+        note("leave " + window.get_title());
+        return is_main ? window.resize(300 + int(below(900)), 300 + int(below(900))) : window.close();
+    }
+    if (one_in(6)) {
+        const auto key = unsigned(any(keys));
+        note("key " + std::to_string(key) + " in " + window.get_title());
+        return gui::press_key(window, key, one_in(5) ? Gdk::CONTROL_MASK : Gdk::ModifierType(0));
+    }
+    note("in " + window.get_title());
+    use(*any(widgets));
+}
+
+void Monkey::use(Gtk::Widget& widget) {
+    const auto any_point = [&] {
+        return gui::Point{double(below(std::size_t(std::max(1, widget.get_allocated_width())))),
+                          double(below(std::size_t(std::max(1, widget.get_allocated_height()))))};
+    };
+    if (auto* const spin = dynamic_cast<Gtk::SpinButton*>(&widget)) {
+        double low = 0, high = 0;
+        spin->get_range(low, high);
+        spin->set_value(one_in(3) ? low : one_in(2) ? high : low + (high - low) * below(100) / 100);
+    } else if (auto* const entry = dynamic_cast<Gtk::Entry*>(&widget)) {
+        entry->set_text(any(odd_texts));
+        if (one_in(2)) entry->activate();
+    } else if (auto* const combo = dynamic_cast<Gtk::ComboBox*>(&widget)) {
+        combo->set_active(int(below(4)));
+    } else if (auto* const notebook = dynamic_cast<Gtk::Notebook*>(&widget)) {
+        notebook->set_current_page(int(below(std::size_t(notebook->get_n_pages()))));
+    } else if (auto* const view = dynamic_cast<Gtk::TreeView*>(&widget)) {
+        if (one_in(2)) return gui::click(view->get_bin_window(), any_point());
+        gui::double_click(view->get_bin_window(), any_point());
+    } else if (auto* const text = dynamic_cast<Gtk::TextView*>(&widget)) {
+        if (text->get_editable()) return text->get_buffer()->set_text(any(odd_texts));
+        gui::click(text->get_window(Gtk::TEXT_WINDOW_TEXT), any_point());
+    } else if (auto* const button = dynamic_cast<Gtk::Button*>(&widget)) {
+        button->clicked();
+    } else if (one_in(2)) {
+        gui::drag(widget, any_point(), one_in(20) ? gui::Point{-50, 9000} : any_point());
+    } else {
+        gui::click(widget, any_point());
+    }
+}
+
+void Monkey::choose_file(Gtk::FileChooserDialog& chooser) {
+    if (m_wanted_file.empty()) {
+        --m_left;
+        std::vector<std::string> files{m_place.path("missing.pgn")};
+        for (const auto& entry : std::filesystem::directory_iterator(".")) {
+            if (entry.is_regular_file()) files.push_back(m_place.path(entry.path().filename()));
+        }
+        m_wanted_file = any(files);
+        m_waited = one_in(5) ? 300 : 0;
+        note("choose " + m_wanted_file);
+    }
+    // The chooser takes the name in its own time.
+    const bool leaves = ++m_waited > 300;
+    if (leaves || (m_waited > 1 && chooser.get_filename() == m_wanted_file)) {
+        m_wanted_file.clear();
+        return chooser.response(!leaves     ? Gtk::RESPONSE_ACCEPT
+                                : one_in(2) ? Gtk::RESPONSE_CANCEL
+                                            : Gtk::RESPONSE_DELETE_EVENT);
+    }
+    if (m_waited % 100 == 1 && chooser.get_action() == Gtk::FILE_CHOOSER_ACTION_SAVE) {
+        m_wanted_file = m_place.path("saved");
+        chooser.set_current_folder(m_place.path(""));
+        chooser.set_current_name("saved");
+    } else if (m_waited % 100 == 1) {
+        chooser.set_filename(m_wanted_file);
     }
 }
 
@@ -153,215 +226,124 @@ void Monkey::close_all() {
         auto* const dialog = dynamic_cast<Gtk::Dialog*>(grab);
         if (!dialog) return press_in_menu(*grab, GDK_KEY_Escape);
         dialog->response(Gtk::RESPONSE_DELETE_EVENT);
-    } else if (!m_closing) {
+    } else if (!std::exchange(m_closing, true)) {
         note("close the window");
-        m_closing = true;
         m_window.close();
     }
 }
 
 // ---------------------------------------------------------------------------------------------------------------
-// The board
+// Menu and board
 
-std::optional<Move> Monkey::legal_move(bool without_promotions) {
-    std::vector<Move> moves;
-    for (const Move& move : legal_moves(m_window.session().position())) {
-        if (!without_promotions || move.to_string(false).size() == 4) moves.push_back(move);
+void Monkey::choose_any_entry() {
+    std::vector<Gtk::MenuItem*> items;
+    for (const auto& entry :
+         gui::menu_entries(dynamic_cast<Gtk::MenuShell&>(*m_window.actions().menu_bar()))) {
+        if (entry.label.empty() || !entry.item->get_sensitive()) continue;
+        // A person changes the mode more often than all else.
+        items.insert(items.end(), entry.menu == "Mode" ? 3 : 1, entry.item);
     }
-    if (moves.empty()) return std::nullopt;
-    return any(moves);
+    Gtk::MenuItem* const item = any(items);
+    note("menu " + item->get_label());
+    item->activate();
 }
 
-gui::Point Monkey::on_board(Square square) {
-    const CellSize cell = m_board.drawing().cell();
-    const Place corner = corner_of(m_board.drawing().shown_square(square), cell);
-    return {corner.x + cell.width / 2.0, corner.y + cell.height / 2.0};
+Gtk::MenuItem* Monkey::entry(const std::string& label) {
+    for (const auto& entry :
+         gui::menu_entries(dynamic_cast<Gtk::MenuShell&>(*m_window.actions().menu_bar()))) {
+        if (entry.label == label) return entry.item;
+    }
+    return nullptr;
+}
+
+void Monkey::choose(const std::string& label) {
+    if (Gtk::MenuItem* const item = entry(label); item && item->get_sensitive()) item->activate();
+}
+
+/// The window's position, as it shows it; empty when a text of the monkey's stands there.
+std::string Monkey::shown_fen() {
+    m_window.refresh_board();
+    m_window.actions().set_active("ShowFEN", true);
+    return gui::find_widget<Gtk::Entry>(*gui::find_widget<FenEntry>(m_window))->get_text();
+}
+
+std::vector<std::string> Monkey::legal_moves_shown() {
+    std::vector<std::string> moves;
+    ChessPosition position;
+    position.set_fen(shown_fen());
+    for (const Move& move : legal_moves(position)) moves.push_back(move.to_string(false));
+    return moves;
+}
+
+gui::Point Monkey::on_board(const std::string& square) {
+    const auto cell = m_board.drawing().cell();
+    const bool flipped = m_board.is_flipped();
+    const int file = square[0] - 'a', row = '8' - square[1];
+    return {((flipped ? 7 - file : file) + 0.5) * cell.width,
+            ((flipped ? 7 - row : row) + 0.5) * cell.height};
 }
 
 void Monkey::drag_legal_move() {
-    const auto move = legal_move(false);
-    if (!move) return;
-    note("drag " + move->to_string(false));
-    gui::drag(m_board, on_board(move->from()), on_board(move->to()));
-}
-
-void Monkey::click_legal_move() {
-    const auto move = legal_move(false);
-    if (!move) return;
-    note("click " + move->to_string(false));
-    gui::click(m_board, on_board(move->from()));
-    gui::click(m_board, on_board(move->to()));
-}
-
-void Monkey::drag_anywhere() {
-    const Square from(std::int32_t(below(64))), to = one_in(3) ? from : Square(std::int32_t(below(64)));
-    note("drag " + from.name() + to.name());
-    gui::drag(m_board, on_board(from), one_in(20) ? gui::Point{-50, 9000} : on_board(to));
-}
-
-// ---------------------------------------------------------------------------------------------------------------
-// The main window
-
-void Monkey::press_a_navigation_button() {
-    const auto n = int(below(4));
-    note("navigation button " + std::to_string(n));
-    if (auto* const button = gui::find_widget<Gtk::Button>(m_window, {}, n)) button->clicked();
-}
-
-void Monkey::press_a_key() {
-    const auto key = any_key();
-    note("key " + std::to_string(key));
-    if (one_in(5)) {
-        gui::press_key(m_window, one_in(2) ? GDK_KEY_n : GDK_KEY_p, Gdk::CONTROL_MASK);
-    } else {
-        gui::press_key(m_window, key);
-    }
-}
-
-void Monkey::choose_a_menu_item() { activate_any(""); }
-
-void Monkey::switch_mode() { activate_any("Mode"); }
-
-/// An item of one menu, or of all of them.
-void Monkey::activate_any(const std::string& menu) {
-    std::vector<gui::MenuEntry> entries;
-    for (const auto& entry : gui::menu_entries(menu_bar())) {
-        if (entry.label.empty() || !entry.item->get_sensitive()) continue;
-        if (menu.empty() || menu == entry.menu) entries.push_back(entry);
-    }
-    const auto entry = any(entries);
-    note("menu " + entry.menu + " / " + entry.label);
-    entry.item->activate();
-}
-
-void Monkey::activate(const std::string& label) {
-    for (const auto& entry : gui::menu_entries(menu_bar())) {
-        if (entry.label != label || !entry.item->get_sensitive()) continue;
-        note("menu " + label);
-        return entry.item->activate();
-    }
-}
-
-void Monkey::open_a_menu() {
-    note("F10");
-    gui::press_key(m_window, GDK_KEY_F10);
-}
-
-void Monkey::use_a_side_window() {
-    std::vector<Gtk::Window*> windows;
-    for (Gtk::Window* const window : Gtk::Window::list_toplevels()) {
-        if (window != &m_window && window->get_mapped() &&
-            window->get_type_hint() == Gdk::WINDOW_TYPE_HINT_UTILITY)
-            windows.push_back(window);
-    }
-    if (windows.empty()) return m_window.actions().set_active("ShowPgnView", true);
-    Gtk::Window& window = *any(windows);
-    const auto widgets = usable(window);
-    if (widgets.empty()) return;
-    note("in the window " + window.get_title());
-    use(*any(widgets));
-}
-
-void Monkey::use_the_fen_entry() {
-    m_window.actions().set_active("ShowFEN", true);
-    auto* const entry = gui::find_widget<Gtk::Entry>(m_window);
-    if (!entry) return;
-    note("enter a FEN");
-    entry->set_text(any_text());
-    entry->activate();
-}
-
-void Monkey::close_a_side_window() {
-    for (Gtk::Window* const window : Gtk::Window::list_toplevels()) {
-        if (window == &m_window || !window->get_mapped() ||
-            window->get_type_hint() != Gdk::WINDOW_TYPE_HINT_UTILITY || one_in(2))
-            continue;
-        note("close " + window->get_title());
-        return window->close();
-    }
-}
-
-void Monkey::resize() {
-    note("resize");
-    m_window.resize(300 + int(below(900)), 300 + int(below(900)));
-}
-
-void Monkey::kill_engines() {
-    const std::vector<std::string> engines{"alpha", "beta", "gamma", "delta"};
-    const auto& engine = any(engines);
-    note("kill " + engine);
-    m_place.kill_engine(engine);
-}
-
-void Monkey::restart_the_logs() {
-    note("log off and on");
-    m_window.actions().set_active("Debug", false);
-    m_window.actions().set_active("Debug", true);
+    const auto moves = legal_moves_shown();
+    if (moves.empty()) return;
+    const auto& move = any(moves);
+    note("drag " + move);
+    gui::drag(m_board, on_board(move), on_board(move.substr(2)));
 }
 
 // ---------------------------------------------------------------------------------------------------------------
 // The two positions
 
 /// Whether the engine that the window names has a process.
-bool Monkey::is_seated() const {
-    return !m_place.processes_of(m_window.engine().name() == "Alpha" ? "alpha" : "gamma").empty();
+bool Monkey::has_engine() {
+    return m_window.get_title() == "Alpha" && !m_place.processes_of("alpha").empty();
 }
 
 /// Sees to an engine that speaks UCI and a mode in which the referee tells it its position, one step a call;
 /// true when all is there.
 bool Monkey::is_ready_to_compare() {
-    const Mode mode = m_window.actions().mode();
-    const bool speaks_uci = m_window.engine().name() == "Alpha" || m_window.engine().name() == "Gamma";
-    // An engine that was killed leaves its name standing.
-    if (!speaks_uci || (!m_check.is_under_way() && !is_seated())) {
-        if (!std::exchange(m_wants_alpha, true)) {
-            m_place.write("engines.cfg", m_engines);  // it may have been uninstalled
-            activate("Load installed engine...");
+    if (!m_check.is_under_way() && !has_engine()) {
+        if (!std::exchange(m_loads, true)) {
+            choose("Human - human");
+            m_window.send_to_manager("load 1 filename " + m_place.path("alpha.engine"));
         }
         return false;
     }
-    m_wants_alpha = false;
-    if (mode != Mode::human_computer && mode != Mode::analyze_position) {
-        activate(one_in(2) ? "Human - computer" : "Analysis");
+    m_loads = false;
+    const auto is_on = [this](const char* mode) {
+        return dynamic_cast<Gtk::CheckMenuItem&>(*entry(mode)).get_active();
+    };
+    if (!is_on("Analysis") && !is_on("Human - computer")) {
+        choose(one_in(2) ? "Human - computer" : "Analysis");
         return false;
     }
-    if (legal_move(true)) return true;
-    activate("New game");
+    if (!legal_moves_shown().empty()) return true;
+    choose("New game");
     return false;
 }
 
-/// Makes a move, or hands the move to the engine: either way the referee has to tell the engine its position.
 void Monkey::begin_comparison() {
-    const GameSession& session = m_window.session();
     const bool ready = is_ready_to_compare();
     if (!ready) m_check.disturb();
-    if (!ready || session.engine_to_move() || !m_check.is_quiet() || !is_seated()) {
-        // The engine's name, or its move, comes with a later line of the referee.
-        if (--m_patience < 0) m_compares = m_wants_alpha = false;
-        return;
-    }
-    m_compares = false;
+    // The engine's name, or its move, comes with a later line of the referee.
+    if (!ready || !m_check.is_quiet() || !has_engine()) return;
+    m_patience = 0;
+    const auto before = shown_fen();
     m_check.prepare();
-    if (m_window.actions().mode() == Mode::human_computer && one_in(2)) {
-        m_check.expect(session.position().fen());
-        activate("Start thinking");
-        return;
-    }
-    const auto move = legal_move(true);
-    note("compare by " + move->to_string(false));
-    const auto before = session.position().fen();
-    gui::drag(m_board, on_board(move->from()), on_board(move->to()));
-    if (session.position().fen() != before) m_check.expect(session.position().fen());
+    drag_legal_move();
+    if (shown_fen() != before) m_check.expect(shown_fen());
 }
 
-void Monkey::look_for_the_position() {
+void Monkey::compare() {
     const auto state = m_check.look();
+    if (state == PositionCheck::State::waiting) return;
     if (state == PositionCheck::State::agrees) ++m_comparisons;
     // One that died meanwhile was told nothing.
-    if (state == PositionCheck::State::differs && is_seated()) {
-        m_differences.push_back(m_check.report() + "after\n" + last_actions());
-        note("DIFFERENT");
+    if (state == PositionCheck::State::differs && has_engine()) {
+        m_difference = m_check.report();
+        m_left = 0;
     }
+    m_check.give_up();
 }
 
 }  // namespace velmora::soak

@@ -13,7 +13,7 @@ namespace velmora::soak {
 /// writes in the working directory. REQUIRES: debugging is on, and the engine in the first seat speaks UCI.
 class PositionCheck {
 public:
-    enum class State { idle, waiting, agrees, differs };
+    enum class State { waiting, agrees, differs, unknown };
 
     explicit PositionCheck(Interface& window) : m_window(window) {}
 
@@ -21,32 +21,26 @@ public:
     /// last call that gave true or since disturb().
     bool is_quiet();
     void disturb() { m_mark.clear(); }
-    /// Whether is_quiet() has been asked and has not given true yet.
     bool is_under_way() const { return !m_mark.empty(); }
 
-    /// To be called ahead of a step that makes the referee tell the engine its position.
+    /// Ahead of a move, which makes the referee tell the engine its position.
     void prepare();
-    /// What the window shows after that step; the engine is to be told the same.
+    /// What the window shows after that move.
     void expect(const std::string& fen) { m_shown = fen; }
-    void give_up() { m_shown.clear(); }
     bool is_waiting() const { return !m_shown.empty(); }
-
-    /// Looks once; what it has found is said once, and then the check is over.
+    void give_up() { m_shown.clear(); }
     State look();
-    /// After State::differs: both positions and the ends of the logs.
+    /// Both positions, and what the engine was sent meanwhile.
     const std::string& report() const { return m_report; }
 
 private:
     Interface& m_window;
-
     int m_marks = 0;
     std::string m_mark;  // a line that says nothing, on its way through the referee
     std::streamoff m_mark_start = 0;
     std::optional<std::chrono::steady_clock::time_point> m_mark_seen;
-
     std::string m_shown;
     std::streamoff m_log_start = 0;
-    std::string m_told;  // to the engine, ahead of that step
     std::chrono::steady_clock::time_point m_prepared;
     std::string m_report;
 };

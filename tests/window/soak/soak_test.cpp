@@ -1,26 +1,18 @@
 // A monkey at the real window, with the referee's thread and engine processes. VELMORA_SOAK_ACTIONS and
-// VELMORA_SOAK_SEED change its length and its choices; VELMORA_SOAK_TRACE prints each action.
+// VELMORA_SOAK_SEED change its length and its choices. What the toolkit, or the window about a line of the
+// referee, complains of on standard error fails the test as well (CMakeLists.txt).
 
-#include <atomic>
-#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
-#include <thread>
 
-#include <glibmm/exceptionhandler.h>
-
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "game/pgn_file.h"
-#include "tests/window/soak/complaints.h"
 #include "tests/window/soak/monkey.h"
 
 namespace velmora::soak {
 namespace {
-
-using testing::IsEmpty;
 
 int setting(const char* name, int otherwise) {
     const char* const value = std::getenv(name);
@@ -79,48 +71,9 @@ game       2      2    1  -  2     *
 )");
 }
 
-/// Ends the program with a report when the monkey has not moved for two minutes: that is a hang.
-class Watchdog {
-public:
-    explicit Watchdog(const Monkey& monkey)
-        : m_thread([this, &monkey] {
-              using clock = std::chrono::steady_clock;
-              std::uint64_t last = 0;
-              auto moved = clock::now();
-              while (!m_done) {
-                  std::this_thread::sleep_for(std::chrono::milliseconds(20));
-                  if (const auto now = monkey.heartbeat(); now != last) {
-                      last = now;
-                      moved = clock::now();
-                  } else if (clock::now() - moved > std::chrono::minutes(2)) {
-                      std::cerr << "The window hangs, after\n" << monkey.last_actions() << std::flush;
-                      std::abort();
-                  }
-              }
-          }) {}
-    ~Watchdog() {
-        m_done = true;
-        m_thread.join();
-    }
-    Watchdog(const Watchdog&) = delete;  // its thread knows the address
-    Watchdog& operator=(const Watchdog&) = delete;
-
-private:
-    std::atomic<bool> m_done{false};
-    std::thread m_thread;
-};
-
 TEST(Soak, AMonkeyFindsNoFault) {
     const int actions = setting("VELMORA_SOAK_ACTIONS", 200);
     const int seed = setting("VELMORA_SOAK_SEED", 1);
-    Complaints complaints;
-    auto handler = Glib::add_exception_handler([&complaints] {
-        try {
-            throw;
-        } catch (const std::exception& error) {
-            complaints.add(std::string("left a handler: ") + error.what());
-        }
-    });
     test::Workplace place;
     furnish(place);
     {
@@ -130,22 +83,13 @@ TEST(Soak, AMonkeyFindsNoFault) {
             return window.get_mapped();
         }));
         window.actions().set_active("Debug", true);
-        window.send_to_manager("load 1 filename " + place.path("alpha.engine"));
-        ASSERT_TRUE(
-            gui::pump_until([&] { return window.engine().name() == "Alpha"; }, std::chrono::seconds(30)));
         Monkey monkey(window, place, static_cast<std::uint32_t>(seed), actions);
-        {
-            const Watchdog watchdog(monkey);
-            monkey.run();
-        }
-        EXPECT_THAT(complaints.list(), IsEmpty()) << monkey.last_actions();
-        EXPECT_THAT(monkey.differences(), IsEmpty());
-        EXPECT_GE(monkey.comparisons(), actions / 100);
+        monkey.run();
+        EXPECT_EQ(monkey.difference(), "");
+        EXPECT_GE(monkey.comparisons(), actions / 200);
         std::cerr << actions << " actions, seed " << seed << ", " << monkey.comparisons()
                   << " positions compared\n";
     }
-    handler.disconnect();
-    EXPECT_THAT(complaints.list(), IsEmpty());
     // The running archive can be read to its end.
     if (std::filesystem::exists("Velmora battles.pgn")) {
         PgnFile archive;

@@ -1,0 +1,7 @@
+#include "base/program.h"
+
+namespace velmora {
+
+const char* const program_version = VELMORA_VERSION;
+
+}  // namespace velmora

@@ -1,0 +1,11 @@
+#pragma once
+
+namespace velmora {
+
+/// What the program calls itself to its users.
+inline constexpr const char* program_name = "Velmora GUI";
+
+/// The version of the project, which is told in the top CMakeLists.txt alone; the build hands it in.
+extern const char* const program_version;
+
+}  // namespace velmora
