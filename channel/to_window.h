@@ -14,8 +14,8 @@
 
 /// The lines that the referee says to the window: a struct for each, and in it the form in which it travels.
 ///
-/// A new line is a struct and a place in `Line`. Whoever takes the lines has a function for each of them, or
-/// doesn't compile.
+/// A new line is a struct and a place in `Line`. The window has a function for each that changes something, and
+/// listeners for those that are only shown.
 namespace velmora::to_window {
 
 using line_form::comment;

@@ -3,6 +3,7 @@
 #include <functional>
 #include <iostream>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include <glibmm/convert.h>
@@ -139,6 +140,12 @@ void Interface::connect_views() {
             m_move_entry.hide();
         } else {
             m_move_entry.refuse(complaint);
+        }
+    });
+    // Nothing but the clock shows what is left on it.
+    m_dispatcher.listen([this](const to_window::Line& line) {
+        if (const auto* const time = std::get_if<to_window::SetClock>(&line)) {
+            m_clocks.set_time(time->side, time->ms / 10);
         }
     });
     m_windows.on_closed([this](const char* action) { m_actions.set_active(action, false); });

@@ -90,8 +90,6 @@ void MainScreen::stop_clocks() { m_views.clocks.stop(); }
 
 void MainScreen::start_clock(Side side) { m_views.clocks.start(side); }
 
-void MainScreen::set_clock(Side side, int centiseconds) { m_views.clocks.set_time(side, centiseconds); }
-
 void MainScreen::mark_clock(Side side) { m_views.clocks.show_to_move(side); }
 
 void MainScreen::add_analysis(Side side, const std::string& line) { m_views.analysis.add_line(side, line); }

@@ -58,7 +58,6 @@ public:
     void reset_clocks(const Level& level) override;
     void stop_clocks() override;
     void start_clock(Side side) override;
-    void set_clock(Side side, int centiseconds) override;
     void mark_clock(Side side) override;
 
     void show_game() override;

@@ -43,9 +43,6 @@ public:
     void reset_clocks(const Level& level) override { calls.push_back("reset clocks " + level.text()); }
     void stop_clocks() override { calls.emplace_back("stop clocks"); }
     void start_clock(Side side) override { calls.push_back("start clock" + name(side)); }
-    void set_clock(Side side, int centiseconds) override {
-        calls.push_back("set clock" + name(side) + " " + std::to_string(centiseconds));
-    }
     void mark_clock(Side side) override { calls.push_back("mark clock" + name(side)); }
 
     void show_game() override { on_show_game(); }

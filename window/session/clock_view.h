@@ -15,7 +15,6 @@ public:
     virtual void stop_clocks() = 0;
     /// Starts the clock of `side`; the other one stops and receives its increment.
     virtual void start_clock(Side side) = 0;
-    virtual void set_clock(Side side, int centiseconds) = 0;
     /// Marks whose move it is, without running a clock.
     virtual void mark_clock(Side side) = 0;
 };

@@ -20,7 +20,9 @@ std::string known_name(const std::string& name) { return name.empty() ? unknown_
 
 void MessageDispatcher::process(const std::string& line) {
     const auto said = to_window::decode(line);
-    if (said) std::visit([this](const auto& of) { handle(of); }, *said);
+    if (!said) return;
+    std::visit([this](const auto& of) { handle(of); }, *said);
+    for (const auto& listener : m_listeners) listener(*said);
 }
 
 // ---------------------------------------------------------------------------------------------------------------
@@ -120,10 +122,6 @@ void MessageDispatcher::handle(const to_window::SetSite& line) { m_session.set_s
 void MessageDispatcher::handle(const to_window::SetRound& line) { m_session.set_round(line.round); }
 
 void MessageDispatcher::handle(const to_window::SetLevel& line) { m_session.set_level(Level(line.level)); }
-
-void MessageDispatcher::handle(const to_window::SetClock& line) {
-    m_screen.clocks.set_clock(line.side, line.ms / 10);
-}
 
 void MessageDispatcher::handle(const to_window::PlayerName& line) {
     m_session.set_player(line.side, known_name(line.name));

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "channel/to_window.h"
 #include "chess/board/side.h"
@@ -25,13 +28,22 @@ public:
     /// @throws whatever a handler throws; the caller's loop contains it
     void process(const std::string& line);
 
+    /// Has `listener` told of every line behind its handling: the way to a view that shows what the referee
+    /// says and changes nothing by it.
+    void listen(std::function<void(const to_window::Line&)> listener) {
+        m_listeners.push_back(std::move(listener));
+    }
+
 private:
+    /// A line that brings about nothing here.
+    template <class Line>
+    void handle(const Line& /*line*/) {}
+
     // A game as it is played
     void handle(const to_window::PlayMove& line);
     void handle(const to_window::MoveTime& line);
     void handle(const to_window::TakeBack& line);
     void handle(const to_window::SetBoard& line);
-    void handle(const to_window::Shout& /*line*/) {}
     void handle(const to_window::NewGame& line);
     void handle(const to_window::GameOver& line);
     void handle(const to_window::SearchOutput& line);
@@ -41,7 +53,6 @@ private:
     void handle(const to_window::SetSite& line);
     void handle(const to_window::SetRound& line);
     void handle(const to_window::SetLevel& line);
-    void handle(const to_window::SetClock& line);
     void handle(const to_window::PlayerName& line);
     void handle(const to_window::PlayerElo& line);
     void handle(const to_window::EngineName& line);
@@ -65,6 +76,7 @@ private:
     Dialogs& m_dialogs;
     ManagerLink& m_manager;
     SeatedEngine& m_engine;
+    std::vector<std::function<void(const to_window::Line&)>> m_listeners;
 };
 
 }  // namespace velmora
