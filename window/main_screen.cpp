@@ -19,11 +19,6 @@
 
 namespace velmora {
 
-void MainScreen::attach(Actions& actions, SecondaryWindows& windows) {
-    m_actions = &actions;
-    m_windows = &windows;
-}
-
 void MainScreen::show_position() {
     const std::string fen = m_desk.position.fen();
     m_views.board.set_fen(fen);
@@ -31,7 +26,7 @@ void MainScreen::show_position() {
     m_views.fen_entry.set_text(fen);
     const bool rests = m_desk.only_looks_on();
     m_views.navigation.set_possible(!rests && m_desk.can_go_back(), !rests && m_desk.can_go_forward());
-    if (m_windows && m_windows->is_shown(SecondaryWindow::epd)) m_views.epd.set_text(m_desk.epd_text());
+    if (m_views.epd.get_visible()) m_views.epd.set_text(m_desk.epd_text());
     announce_last_move();
 }
 
@@ -50,7 +45,7 @@ void MainScreen::show_game() {
     // The text of a long game is made anew each time: only for somebody who looks at it, and once for all
     // that a tick brings. Behind the redraws, or a fast match would leave a slow machine no time for the
     // board.
-    if (!m_windows || !m_windows->is_shown(SecondaryWindow::pgn) || m_game_text_due.connected()) return;
+    if (!m_views.pgn.get_visible() || m_game_text_due.connected()) return;
     m_game_text_due = Glib::signal_idle().connect(sigc::mem_fun(*this, &MainScreen::refresh_game_text));
 }
 

@@ -2,7 +2,7 @@
 
 #include "dialogs/files/fen_list.h"
 #include "dialogs/files/game_list.h"
-#include "dialogs/files/position_lines.h"
+#include "game/position_lines.h"
 #include "game/pgn_file.h"
 #include "tests/dialogs/dialog_test.h"
 

@@ -3,7 +3,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "dialogs/engine/option_lists.h"
+#include "engine/store/option_lists.h"
 #include "tests/dialogs/dialog_test.h"
 
 namespace velmora {

@@ -5,12 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "dialogs/engine/install_dialog.h"
-#include "dialogs/engine/installed_list.h"
-#include "dialogs/engine/option_lists.h"
-#include "dialogs/engine/options_dialog.h"
-#include "dialogs/engine/protocol_dialog.h"
-#include "dialogs/time/time_control_dialog.h"
+#include "engine/store/option_lists.h"
 
 namespace velmora {
 
@@ -21,16 +16,15 @@ constexpr const char* placeholder_name = "no_engine_loaded";
 
 }  // namespace
 
-EngineFlows::EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager,
-                         ModeController& modes, SeatedEngine& engine, FileChooser& chooser,
+EngineFlows::EngineFlows(GameDesk& desk, Screen& screen, Dialogs& dialogs, ManagerLink& manager,
+                         ModeController& modes, SeatedEngine& engine,
                          std::function<EngineVariables()> engine_variables)
-    : m_parent(parent),
-      m_desk(desk),
+    : m_desk(desk),
       m_screen(screen),
+      m_dialogs(dialogs),
       m_manager(manager),
       m_modes(modes),
       m_engine(engine),
-      m_chooser(chooser),
       m_engine_variables([ask = std::move(engine_variables)] {
           try {
               return ask();
@@ -50,41 +44,41 @@ void EngineFlows::send_load(const std::string& command, const std::string& name,
 }
 
 void EngineFlows::load() {
-    const std::string path = m_chooser.choose(FileKind::engine);
+    const std::string path = m_dialogs.choose_file(FileKind::engine);
     if (path.empty()) return;
-    const auto protocol = choose_protocol(m_parent);
+    const auto protocol = m_dialogs.choose_protocol();
     if (!protocol) return;
-    send_load("load " + std::to_string(*protocol) + " filename " + path,
-              std::filesystem::path(path).filename(), static_cast<Protocol>(*protocol));
+    send_load("load " + std::to_string(static_cast<int>(*protocol)) + " filename " + path,
+              std::filesystem::path(path).filename(), *protocol);
 }
 
 void EngineFlows::load_installed() {
     try {
-        const auto engine = InstalledList(m_parent).choose();
+        const auto engine = m_dialogs.choose_installed();
         if (engine && !engine->name.empty()) {
             send_load("load 0 name " + engine->name, engine->name, engine->protocol);
         }
     } catch (const std::exception& error) {
-        m_screen.tell_user("The list of engines can't be used", error.what());
+        m_dialogs.tell_user("The list of engines can't be used", error.what());
     }
 }
 
 void EngineFlows::install() {
     const EngineVariables engine = m_engine_variables();
     if (engine.name == placeholder_name) {
-        m_screen.tell_user("No engine to install",
-                           "you should first load an engine\n before installialling an engine");
+        m_dialogs.tell_user("No engine to install",
+                            "you should first load an engine\n before installialling an engine");
         return;
     }
     try {
-        InstallDialog(m_parent, engine).install();
+        m_dialogs.install(engine);
     } catch (const std::exception& error) {
-        m_screen.tell_user("The engine was not installed", error.what());
+        m_dialogs.tell_user("The engine was not installed", error.what());
     }
 }
 
 void EngineFlows::choose_time_control() {
-    const auto level = ask_time_control(m_parent, m_desk.level);
+    const auto level = m_dialogs.ask_time_control(m_desk.level);
     if (!level) return;
     m_desk.level = *level;
     m_screen.set_clock_level(m_desk.level);
@@ -95,15 +89,15 @@ void EngineFlows::choose_time_control() {
 void EngineFlows::edit_options() {
     const EngineVariables engine = m_engine_variables();
     if (engine.name == placeholder_name) {
-        m_screen.tell_user("No engine found", "use menu 'Engine' to load an engine'");
+        m_dialogs.tell_user("No engine found", "use menu 'Engine' to load an engine'");
         return;
     }
     const std::vector<Option> before = option_lists::for_dialog(engine.options);
-    std::vector<Option> after = before;
+    std::vector<Option> after;
     try {
-        OptionsDialog("Set Options", m_parent, after).run();
+        after = m_dialogs.edit_options(before);
     } catch (const std::exception& error) {
-        m_screen.tell_user("The options can't be shown", error.what());
+        m_dialogs.tell_user("The options can't be shown", error.what());
         return;
     }
     for (const Option& option : option_lists::changed(before, after)) {

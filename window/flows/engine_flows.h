@@ -3,10 +3,8 @@
 #include <functional>
 #include <string>
 
-#include <gtkmm/window.h>
-
 #include "engine/store/engine_variables.h"
-#include "window/flows/file_chooser.h"
+#include "window/session/dialogs.h"
 #include "window/session/game_desk.h"
 #include "window/session/manager_link.h"
 #include "window/session/mode_controller.h"
@@ -20,9 +18,8 @@ class EngineFlows {
 public:
     /// @param engine_variables  gives the referee's record of the engine in the first seat; throws
     ///                          std::logic_error when there is none
-    EngineFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager,
-                ModeController& modes, SeatedEngine& engine, FileChooser& chooser,
-                std::function<EngineVariables()> engine_variables);
+    EngineFlows(GameDesk& desk, Screen& screen, Dialogs& dialogs, ManagerLink& manager, ModeController& modes,
+                SeatedEngine& engine, std::function<EngineVariables()> engine_variables);
 
     void load();
     void load_installed();
@@ -34,13 +31,12 @@ private:
     /// @param name  of the program, for the person
     void send_load(const std::string& command, const std::string& name, Protocol protocol);
 
-    Gtk::Window& m_parent;
     GameDesk& m_desk;
     Screen& m_screen;
+    Dialogs& m_dialogs;
     ManagerLink& m_manager;
     ModeController& m_modes;
     SeatedEngine& m_engine;
-    FileChooser& m_chooser;
     const std::function<EngineVariables()> m_engine_variables;
 };
 

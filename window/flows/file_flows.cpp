@@ -6,12 +6,10 @@
 
 #include "base/atomic_file.h"
 #include "base/regular_file.h"
-#include "dialogs/files/fen_list.h"
-#include "dialogs/files/game_list.h"
-#include "dialogs/files/position_lines.h"
 #include "game/game_tags.h"
 #include "game/pgn_error.h"
 #include "game/pgn_file.h"
+#include "game/position_lines.h"
 #include "window/flows/opened_file.h"
 #include "window/session/game_archive.h"
 #include "window/session/position_line.h"
@@ -29,25 +27,25 @@ constexpr std::size_t first_position = 1;
 
 void FileFlows::load_game() {
     m_screen.select_mode(Mode::human_human);
-    const std::string path = m_chooser.choose(FileKind::load_game);
+    const std::string path = m_dialogs.choose_file(FileKind::load_game);
     if (!path.empty()) load_game_from(path);
 }
 
 bool FileFlows::is_readable(const std::string& path) {
     const auto fault = reading_fault(path);
-    if (fault) m_screen.tell_user("The file can't be read", *fault);
+    if (fault) m_dialogs.tell_user("The file can't be read", *fault);
     return !fault;
 }
 
 void FileFlows::load_game_from(const std::string& path) {
     if (!is_readable(path)) return;
-    GameList list;
-    if (list.choose_game(m_parent, path) <= 0) return;
+    const auto offset = m_dialogs.choose_game(path);
+    if (!offset) return;
     std::string game_text;
     try {
         PgnFile file;
         file.open(path);
-        game_text = file.read_game_at(list.chosen_offset());
+        game_text = file.read_game_at(*offset);
         // Parsed apart, so that a game that can't be read leaves the one on the board alone.
         Game game;
         game.parse_pgn(game_text);
@@ -68,11 +66,11 @@ void FileFlows::load_game_from(const std::string& path) {
 }
 
 void FileFlows::save_game() {
-    const std::string path = m_chooser.choose(FileKind::save_game);
+    const std::string path = m_dialogs.choose_file(FileKind::save_game);
     if (path.empty()) return;
     m_comments.store();
     const auto fault = GameArchive(path).append(m_desk.game.pgn());
-    if (fault) m_screen.tell_user("The game was not saved", *fault);
+    if (fault) m_dialogs.tell_user("The game was not saved", *fault);
 }
 
 // ---------------------------------------------------------------------------------------------------------------
@@ -80,18 +78,17 @@ void FileFlows::save_game() {
 
 void FileFlows::load_position() {
     if (m_screen.mode() == Mode::tournament) return;
-    const std::string path = m_chooser.choose(FileKind::load_position);
+    const std::string path = m_dialogs.choose_file(FileKind::load_position);
     if (!path.empty()) load_position_from(path);
 }
 
 void FileFlows::load_position_from(const std::string& path) {
     if (!is_readable(path)) return;
-    std::string line;
-    const int number = FenList().choose_position(m_parent, path, line);
-    if (number <= 0) return;
+    const auto position = m_dialogs.choose_position(path);
+    if (!position) return;
     m_position_file = path;
-    m_position_index = static_cast<std::size_t>(number);
-    set_up(line);
+    m_position_index = position->number;
+    set_up(position->line);
 }
 
 void FileFlows::load_next_position() { step_to_position(m_position_index + 1); }
@@ -118,7 +115,7 @@ std::optional<std::string> FileFlows::readable_fen(const std::string& line) {
     try {
         position.fen(line);
     } catch (const std::logic_error& error) {
-        m_screen.tell_user("The position can't be set up", error.what());
+        m_dialogs.tell_user("The position can't be set up", error.what());
         return std::nullopt;
     }
     return position.fen();
@@ -154,12 +151,12 @@ void FileFlows::enter_fen(const std::string& fen) {
 }
 
 void FileFlows::save_position() {
-    const std::string path = m_chooser.choose(FileKind::save_position);
+    const std::string path = m_dialogs.choose_file(FileKind::save_position);
     if (path.empty()) return;
     try {
         write_file_atomically(path, m_desk.position.fen() + "\n");
     } catch (const std::runtime_error& error) {
-        m_screen.tell_user("The position was not saved", error.what());
+        m_dialogs.tell_user("The position was not saved", error.what());
     }
 }
 
@@ -167,7 +164,7 @@ void FileFlows::save_position() {
 // Books, and files from outside
 
 void FileFlows::choose_polyglot_book() {
-    const std::string path = m_chooser.choose(FileKind::polyglot_book);
+    const std::string path = m_dialogs.choose_file(FileKind::polyglot_book);
     if (!path.empty()) use_polyglot_book(path);
 }
 
@@ -180,12 +177,12 @@ void FileFlows::open(const std::vector<std::string>& paths) {
     open_one(paths.front());
     std::string others;
     for (auto path = paths.begin() + 1; path != paths.end(); ++path) others += *path + "\n";
-    if (!others.empty()) m_screen.tell_user("Only one file is opened at a time, not these:", others);
+    if (!others.empty()) m_dialogs.tell_user("Only one file is opened at a time, not these:", others);
 }
 
 void FileFlows::open_one(const std::string& path) {
     const auto refuse = [this](const std::string& reason) {
-        m_screen.tell_user("The file can't be opened", reason);
+        m_dialogs.tell_user("The file can't be opened", reason);
     };
     if (RegularFile(path).is_missing()) return refuse("There is no file " + path);
     switch (kind_of_file(path)) {

@@ -5,10 +5,8 @@
 #include <string>
 #include <vector>
 
-#include <gtkmm/window.h>
-
-#include "window/flows/file_chooser.h"
 #include "window/session/comment_keeper.h"
+#include "window/session/dialogs.h"
 #include "window/session/game_desk.h"
 #include "window/session/manager_link.h"
 #include "window/session/mode_controller.h"
@@ -19,15 +17,14 @@ namespace velmora {
 /// The File menu: games and positions from and to files, and the Polyglot book.
 class FileFlows {
 public:
-    FileFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, CommentKeeper& comments,
-              ManagerLink& manager, ModeController& modes, FileChooser& chooser)
-        : m_parent(parent),
-          m_desk(desk),
+    FileFlows(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments, ManagerLink& manager,
+              ModeController& modes)
+        : m_desk(desk),
           m_screen(screen),
+          m_dialogs(dialogs),
           m_comments(comments),
           m_manager(manager),
-          m_modes(modes),
-          m_chooser(chooser) {}
+          m_modes(modes) {}
 
     void load_game();
     void save_game();
@@ -58,13 +55,12 @@ private:
     void set_up(const std::string& line);
     void show_loaded();
 
-    Gtk::Window& m_parent;
     GameDesk& m_desk;
     Screen& m_screen;
+    Dialogs& m_dialogs;
     CommentKeeper& m_comments;
     ManagerLink& m_manager;
     ModeController& m_modes;
-    FileChooser& m_chooser;
     std::string m_position_file;       // loaded last
     std::size_t m_position_index = 0;  // of its line, from 1
 };

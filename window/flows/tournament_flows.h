@@ -1,8 +1,7 @@
 #pragma once
 
-#include <gtkmm/window.h>
-
 #include "tournament/tournament.h"
+#include "window/session/dialogs.h"
 #include "window/session/game_desk.h"
 #include "window/session/manager_link.h"
 #include "window/session/screen.h"
@@ -12,8 +11,8 @@ namespace velmora {
 /// The Tournament menu: making, editing, choosing and deleting tournaments.
 class TournamentFlows {
 public:
-    TournamentFlows(Gtk::Window& parent, GameDesk& desk, Screen& screen, ManagerLink& manager)
-        : m_parent(parent), m_desk(desk), m_screen(screen), m_manager(manager) {}
+    TournamentFlows(GameDesk& desk, Screen& screen, Dialogs& dialogs, ManagerLink& manager)
+        : m_desk(desk), m_screen(screen), m_dialogs(dialogs), m_manager(manager) {}
 
     void edit();
     void load();
@@ -22,9 +21,9 @@ private:
     void load_named(const std::string& name);
     void leave();
 
-    Gtk::Window& m_parent;
     GameDesk& m_desk;
     Screen& m_screen;
+    Dialogs& m_dialogs;
     ManagerLink& m_manager;
     Tournament m_tournament;  // the window's own copy; the referee loads its own from the file
 };
