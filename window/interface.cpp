@@ -50,13 +50,13 @@ Interface::Interface(std::string program_path, int board_size)
       m_link(m_manager),
       m_screen(m_desk, {*this, m_board, m_clocks, m_navigation_bar, m_fen_entry, m_analysis, m_pgn, m_comment,
                         m_epd}),
-      m_dialogs(*this),
+      m_dialogs(*this, m_board),
       m_comments(m_desk, m_screen),
-      m_engine(m_desk, m_screen, m_link, [this] { return protocol_of_engine(m_manager); }),
-      m_dispatcher(m_desk, m_screen, m_comments, m_link, m_engine),
-      m_modes(m_desk, m_screen, m_comments, m_link, m_engine),
-      m_user_moves(m_desk, m_screen, m_comments, m_link),
-      m_navigation(m_desk, m_screen, m_comments, m_modes),
+      m_engine(m_desk, m_screen, m_dialogs, m_link, [this] { return protocol_of_engine(m_manager); }),
+      m_dispatcher(m_desk, m_screen, m_dialogs, m_comments, m_link, m_engine),
+      m_modes(m_desk, m_screen, m_dialogs, m_comments, m_link, m_engine),
+      m_user_moves(m_desk, m_screen, m_dialogs, m_comments, m_link),
+      m_navigation(m_desk, m_screen, m_dialogs, m_comments, m_modes),
       m_navigation_keys(m_navigation),
       m_files(m_desk, m_screen, m_dialogs, m_comments, m_link, m_modes),
       m_engines(m_desk, m_screen, m_dialogs, m_link, m_modes, m_engine,
@@ -177,7 +177,7 @@ void Interface::open_dropped(const std::vector<Glib::ustring>& uris) {
         for (const auto& uri : uris) paths.push_back(Glib::filename_from_uri(uri));
         m_files.open(paths);
     } catch (const Glib::Error& error) {
-        m_screen.tell_user("The file can't be opened", error.what().raw());
+        m_dialogs.tell_user("The file can't be opened", error.what().raw());
     }
 }
 
@@ -207,7 +207,7 @@ void Interface::process_manager_messages() {
 }
 
 void Interface::tell_user(const std::string& headline, const std::string& details) {
-    m_screen.tell_user(text::underscores_to_blanks(headline), text::underscores_to_blanks(details));
+    m_dialogs.tell_user(text::underscores_to_blanks(headline), text::underscores_to_blanks(details));
 }
 
 }  // namespace velmora

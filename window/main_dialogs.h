@@ -12,13 +12,21 @@
 
 namespace velmora {
 
+class ChessBoard;
+
 /// The questions of the real window, each a modal dialog above it.
 class MainDialogs : public Dialogs {
 public:
-    explicit MainDialogs(Gtk::Window& parent) : m_parent(parent), m_chooser(parent) {}
+    /// @param board  lends the choosers its images, which have the size of its squares
+    MainDialogs(Gtk::Window& parent, ChessBoard& board)
+        : m_parent(parent), m_board(board), m_chooser(parent) {}
 
     void tell_user(const std::string& headline, const std::string& details) override;
     void about() override;
+
+    Piece choose_piece() override;
+    PieceKind choose_promotion(Side side) override;
+    int choose_hints() override;
 
     std::string choose_file(FileKind kind) override { return m_chooser.choose(kind); }
     std::optional<std::uint64_t> choose_game(const std::string& path) override;
@@ -36,6 +44,7 @@ public:
 
 private:
     Gtk::Window& m_parent;
+    ChessBoard& m_board;
     FileChooser m_chooser;
 };
 

@@ -3,11 +3,7 @@
 #include <glibmm/main.h>
 
 #include "base/text.h"
-#include "dialogs/learn_hints_dialog.h"
-#include "dialogs/parts/message_box.h"
 #include "views/board/chess_board.h"
-#include "views/choice/piece_choice_dialog.h"
-#include "views/choice/promo_choice_dialog.h"
 #include "views/clocks/clocks.h"
 #include "views/text/analysis_window.h"
 #include "views/text/comment_editor.h"
@@ -58,10 +54,6 @@ bool MainScreen::refresh_game_text() {
 
 void MainScreen::set_title(const std::string& title) { m_views.main.set_title(text::displayable(title)); }
 
-void MainScreen::tell_user(const std::string& headline, const std::string& details) {
-    message_box(m_views.main, headline, details);
-}
-
 void MainScreen::close() { m_views.main.hide(); }
 
 Mode MainScreen::mode() const { return m_actions ? m_actions->mode() : Mode::setup; }
@@ -97,20 +89,5 @@ void MainScreen::clear_analysis() { m_views.analysis.clear(); }
 std::string MainScreen::comment_text() const { return m_views.comment.text(); }
 
 void MainScreen::show_comment(const std::string& comment) { m_views.comment.set_text(comment); }
-
-int MainScreen::choose_piece() {
-    return PieceChoiceDialog(m_views.main, m_views.board.drawing().pixbufs()).choice();
-}
-
-int MainScreen::choose_promotion(Side side) {
-    const auto& images = m_views.board.drawing().pixbufs();
-    // Image codes: pawn, knight, bishop, rook, queen, king from 1 for White and from 8 for Black.
-    const std::size_t pawn = side == Side::white ? 1 : 8;
-    return PromoChoiceDialog(m_views.main, images[pawn + 4], images[pawn + 3], images[pawn + 2],
-                             images[pawn + 1])
-        .choice();
-}
-
-int MainScreen::choose_hints() { return ask_learn_hints(m_views.main); }
 
 }  // namespace velmora

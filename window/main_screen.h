@@ -47,7 +47,6 @@ public:
     void show_targets(int square) override;
     void show_game() override;
     void set_title(const std::string& title) override;
-    void tell_user(const std::string& headline, const std::string& details) override;
     void close() override;
 
     Mode mode() const override;
@@ -69,10 +68,6 @@ public:
 
     std::string comment_text() const override;
     void show_comment(const std::string& comment) override;
-
-    int choose_piece() override;
-    int choose_promotion(Side side) override;
-    int choose_hints() override;
 
 private:
     void announce_last_move();

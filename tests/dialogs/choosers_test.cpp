@@ -2,8 +2,8 @@
 
 #include "dialogs/files/fen_list.h"
 #include "dialogs/files/game_list.h"
-#include "game/position_lines.h"
 #include "game/pgn_file.h"
+#include "game/position_lines.h"
 #include "tests/dialogs/dialog_test.h"
 
 namespace velmora {

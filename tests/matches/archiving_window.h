@@ -62,8 +62,8 @@ private:
     ManagerLink m_link{m_referee};
     RecordingScreen m_screen;
     CommentKeeper m_comments{m_desk, m_screen};
-    SeatedEngine m_engine{m_desk, m_screen, m_link, [] { return Protocol::uci; }};
-    MessageDispatcher m_dispatcher{m_desk, m_screen, m_comments, m_link, m_engine};
+    SeatedEngine m_engine{m_desk, m_screen, m_screen, m_link, [] { return Protocol::uci; }};
+    MessageDispatcher m_dispatcher{m_desk, m_screen, m_screen, m_comments, m_link, m_engine};
 };
 
 }  // namespace velmora::test

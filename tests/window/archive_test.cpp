@@ -120,8 +120,8 @@ protected:
     test::RecordingSink referee;
     ManagerLink link{referee};
     CommentKeeper comments{desk, screen};
-    SeatedEngine engine{desk, screen, link, [] { return Protocol::uci; }};
-    MessageDispatcher dispatcher{desk, screen, comments, link, engine};
+    SeatedEngine engine{desk, screen, screen, link, [] { return Protocol::uci; }};
+    MessageDispatcher dispatcher{desk, screen, screen, comments, link, engine};
 };
 
 TEST_F(ArchiveTest, WhatIsWrittenIsReadBackWhole) {

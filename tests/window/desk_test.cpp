@@ -83,11 +83,11 @@ protected:
     std::optional<Protocol> seat;  // what the engine speaks that sits there
     ManagerLink link{referee};
     CommentKeeper comments{desk, screen};
-    SeatedEngine engine{desk, screen, link, [this] { return seat; }};
-    MessageDispatcher dispatcher{desk, screen, comments, link, engine};
-    ModeController modes{desk, screen, comments, link, engine};
-    UserMoves moves{desk, screen, comments, link, 0.0};
-    Navigation navigation{desk, screen, comments, modes};
+    SeatedEngine engine{desk, screen, screen, link, [this] { return seat; }};
+    MessageDispatcher dispatcher{desk, screen, screen, comments, link, engine};
+    ModeController modes{desk, screen, screen, comments, link, engine};
+    UserMoves moves{desk, screen, screen, comments, link, 0.0};
+    Navigation navigation{desk, screen, screen, comments, modes};
 };
 
 // -- Lines from the referee
@@ -431,7 +431,8 @@ TEST_F(DeskTest, CastlingByTheRookOrByTheKingsSquare) {
 }
 
 TEST_F(DeskTest, PromotionTakesTheChoosersAnswer) {
-    for (const int answer : {4, 5, 6, 7, 0}) {  // a closed chooser, 0, makes no move
+    for (const PieceKind answer : {PieceKind::queen, PieceKind::rook, PieceKind::bishop, PieceKind::knight,
+                                   PieceKind::none}) {  // a closed chooser makes no move
         desk.start_from("8/P3k3/8/8/8/8/8/4K3 w - - 0 1");
         screen.promotion_answer = answer;
         drag("a7", "a8");
@@ -511,10 +512,10 @@ TEST_F(DeskTest, SetUpBuildsAPositionThatThenPlays) {
     drag("e1", "e1");  // kings stay
     drag("d1", "e8");
     EXPECT_THAT(referee.take(), IsEmpty());
-    screen.piece_answer = 13;  // the black king moves instead of doubling
+    screen.piece_answer = Piece(PieceKind::king, Side::black);  // the black king moves instead of doubling
     drag("e5", "e5");
     EXPECT_EQ(desk.position.fen(), "rnbq1bnr/pppppppp/8/4k3/8/8/PPPP1PPP/RNBQKBNR w - - 0 1");
-    screen.piece_answer = 1;  // no pawn on the last rank
+    screen.piece_answer = Piece(PieceKind::pawn, Side::white);  // no pawn on the last rank
     drag("e8", "e8");
     EXPECT_EQ(desk.position.piece_on(Square("e8")), Piece(0));
     drag("a7", "a1");  // the target goes, the pawn may not stand there, the source is emptied

@@ -5,18 +5,16 @@
 #include <string>
 #include <vector>
 
+#include "tests/window/scripted_dialogs.h"
 #include "window/session/screen.h"
 
 namespace velmora {
 
 /// A screen without a display: writes down what it is told to show, and answers what it is asked.
-class RecordingScreen : public Screen {
+class RecordingScreen : public Screen, public ScriptedDialogs {
 public:
     std::vector<std::string> calls;
     std::string comment;  // the comment box
-    int piece_answer = 0;
-    int promotion_answer = 0;
-    int hints_answer = 3;
     /// What the mode's radio actions bring about, as the real menu connects it.
     std::function<void(Mode, bool)> on_switched;
 
@@ -64,10 +62,6 @@ public:
 
     std::string comment_text() const override { return comment; }
     void show_comment(const std::string& text) override { comment = text; }
-
-    int choose_piece() override { return piece_answer; }
-    int choose_promotion(Side /*side*/) override { return promotion_answer; }
-    int choose_hints() override { return hints_answer; }
 
 private:
     static std::string name(Side side) { return side == Side::white ? " white" : " black"; }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "chess/board/piece.h"
 #include "chess/board/side.h"
 #include "engine/store/engine_variables.h"
 #include "engine/store/option.h"
@@ -52,6 +53,13 @@ public:
     /// Shows a message and waits until it is answered. Both texts are shown as they stand.
     virtual void tell_user(const std::string& headline, const std::string& details) = 0;
     virtual void about() = 0;
+
+    /// What to put on a square in the set-up; no_piece for nothing.
+    virtual Piece choose_piece() = 0;
+    /// What a pawn of `side` becomes; none when the question was closed.
+    virtual PieceKind choose_promotion(Side side) = 0;
+    /// Which hints to show: bit 0 White's moves, bit 1 Black's; 0 for none or a cancelled dialog.
+    virtual int choose_hints() = 0;
 
     /// The chosen path, empty for none.
     virtual std::string choose_file(FileKind kind) = 0;

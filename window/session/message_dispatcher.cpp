@@ -296,7 +296,7 @@ void MessageDispatcher::tell_user(Rest& rest) {
     if (m_manager.is_leaving()) return;
     const std::string headline = text::underscores_to_blanks(rest.word());
     m_engine.end_search();
-    m_screen.tell_user(headline, text::underscores_to_blanks(rest.rest()));
+    m_dialogs.tell_user(headline, text::underscores_to_blanks(rest.rest()));
 }
 
 void MessageDispatcher::reset_mode(Rest& rest) {

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "chess/board/side.h"
 #include "window/session/comment_keeper.h"
+#include "window/session/dialogs.h"
 #include "window/session/game_desk.h"
 #include "window/session/manager_link.h"
 #include "window/session/screen.h"
@@ -18,9 +19,14 @@ namespace velmora {
 /// The board changes only where the mode lets the referee move it.
 class MessageDispatcher {
 public:
-    MessageDispatcher(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager,
-                      SeatedEngine& engine)
-        : m_desk(desk), m_screen(screen), m_comments(comments), m_manager(manager), m_engine(engine) {}
+    MessageDispatcher(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments,
+                      ManagerLink& manager, SeatedEngine& engine)
+        : m_desk(desk),
+          m_screen(screen),
+          m_dialogs(dialogs),
+          m_comments(comments),
+          m_manager(manager),
+          m_engine(engine) {}
 
     /// Handles one line; a line whose first word is in no table is ignored.
     /// @throws whatever a handler throws; the caller's loop contains it
@@ -77,6 +83,7 @@ private:
 
     GameDesk& m_desk;
     Screen& m_screen;
+    Dialogs& m_dialogs;
     CommentKeeper& m_comments;
     ManagerLink& m_manager;
     SeatedEngine& m_engine;

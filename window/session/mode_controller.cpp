@@ -73,7 +73,7 @@ void ModeController::learn_openings(bool on) {
         m_manager.send("learnopenings 0");
         return;
     }
-    const int mask = m_screen.choose_hints();
+    const int mask = m_dialogs.choose_hints();
     if (mask == 0) {
         // A drill without hints is none. Without a mode of its own the referee would go on with the last.
         m_screen.select_mode(Mode::human_human);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "window/session/comment_keeper.h"
+#include "window/session/dialogs.h"
 #include "window/session/game_desk.h"
 #include "window/session/manager_link.h"
 #include "window/session/screen.h"
@@ -11,9 +12,14 @@ namespace velmora {
 /// What the six radio actions, "Start thinking" and "New game" bring about.
 class ModeController {
 public:
-    ModeController(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager,
-                   SeatedEngine& engine)
-        : m_desk(desk), m_screen(screen), m_comments(comments), m_manager(manager), m_engine(engine) {}
+    ModeController(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments,
+                   ManagerLink& manager, SeatedEngine& engine)
+        : m_desk(desk),
+          m_screen(screen),
+          m_dialogs(dialogs),
+          m_comments(comments),
+          m_manager(manager),
+          m_engine(engine) {}
 
     /// A radio action has been switched on or off. The one switched off is told first.
     void on_switched(Mode mode, bool on);
@@ -42,6 +48,7 @@ private:
 
     GameDesk& m_desk;
     Screen& m_screen;
+    Dialogs& m_dialogs;
     CommentKeeper& m_comments;
     ManagerLink& m_manager;
     SeatedEngine& m_engine;

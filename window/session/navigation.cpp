@@ -44,7 +44,7 @@ void Navigation::go(const Step& step) {
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
         refused = m_desk.next_move_text() + " can't be played here";
-        if (m_desk.game.current() == node) return m_screen.tell_user(refused, "");
+        if (m_desk.game.current() == node) return m_dialogs.tell_user(refused, "");
         // On the way to the end, the record stays at the last node that could be reached; the board follows
         // it.
         fen = m_desk.game.fen();
@@ -56,7 +56,7 @@ void Navigation::go(const Step& step) {
     m_screen.mark_clock(m_desk.side_to_move());
     m_screen.show_position();
     m_modes.follow_position();
-    if (!refused.empty()) m_screen.tell_user(refused, "");
+    if (!refused.empty()) m_dialogs.tell_user(refused, "");
 }
 
 }  // namespace velmora

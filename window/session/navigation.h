@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "window/session/comment_keeper.h"
+#include "window/session/dialogs.h"
 #include "window/session/game_desk.h"
 #include "window/session/mode_controller.h"
 #include "window/session/screen.h"
@@ -13,8 +14,9 @@ namespace velmora {
 /// Steps through the record: the four buttons under the board and clicks into the PGN text.
 class Navigation {
 public:
-    Navigation(GameDesk& desk, Screen& screen, CommentKeeper& comments, ModeController& modes)
-        : m_desk(desk), m_screen(screen), m_comments(comments), m_modes(modes) {}
+    Navigation(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments,
+               ModeController& modes)
+        : m_desk(desk), m_screen(screen), m_dialogs(dialogs), m_comments(comments), m_modes(modes) {}
 
     void to_start();
     void back();
@@ -33,6 +35,7 @@ private:
 
     GameDesk& m_desk;
     Screen& m_screen;
+    Dialogs& m_dialogs;
     CommentKeeper& m_comments;
     ModeController& m_modes;
 };

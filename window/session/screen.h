@@ -23,8 +23,6 @@ public:
     /// Shows the desk's game: PGN text and the highlight of the current move.
     virtual void show_game() = 0;
     virtual void set_title(const std::string& title) = 0;
-    /// Shows a message and waits until it is answered. Both texts are shown as they stand.
-    virtual void tell_user(const std::string& headline, const std::string& details) = 0;
     virtual void close() = 0;
 
     virtual Mode mode() const = 0;
@@ -51,13 +49,6 @@ public:
 
     virtual std::string comment_text() const = 0;
     virtual void show_comment(const std::string& comment) = 0;
-
-    /// Lets the person choose a piece for the set-up: an image code 1 to 6 or 8 to 13, 0 for none.
-    virtual int choose_piece() = 0;
-    /// Lets the person choose what a pawn becomes: 4 queen, 5 rook, 6 bishop, 7 knight, 0 for none.
-    virtual int choose_promotion(Side side) = 0;
-    /// Asks which hints to show: bit 0 White's moves, bit 1 Black's; 0 for none or a cancelled dialog.
-    virtual int choose_hints() = 0;
 };
 
 }  // namespace velmora

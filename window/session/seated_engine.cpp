@@ -4,9 +4,13 @@
 
 namespace velmora {
 
-SeatedEngine::SeatedEngine(GameDesk& desk, Screen& screen, const ManagerLink& manager,
+SeatedEngine::SeatedEngine(GameDesk& desk, Screen& screen, Dialogs& dialogs, const ManagerLink& manager,
                            std::function<std::optional<Protocol>()> protocol)
-    : m_desk(desk), m_screen(screen), m_manager(manager), m_protocol(std::move(protocol)) {}
+    : m_desk(desk),
+      m_screen(screen),
+      m_dialogs(dialogs),
+      m_manager(manager),
+      m_protocol(std::move(protocol)) {}
 
 void SeatedEngine::begin_load(const std::string& name, Protocol asked_for) {
     m_search = Search::engine;
@@ -53,7 +57,7 @@ void SeatedEngine::settle() {
 
 void SeatedEngine::tell_of_silence() {
     if (m_asked_for != Protocol::autodetect || m_protocol() != Protocol::xboard_v1) return;
-    m_screen.tell_user(
+    m_dialogs.tell_user(
         "No answer from " + m_sought,
         "It is taken for an xboard engine of version 1, which gets no commands and never moves.");
 }

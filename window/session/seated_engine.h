@@ -5,6 +5,7 @@
 #include <string>
 
 #include "engine/store/engine_variables.h"
+#include "window/session/dialogs.h"
 #include "window/session/game_desk.h"
 #include "window/session/manager_link.h"
 #include "window/session/screen.h"
@@ -20,7 +21,7 @@ class SeatedEngine {
 public:
     /// @param protocol  asks the referee which protocol the engine in the first seat speaks; nothing when
     ///                  nobody sits there
-    SeatedEngine(GameDesk& desk, Screen& screen, const ManagerLink& manager,
+    SeatedEngine(GameDesk& desk, Screen& screen, Dialogs& dialogs, const ManagerLink& manager,
                  std::function<std::optional<Protocol>()> protocol);
 
     /// "load" has been sent, for a program that is known to the person by this name.
@@ -52,6 +53,7 @@ private:
 
     GameDesk& m_desk;
     Screen& m_screen;
+    Dialogs& m_dialogs;
     const ManagerLink& m_manager;
     const std::function<std::optional<Protocol>()> m_protocol;
     Search m_search = Search::none;

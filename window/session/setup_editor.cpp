@@ -9,19 +9,16 @@ bool may_stand_on(Piece piece, int square) {
     return !piece.is_pawn() || (rank != 0 && rank != 7);
 }
 
-/// The piece of a chooser's answer: images 1 to 6 are the white codes themselves, 8 to 13 the black codes
-/// less 1.
-Piece chosen_piece(int answer) {
-    if (answer >= 1 && answer <= 6) return Piece(static_cast<std::uint32_t>(answer));
-    if (answer >= 8 && answer <= 13) return Piece(static_cast<std::uint32_t>(answer + 1));
-    return no_piece;
-}
-
 }  // namespace
 
-SetupEditor::SetupEditor(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager,
-                         Stopwatch& click_timer)
-    : m_desk(desk), m_screen(screen), m_comments(comments), m_manager(manager), m_click_timer(click_timer) {}
+SetupEditor::SetupEditor(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments,
+                         ManagerLink& manager, Stopwatch& click_timer)
+    : m_desk(desk),
+      m_screen(screen),
+      m_dialogs(dialogs),
+      m_comments(comments),
+      m_manager(manager),
+      m_click_timer(click_timer) {}
 
 void SetupEditor::edit(int from, int to) {
     ChessPosition board = m_desk.position;
@@ -52,7 +49,7 @@ Piece SetupEditor::move_piece(ChessPosition& board, int from, int to) {
 }
 
 Piece SetupEditor::place_chosen(ChessPosition& board, int square) {
-    const Piece piece = chosen_piece(m_screen.choose_piece());
+    const Piece piece = m_dialogs.choose_piece();
     m_click_timer.reset();
     m_click_timer.start();
     if (piece == no_piece || !may_stand_on(piece, square)) return no_piece;

@@ -4,6 +4,7 @@
 #include "chess/board/piece.h"
 #include "chess/moves/position.h"
 #include "window/session/comment_keeper.h"
+#include "window/session/dialogs.h"
 #include "window/session/game_desk.h"
 #include "window/session/manager_link.h"
 #include "window/session/screen.h"
@@ -14,8 +15,8 @@ namespace velmora {
 class SetupEditor {
 public:
     /// @param click_timer  restarted when the chooser has closed
-    SetupEditor(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager,
-                Stopwatch& click_timer);
+    SetupEditor(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments,
+                ManagerLink& manager, Stopwatch& click_timer);
 
     /// One drag from `from` to `to`, or one click when both are the same square.
     void edit(int from, int to);
@@ -27,6 +28,7 @@ private:
 
     GameDesk& m_desk;
     Screen& m_screen;
+    Dialogs& m_dialogs;
     CommentKeeper& m_comments;
     ManagerLink& m_manager;
     Stopwatch& m_click_timer;

@@ -9,23 +9,21 @@ namespace velmora {
 
 namespace {
 
-/// Whether the kind of a move fits the promotion chooser's answer: 4 queen, 5 rook, 6 bishop, 7 knight, which
-/// are the kinds 2 to 5; the other kinds fit any answer.
-bool fits_answer(const Move& move, int answer) {
-    const auto code = static_cast<int>(static_cast<std::uint32_t>(move.code()));
-    const bool promotes = code >= 2 && code <= 5;
-    return !promotes || answer == code + 2;
+/// Whether a move agrees with what the person chose for the pawn; one that promotes nothing always does.
+bool fits_choice(const Move& move, PieceKind chosen) {
+    return !is_promotion(move.code()) || promoted_kind(move.code()) == chosen;
 }
 
 }  // namespace
 
-UserMoves::UserMoves(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager,
-                     double click_delay_s)
+UserMoves::UserMoves(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments,
+                     ManagerLink& manager, double click_delay_s)
     : m_desk(desk),
       m_screen(screen),
+      m_dialogs(dialogs),
       m_comments(comments),
       m_manager(manager),
-      m_setup(desk, screen, comments, manager, m_click_timer),
+      m_setup(desk, screen, dialogs, comments, manager, m_click_timer),
       m_click_delay_s(click_delay_s) {
     m_click_timer.start();
 }
@@ -91,22 +89,21 @@ void UserMoves::select(std::optional<int> square) {
     m_screen.show_position();
 }
 
-int UserMoves::promotion_answer(int from, int to) {
+PieceKind UserMoves::choose_promotion(int from, int to) {
     const Piece piece = m_desk.position.piece_on(Square(from));
     const int rank = to / 8;
-    if (!piece.is_pawn() || (rank != 0 && rank != 7)) return 0;
-    const int answer = m_screen.choose_promotion(piece.is_white() ? Side::white : Side::black);
-    return answer >= 4 && answer <= 7 ? answer : 0;
+    const bool promotes = piece.is_pawn() && (rank == 0 || rank == 7);
+    return promotes ? m_dialogs.choose_promotion(piece.side()) : PieceKind::none;
 }
 
 void UserMoves::play(int from, int to) {
     m_desk.selected.reset();
-    const int answer = promotion_answer(from, to);
+    const PieceKind promoted = choose_promotion(from, to);
     const std::string squares = Square(from).name() + Square(to).name();
     std::optional<Move> chosen;
     for (const Move& move : legal_moves(m_desk.position)) {
         const bool by_squares =
-            move.from() == Square(from) && move.to() == Square(to) && fits_answer(move, answer);
+            move.from() == Square(from) && move.to() == Square(to) && fits_choice(move, promoted);
         // Castling is stored as king takes rook; its printed form names the king's destination.
         if (by_squares || move.to_string(false) == squares) {
             chosen = move;

@@ -5,6 +5,7 @@
 
 #include "base/stopwatch.h"
 #include "window/session/comment_keeper.h"
+#include "window/session/dialogs.h"
 #include "window/session/game_desk.h"
 #include "window/session/manager_link.h"
 #include "window/session/screen.h"
@@ -19,7 +20,7 @@ public:
     /// click that closed a dialog is none on the board.
     static constexpr double default_click_delay_s = 0.5;
 
-    UserMoves(GameDesk& desk, Screen& screen, CommentKeeper& comments, ManagerLink& manager,
+    UserMoves(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments, ManagerLink& manager,
               double click_delay_s = default_click_delay_s);
 
     /// The board reports a drag from `from` to `to`, or a click when both are the same square.
@@ -37,11 +38,12 @@ private:
     void make(const Move& move);
     bool may_move() const;
     bool is_own_piece(int square) const;
-    int promotion_answer(int from, int to);
+    PieceKind choose_promotion(int from, int to);
     void select(std::optional<int> square);
 
     GameDesk& m_desk;
     Screen& m_screen;
+    Dialogs& m_dialogs;
     CommentKeeper& m_comments;
     ManagerLink& m_manager;
     SetupEditor m_setup;
