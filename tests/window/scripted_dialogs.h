@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <map>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -17,7 +19,7 @@ public:
     Piece piece_answer;
     PieceKind promotion_answer = PieceKind::none;
     int hints_answer = 3;
-    std::string file;
+    std::map<FileKind, std::string> files;
     std::optional<std::uint64_t> game;
     std::optional<ChosenPosition> position;
     std::optional<Protocol> protocol;
@@ -39,7 +41,7 @@ public:
     PieceKind choose_promotion(Side /*side*/) override { return promotion_answer; }
     int choose_hints() override { return hints_answer; }
 
-    std::string choose_file(FileKind /*kind*/) override { return file; }
+    std::string choose_file(FileKind kind) override { return files[kind]; }
     std::optional<std::uint64_t> choose_game(const std::string& /*path*/) override { return game; }
     std::optional<ChosenPosition> choose_position(const std::string& /*path*/) override { return position; }
 

@@ -17,7 +17,7 @@ protected:
 
 TEST_F(EngineFlowsTest, AnEngineIsLoadedByFileOrByName) {
     engines.load();
-    dialogs.file = "/opt/some engine";
+    dialogs.files[FileKind::engine] = "/opt/some engine";
     engines.load();
     engines.load_installed();
     dialogs.engine.emplace();

@@ -27,7 +27,7 @@ protected:
 };
 
 TEST_F(FileFlowsTest, TheChosenGameTakesThePlaceOfTheOneOnTheBoard) {
-    dialogs.file = home.write("games.pgn", first_game + second_game);
+    dialogs.files[FileKind::load_game] = home.write("games.pgn", first_game + second_game);
     select(Mode::setup);
     files.load_game();
     EXPECT_EQ(screen.mode(), Mode::human_human);
@@ -41,7 +41,8 @@ TEST_F(FileFlowsTest, TheChosenGameTakesThePlaceOfTheOneOnTheBoard) {
 
     dialogs.game = 0;
     for (const char* moves : {"(1. d4) *\n", "1. e4\xE9 e5 *\n"}) {
-        dialogs.file = home.write("bad.pgn", std::string("[White \"Dan\"]\n\n") + moves);
+        dialogs.files[FileKind::load_game] =
+            home.write("bad.pgn", std::string("[White \"Dan\"]\n\n") + moves);
         testing::internal::CaptureStderr();
         files.load_game();
         EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::StartsWith("# invalid game: \n"))
@@ -52,7 +53,7 @@ TEST_F(FileFlowsTest, TheChosenGameTakesThePlaceOfTheOneOnTheBoard) {
 }
 
 TEST_F(FileFlowsTest, PositionsOfAFileOneAfterTheOther) {
-    dialogs.file = positions();
+    dialogs.files[FileKind::load_position] = positions();
     files.load_next_position();
     files.load_position();
     EXPECT_THAT(referee.take(), IsEmpty()) << "nothing has been loaded";
@@ -81,20 +82,20 @@ TEST_F(FileFlowsTest, PositionsOfAFileOneAfterTheOther) {
 
 TEST_F(FileFlowsTest, WhatIsSavedStandsInTheFile) {
     screen.comment = "typed";
-    dialogs.file = home.path("saved.pgn");
+    dialogs.files[FileKind::save_game] = home.path("saved.pgn");
     files.save_game();
     files.save_game();
     EXPECT_EQ(home.content("saved.pgn"), desk.game.pgn() + desk.game.pgn());
     EXPECT_THAT(desk.game.pgn(), HasSubstr("{typed}"));
-    dialogs.file = home.path("saved.fen");
+    dialogs.files[FileKind::save_position] = home.path("saved.fen");
     files.save_position();
     EXPECT_EQ(home.content("saved.fen"), desk.position.fen() + "\n");
     for (const char* name : {"full.pgn", "full.fen"}) {
         std::filesystem::create_symlink("/dev/full", home.path(name));
     }
-    dialogs.file = home.path("full.pgn");
+    dialogs.files[FileKind::save_game] = home.path("full.pgn");
     files.save_game();
-    dialogs.file = home.path("full.fen");
+    dialogs.files[FileKind::save_position] = home.path("full.fen");
     files.save_position();
     EXPECT_THAT(
         dialogs.told,
@@ -144,6 +145,9 @@ TEST_F(FileFlowsTest, FilesFromOutsideGoTheWayOfTheirKind) {
         EXPECT_EQ(referee.take(), row.sent) << testing::PrintToString(row.paths);
         EXPECT_EQ(dialogs.told, row.told) << testing::PrintToString(row.paths);
     }
+    dialogs.files[FileKind::polyglot_book] = here("book.bin");
+    files.choose_polyglot_book();
+    EXPECT_THAT(referee.take(), ElementsAre("0 polyglotbook " + here("book.bin")));
     select(Mode::tournament);
     files.open({here("positions.epd")});
     EXPECT_THAT(referee.take(), IsEmpty());

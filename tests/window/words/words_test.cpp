@@ -18,6 +18,7 @@
 
 #include "tests/support/gui_driver.h"
 #include "tests/support/workplace.h"
+#include "window/file_chooser.h"
 #include "window/interface.h"
 
 namespace velmora {
@@ -117,23 +118,6 @@ protected:
         });
         activate(menu, label);
         EXPECT_TRUE(answer.given()) << menu << " / " << label;
-        return found;
-    }
-
-    /// The message that comes after `cause`: window title, headline, details, button.
-    template <class Cause>
-    Texts message_after(Cause cause) {
-        Texts found;
-        gui::Answer<Gtk::MessageDialog> answer([&](Gtk::MessageDialog& box) {
-            found = {box.get_title(), box.property_text().get_value(),
-                     box.property_secondary_text().get_value()};
-            const auto shown = texts(box);
-            found.push_back(shown.back());
-            box.response(Gtk::RESPONSE_OK);
-            return true;
-        });
-        cause();
-        EXPECT_TRUE(gui::pump_until([&] { return answer.given(); }, std::chrono::seconds(30)));
         return found;
     }
 
@@ -268,25 +252,28 @@ TEST_F(WordsTest, TheWindows) {
     gui::pump_pending();
 }
 
-TEST_F(WordsTest, TheFileChoosers) {
-    load_engine();
+TEST(Words, TheFileChoosers) {
     constexpr auto fen = "('FEN files', [(0, '*.fen'), (0, '*.epd')])";
     constexpr auto pgn = "('PGN files', [(0, '*.pgn')])";
     const struct {
-        const char *menu, *label, *first_filter;
+        FileKind kind;
+        const char* first_filter;
         bool saves;
-    } rows[] = {{"_File", "Load game", pgn, false},
-                {"_File", "Save game", pgn, true},
-                {"_File", "Load position", fen, false},
-                {"_File", "Save position", fen, true},
-                {"_File", "Polyglot book", "('Polyglot books', [(0, '*.bin')])", false},
-                {"Engine", "Load engine...", "('engine', [(1, 'application/octet-stream')", false}};
+    } rows[] = {{FileKind::load_position, fen, false},
+                {FileKind::save_position, fen, true},
+                {FileKind::load_game, pgn, false},
+                {FileKind::tournament_openings, "('PGN/EPD files', [(0, '*.pgn'), (0, '*.epd')])", false},
+                {FileKind::save_game, pgn, true},
+                {FileKind::engine, "('engine', [(1, 'application/octet-stream')", false},
+                {FileKind::polyglot_book, "('Polyglot books', [(0, '*.bin')])", false}};
+    Gtk::Window parent;
+    FileChooser chooser(parent);
     for (const auto& row : rows) {
-        gui::Answer<Gtk::FileChooserDialog> answer([&](Gtk::FileChooserDialog& chooser) {
-            EXPECT_EQ(chooser.get_title(), "Choose File");
-            EXPECT_EQ(chooser.get_action() == Gtk::FILE_CHOOSER_ACTION_SAVE, row.saves);
+        const gui::Answer<Gtk::FileChooserDialog> answer([&](Gtk::FileChooserDialog& dialog) {
+            EXPECT_EQ(dialog.get_title(), "Choose File");
+            EXPECT_EQ(dialog.get_action() == Gtk::FILE_CHOOSER_ACTION_SAVE, row.saves);
             Texts filters;
-            for (const auto& filter : chooser.list_filters()) {
+            for (const auto& filter : dialog.list_filters()) {
                 GVariant* const form = g_variant_ref_sink(gtk_file_filter_to_gvariant(filter->gobj()));
                 char* const text = g_variant_print(form, FALSE);
                 filters.push_back(text);
@@ -296,11 +283,10 @@ TEST_F(WordsTest, TheFileChoosers) {
             EXPECT_THAT(filters, testing::ElementsAre(testing::StartsWith(row.first_filter),
                                                       "('Text files', [(1, 'text/plain')])",
                                                       "('Any files', [(0, '*')])"));
-            chooser.response(Gtk::RESPONSE_CANCEL);
+            dialog.response(Gtk::RESPONSE_CANCEL);
             return true;
         });
-        activate(row.menu, row.label);
-        EXPECT_TRUE(answer.given()) << row.label;
+        EXPECT_EQ(chooser.choose(row.kind), "");
     }
 }
 
@@ -338,75 +324,19 @@ TEST_F(WordsTest, TheDialogs) {
     EXPECT_THAT(opened_by("Info", "About..."), testing::HasSubstr("Velmora GUI|"));
 }
 
-TEST_F(WordsTest, TheMessages) {
-    const auto tell = [this](const std::string& line) {
-        return [this, line] { m_window->send_to_manager(line); };
-    };
-    const auto choose = [this](const char* menu, const char* label) {
-        return [this, menu, label] { activate(menu, label); };
-    };
-    const auto open = [this](const Texts& paths) { return [this, paths] { m_window->open_files(paths); }; };
-    // The start position's key with 1.e4 alone, as one big-endian record.
-    m_place.write("book.bin", std::string("\x46\x3b\x96\x18\x16\x91\xfc\x9c\x03\x1c\0\x01\0\0\0\0", 16));
-    m_place.write("a_b.txt", "");
-    m_place.write("tournaments/Bad.trn",
-                  "event Bad\ntype match\nrounds 1\nparticipant nobody\nparticipant none\n"
-                  "game       1      1    1  -  2     *\n");
-    m_place.write("tournaments/Done.trn",
-                  "event Done\ntype match\nrounds 1\nparticipant nobody\nparticipant none\n"
-                  "game       1      1    1  -  2     1-0\n");
-    const struct {
-        std::function<void()> cause;
-        const char* headline;
-        std::string details;
-    } rows[] = {
-        {choose("Engine", "Install engine..."), "No engine to install",
-         "you should first load an engine\n before installialling an engine"},
-        {choose("Options", "Engine..."), "No engine found", "use menu 'Engine' to load an engine'"},
-        {tell("learnopenings 3"), "No Polyglot book found", " use menu 'File' to load a Polyglot book"},
-        {tell("start_tournament"), "No tournament loaded", ""},
-        {tell("load_tournament nothing"), "Tournament doesn't exist", ""},
-        {tell("load 1 filename /no/such/engine"), "/no/such/engine", " failed"},
-        {[&] {
-             tell("load_tournament Bad")();
-             tell("start_tournament")();
-         },
-         "Oops...", " loading nobody failed"},
-        {[&] {
-             tell("load_tournament Done")();
-             tell("start_tournament")();
-         },
-         "tournament finished", ""},
-        {open({m_place.path("no_such.pgn")}), "The file can't be opened",
-         "There is no file " + m_place.path("no_such.pgn")},
-        {open({m_place.path("a_b.txt")}), "The file can't be opened",
-         m_place.path("a_b.txt") + " is no .pgn, .fen, .epd or .bin file"},
-        {open({m_place.path("book.bin"), "a_b.pgn", "c"}),
-         "Only one file is opened at a time, not these:", "a_b.pgn\nc\n"},
-        {[&] {
-             tell("polyglotbook " + m_place.path("book.bin"))();
-             tell("learnopenings 1")();
-             tell("setboard rnbqkbnr/pppppppp/8/8/3P4/8/PPP1PPPP/RNBQKBNR b KQkq - 0 1")();
-             tell("usermove e7e5")();
-         },
-         "Polyglotbook:", " no more moves"},
-        {[&] {
-             load_engine();
-             tell("setboard 7k/8/5KQ1/8/8/8/8/8 w - - 0 1")();
-             tell("playother")();
-             tell("usermove g6g7")();
-         },
-         "result:", " 1-0"},
-        {[&] {
-             choose("Mode", "Analysis")();
-             m_place.kill_engine("alpha");  // nobody but the tick asks for it
-         },
-         "engine1", " crashed"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_THAT(message_after(row.cause),
-                    testing::ElementsAre("Message:", row.headline, row.details, "OK"));
-    }
+TEST_F(WordsTest, AnEngineThatDiesIsToldOfWithoutANewLineFromIt) {
+    load_engine();
+    Texts shown;
+    gui::Answer<Gtk::MessageDialog> answer([&](Gtk::MessageDialog& box) {
+        shown = {box.get_title(), box.property_text().get_value(), box.property_secondary_text().get_value(),
+                 texts(box).back()};
+        box.response(Gtk::RESPONSE_OK);
+        return true;
+    });
+    activate("Mode", "Analysis");
+    m_place.kill_engine("alpha");
+    EXPECT_TRUE(gui::pump_until([&] { return answer.given(); }, std::chrono::seconds(30)));
+    EXPECT_THAT(shown, testing::ElementsAre("Message:", "engine1", " crashed", "OK"));
 }
 
 }  // namespace
