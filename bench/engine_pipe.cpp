@@ -82,7 +82,7 @@ class Engine {
 public:
     Engine() {
         engio.spawn_engine("/proc/self/exe");
-        driver.attach(1, &variables, &engio);
+        driver.attach(1, &record, &engio);
         driver.set_manager(&queue);
         engio.set_engine(&driver);
         m_reader = std::thread(std::ref(engio));
@@ -93,7 +93,7 @@ public:
     }
 
     TimedQueue queue;
-    EngineVariables variables;
+    EngineRecord record;
     Engio engio;
     UciEngine driver;
 

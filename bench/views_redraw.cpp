@@ -21,7 +21,7 @@ namespace {
 struct Scene {
     explicit Scene(int cell_width) : cell{cell_width, cell_width} {
         table.set_pieces(
-            read_shown_position("r1bqk2r/pppp1ppp/2n2n2/2b1p3/2B1P3/3P1N2/PPP2PPP/RNBQK2R w").letters);
+            read_shown_position("r1bqk2r/pppp1ppp/2n2n2/2b1p3/2B1P3/3P1N2/PPP2PPP/RNBQK2R w").pieces);
         marks.last_move = {61, 34};
         marks.selected = 21;
         marks.targets = {6, 11, 27, 38, 31};
@@ -57,7 +57,7 @@ BENCHMARK(redraw_board)->Args({560, 1})->Args({560, 2})->Args({1200, 1})->Unit(b
 void redraw_drag(benchmark::State& state) {
     Scene scene(70);
     scene.images.render(scene.cell);
-    scene.table.begin_drag(21, {350, 350});
+    scene.table.begin_drag(Square(21), {350, 350});
     const auto surface = screen(560, 1);
     for ([[maybe_unused]] auto step : state) {
         const auto cr = Cairo::Context::create(surface);

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "channel/command_sink.h"
+#include "engine/drivers/engine_record.h"
 #include "engine/process/engio.h"
-#include "engine/store/engine_variables.h"
 #include "fuzz/chess_checks.h"
 
 namespace velmora::fuzzing {
@@ -29,10 +29,10 @@ template <class Driver, class Check>
 void drive(const std::uint8_t* data, std::size_t size, const XboardFeatures& features, Check check) {
     Posted posted;
     Engio engio;
-    EngineVariables variables;
-    variables.features = features;
+    EngineRecord record;
+    record.variables.features = features;
     Driver driver;
-    driver.attach(1, &variables, &engio);
+    driver.attach(1, &record, &engio);
     driver.set_manager(&posted);
     ChessPosition game;
     game.new_game();
@@ -40,7 +40,7 @@ void drive(const std::uint8_t* data, std::size_t size, const XboardFeatures& fea
     while (!input.empty()) {
         const std::string line(take_line(input));
         if (line == "@go") {
-            if (variables.status != EngineStatus::thinking) driver.go();
+            if (record.state.status != EngineStatus::thinking) driver.go();
         } else if (line == "@stop") {
             driver.stop();
         } else if (line == "@new") {
@@ -56,7 +56,7 @@ void drive(const std::uint8_t* data, std::size_t size, const XboardFeatures& fea
             driver.set_position(game);
         } else {
             posted.lines.clear();
-            driver.receive_line(line);
+            driver.receive_line({line});
             for (const std::string& text : posted.lines) {
                 if (!text.starts_with("1 0 ") || !check(line, std::string_view(text).substr(4))) {
                     std::fprintf(stderr, "\"%s\" was posted as \"%s\"\n", line.c_str(), text.c_str());

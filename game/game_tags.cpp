@@ -76,7 +76,7 @@ void GameTags::reset() {
     for (const auto* name : {"Round", "White", "Black"}) set(name, "?");
     set("Result", "*");
     m_fen = standard_fen;
-    m_start_color = 1;
+    m_start_color = Side::white;
     m_start_move_number = 1;
 }
 
@@ -107,7 +107,7 @@ void GameTags::set_start(std::string_view fen) {
     // Board, side, castling, en passant, half-move clock, full-move number.
     text::WordReader fields(fen);
     fields.word();
-    m_start_color = fields.word() == "w" ? 1 : 0;
+    m_start_color = fields.word() == "w" ? Side::white : Side::black;
     for (int skipped = 0; skipped < 3; ++skipped) fields.word();
     m_start_move_number = fields.integer<std::int32_t>().value_or(1);
 }

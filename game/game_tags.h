@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "chess/board/side.h"
+
 namespace velmora {
 
 /// The tags of a game in the order in which they were first set, and what the FEN tag says of its start.
@@ -41,8 +43,8 @@ public:
     std::size_t printed_size() const;
 
     const std::string& fen() const { return m_fen; }
-    /// The side to move in fen(): 1 White, 0 Black.
-    std::int32_t start_color() const { return m_start_color; }
+    /// The side to move in fen().
+    Side start_color() const { return m_start_color; }
     std::int32_t start_move_number() const { return m_start_move_number; }
 
 private:
@@ -58,7 +60,7 @@ private:
     std::vector<Tag> m_tags;               // in order of first insertion
     std::vector<std::uint32_t> m_by_name;  // indexes into m_tags, sorted by name
     std::string m_fen{standard_fen};
-    std::int32_t m_start_color = 1;
+    Side m_start_color = Side::white;
     std::int32_t m_start_move_number = 1;
 };
 

@@ -23,9 +23,9 @@ void GameTree::reset() {
     m_nodes.clear();
     auto& root = m_nodes.append();
     root.type = ElementType::start_game;
-    root.color = no_color;
+    root.color.reset();
     m_next_id = 1;
-    m_start_color = 1;
+    m_start_color = Side::white;
     m_start_move_number = 1;
     m_text_offset = 0;
 }
@@ -59,12 +59,9 @@ std::int32_t GameTree::add_child(std::int32_t parent, const MoveSectionElement& 
     added.pid = parent;
     auto& above = node(parent);
     const auto number = std::max(above.move_number, 1);
-    if (above.color == 1) {
-        added.color = 0;
-        added.move_number = number;
-    } else if (above.color == 0) {
-        added.color = 1;
-        added.move_number = next_move_number(number);
+    if (above.color) {
+        added.color = opposite(*above.color);
+        added.move_number = above.color == Side::white ? number : next_move_number(number);
     } else {
         added.color = m_start_color;
         added.move_number = m_start_move_number;

@@ -22,7 +22,7 @@ public:
     void reset();
 
     /// Takes over the elements of a loaded game, whose indexes become the ids, and leaves `section` empty.
-    /// The root has colour 1 from now on.
+    /// The root counts as White's from now on.
     void rebuild(MoveSection& section);
 
     /// Stores a copy of `record` as the last child of `parent`, with id, parent, colour and move number set,
@@ -48,8 +48,8 @@ public:
     /// A listing for people who search a fault.
     std::string dump() const;
 
-    std::int32_t start_color() const { return m_start_color; }
-    void set_start_color(std::int32_t color) { m_start_color = color; }
+    Side start_color() const { return m_start_color; }
+    void set_start_color(Side color) { m_start_color = color; }
     std::int32_t start_move_number() const { return m_start_move_number; }
 
     /// Bytes ahead of the first move's own text in the movetext that was printed last; in the nodes' offsets
@@ -61,7 +61,7 @@ private:
 
     ElementList m_nodes;  // by id; a marker, or what follows a hole, is an empty place
     std::int64_t m_next_id = 1;
-    std::int32_t m_start_color = 1;
+    Side m_start_color = Side::white;
     std::int32_t m_start_move_number = 1;
     std::uint64_t m_text_offset = 0;
 };

@@ -37,7 +37,7 @@ std::string line_of(const MoveSectionElement& node) {
     auto line = "id " + std::to_string(node.id) + "  pid " + std::to_string(node.pid) + "  " +
                 type_word(node.type) + "  ";
     if (node.type == ElementType::end_game) line += node.result + " ";
-    if (node.color != no_color) line += node.color == 1 ? "W  " : "B  ";
+    if (node.color) line += node.color == Side::white ? "W  " : "B  ";
     if (node.move_number > 0) line += std::to_string(node.move_number) + ".";
     return line + node.san + "\t" + node.nag + comment_start(node.comment) + children_list(node) + "\n";
 }

@@ -19,10 +19,10 @@ void MoveSection::reset() {
     m_elements.clear();
     m_elements.append().type = ElementType::start_game;
     m_markers = 0;
-    set_start(1, 1);
+    set_start(Side::white, 1);
 }
 
-void MoveSection::set_start(std::int32_t color, std::int32_t move_number) {
+void MoveSection::set_start(Side color, std::int32_t move_number) {
     m_start_color = color;
     m_start_move_number = move_number;
 }
@@ -120,14 +120,14 @@ MoveSectionElement& MoveSection::append_move() {
 
 /// The colour that moves after element `pid`. The root counts as White's, so that an alternative to White's
 /// first move is taken for Black's.
-std::int32_t MoveSection::answering_color(std::int32_t pid) const {
-    return m_elements[static_cast<std::size_t>(pid)].color == 1 ? 0 : 1;
+Side MoveSection::answering_color(std::int32_t pid) const {
+    return m_elements[static_cast<std::size_t>(pid)].color == Side::white ? Side::black : Side::white;
 }
 
 void MoveSection::append_marker(ElementType type, std::int32_t pid) {
     auto& marker = append(pid);
     marker.type = type;
-    marker.color = no_color;
+    marker.color.reset();
     ++m_markers;
 }
 
@@ -168,7 +168,7 @@ void MoveSection::add_result(std::string_view result) {
     if (!at_start && result == "*") return;
     auto& element = append(at_start ? 0 : m_lines.back().current);
     element.type = ElementType::end_game;
-    element.color = no_color;
+    element.color.reset();
     element.result = result;
 }
 
@@ -181,9 +181,9 @@ void MoveSection::link_and_number() {
         if (element.is_marker()) continue;
         auto& parent = m_elements[static_cast<std::size_t>(element.pid)];
         parent.children.push_back(element.id);
-        if (element.color == 0) {
+        if (element.color == Side::black) {
             element.move_number = parent.move_number;
-        } else if (element.color == 1 && i != 1) {
+        } else if (element.color == Side::white && i != 1) {
             element.move_number = next_move_number(parent.move_number);
         }
     }

@@ -23,9 +23,9 @@ public:
     /// The root alone; the game starts with White's move 1.
     void reset();
 
-    /// Side to move (1 White, 0 Black) and move number at the start. REQUIRES: before load().
-    void set_start(std::int32_t color, std::int32_t move_number);
-    std::int32_t start_color() const { return m_start_color; }
+    /// Side to move and move number at the start. REQUIRES: before load().
+    void set_start(Side color, std::int32_t move_number);
+    Side start_color() const { return m_start_color; }
     std::int32_t start_move_number() const { return m_start_move_number; }
 
     /// Appends the elements of a game and links children to parents. Tags among the tokens are ignored, so
@@ -57,13 +57,13 @@ private:
     void drop_number_without_move();
     MoveSectionElement& append(std::int32_t pid);
     MoveSectionElement& append_move();
-    std::int32_t answering_color(std::int32_t pid) const;
+    Side answering_color(std::int32_t pid) const;
     void append_marker(ElementType type, std::int32_t pid);
     void link_and_number();
 
     ElementList m_elements;
     std::size_t m_markers = 0;
-    std::int32_t m_start_color = 1;
+    Side m_start_color = Side::white;
     std::int32_t m_start_move_number = 1;
     std::vector<Line> m_lines;       // while loading: the main line and the open variations, innermost last
     std::string m_replaced_comment;  // while loading: what the last comment has replaced

@@ -7,7 +7,7 @@ void MoveSectionElement::reset() {
     id = 0;
     pid = 0;
     move_number = -1;
-    color = 1;
+    color = Side::white;
     printed = false;
     text_begin = 0;
     text_end = 0;

@@ -2,8 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "chess/board/side.h"
 
 namespace velmora {
 
@@ -16,19 +19,17 @@ enum class ElementType : std::int32_t {
     end_variation = 4
 };
 
-/// The colour of a record that is nobody's move: the root of a new game, a result, a marker. Moves have 1 for
-/// White and 0 for Black, as the side to move of a position has.
-constexpr std::int32_t no_color = 2;
-
 /// One record of a game: an element of the flat list that a load makes, and a node of the tree.
 struct MoveSectionElement {
     ElementType type = ElementType::move;
     std::int32_t id = 0;            ///< the index in the flat list, the key in the tree
     std::int32_t pid = 0;           ///< the id of the parent; the root is its own
     std::int32_t move_number = -1;  ///< the full-move number as it is printed
-    std::int32_t color = 1;         ///< who made the move: 1 White, 0 Black, no_color
-    bool printed = false;           ///< the printer's own note while it walks
-    std::uint64_t text_begin = 0;   ///< byte offset of the node's text in the movetext that was printed last
+    /// Who made the move; nobody for a result, a marker and the root of a new game. The root of a loaded game
+    /// counts as White's, so that the first move is an answer like any other.
+    std::optional<Side> color = Side::white;
+    bool printed = false;          ///< the printer's own note while it walks
+    std::uint64_t text_begin = 0;  ///< byte offset of the node's text in the movetext that was printed last
     std::uint64_t text_end = 0;
     std::string san;      ///< empty for anything but a move
     std::string nag;      ///< one numeric glyph with its dollar sign, "$1"

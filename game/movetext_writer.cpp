@@ -86,7 +86,7 @@ void MovetextWriter::write_start() {
     if (!root.comment.empty()) {
         append_comment(m_text, root.comment);
         m_text += " \n";
-    } else if (m_tree.start_color() == 0) {
+    } else if (m_tree.start_color() == Side::black) {
         append_number(m_text, m_tree.start_move_number());
         m_text += "...";
         m_text_offset = m_text.size();
@@ -145,11 +145,11 @@ void MovetextWriter::write_node(std::int32_t id) {
 
 void MovetextWriter::write_number(const MoveSectionElement& node, bool opens_variation) {
     if (node.type == ElementType::end_game) return;
-    if (node.color == 1 && !opens_variation) {
+    if (node.color == Side::white && !opens_variation) {
         if (node.id > 1) m_text += ' ';
         append_number(m_text, node.move_number);
         m_text += '.';
-    } else if (node.color == 0) {
+    } else if (node.color == Side::black) {
         m_text += ' ';
         if (opens_variation || !m_tree.node(node.pid).comment.empty()) {
             append_number(m_text, node.move_number);

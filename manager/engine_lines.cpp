@@ -5,35 +5,27 @@
 
 namespace velmora {
 
-namespace {
-
-/// Whether the line answers a search that was stopped: the driver says so behind the stamp of the arrival.
-bool is_stopped_search(std::string_view line) { return line.ends_with(" stopped"); }
-
-/// The word behind "bestmove"; a bare one is followed by the stamp of its arrival.
-std::string_view move_word(text::WordReader& reader) {
-    const auto word = reader.word();
-    return word.starts_with("TS=") ? std::string_view() : word;
-}
-
-}  // namespace
-
 GameEnd EngineLines::process(Seat seat, std::string_view line) {
     if (m_state.quit || m_seats.engine(seat) == nullptr) return {};
     if (m_state.log.is_on()) {
         const auto number = std::to_string(static_cast<int>(seat));
         m_state.log.write(" engine" + number + " -> " + std::string(line));
     }
-    text::WordReader reader(line);
-    reader.integer<int>();
-    const auto instance_id = reader.integer<std::uint64_t>();
+    const auto said = decode_engine_line(line);
     // An engine that has been replaced may still have lines in the queue.
-    if (!m_seats.is_current(seat, instance_id.value_or(0))) return {};
+    if (!said || !m_seats.is_current(seat, said->instance_id)) return {};
 
-    const auto word = reader.word();
-    if (word == "info") info(seat, reader.rest());
-    if (word == "bestmove") return best_move(seat, reader);
-    if (word == "resign") return resign(seat);
+    switch (said->word()) {
+        case EngineWord::info:
+            info(seat, said->rest());
+            return {};
+        case EngineWord::best_move:
+            return best_move(*said);
+        case EngineWord::resign:
+            return resign(seat);
+        case EngineWord::other:
+            return {};
+    }
     return {};
 }
 
@@ -42,11 +34,12 @@ void EngineLines::info(Seat seat, std::string_view rest) {
     m_state.send(std::string(white ? "white_info" : "black_info").append(rest));
 }
 
-GameEnd EngineLines::best_move(Seat seat, text::WordReader reader) {
+GameEnd EngineLines::best_move(const EngineLine& line) {
     const bool playing = m_state.mode == ManagerMode::play || m_state.mode == ManagerMode::match;
-    if (!playing || m_state.turn != turn_of(seat) || is_stopped_search(reader.rest())) return {};
+    if (!playing || m_state.turn != turn_of(line.seat) || line.stopped) return {};
 
-    const std::string token(move_word(reader));
+    const std::string token(line.move());
+    const bool white = m_seats.engine(line.seat)->is_white();
     if (token.empty() || token == "0000" || token == "(none)") {
         std::cerr << "Current game:\n"
                   << m_state.position.fen() << '\n'
@@ -54,11 +47,11 @@ GameEnd EngineLines::best_move(Seat seat, text::WordReader reader) {
                   << "engine answered '" << token << "'" << std::endl;
         // Where the game is over there was nothing to answer.
         if (result(m_state.position) != game_goes_on) return by_the_rules;
-        return loss_of(m_seats.engine(seat)->is_white(), "illegal move: (none)");
+        return loss_of(white, "illegal move: (none)");
     }
     m_state.pending = legal_move(m_state.position, parse_move(m_state.position, token));
     if (!m_state.pending.empty()) return {};
-    return loss_of(m_seats.engine(seat)->is_white(), "illegal move: " + token);
+    return loss_of(white, "illegal move: " + token);
 }
 
 GameEnd EngineLines::resign(Seat seat) {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "base/text.h"
+#include "channel/engine_line.h"
 #include "manager/engine_seats.h"
 #include "manager/game_result.h"
 #include "manager/referee_state.h"
@@ -18,7 +18,7 @@ public:
     GameEnd process(Seat seat, std::string_view line);
 
 private:
-    GameEnd best_move(Seat seat, text::WordReader reader);
+    GameEnd best_move(const EngineLine& line);
     GameEnd resign(Seat seat);
     void info(Seat seat, std::string_view rest);
 

@@ -48,7 +48,7 @@ void EngineSeats::load_engine(Seat seat, const std::string& path, Protocol proto
     at(seat).path = path;
     at(seat).deaths.clear();
     publish();  // whoever reads the name finds an engine
-    send_name(seat, engine(seat)->engine_name());
+    send_name(seat, engine(seat)->get_enginevariables().engine_name);
     welcome(seat);
     engine(seat)->set_level(m_state.level);
     publish();
@@ -193,17 +193,13 @@ void EngineSeats::set_option(const std::string& name, const std::string& value) 
     publish();
 }
 
-std::string playing_name(const GuiEngine& engine) {
-    const std::string alias = engine.player_name();
-    return alias.empty() ? engine.engine_name() : alias;
-}
-
 std::string clock_line(const GuiEngine& engine) {
-    return (engine.is_white() ? "wtime " : "btime ") + std::to_string(engine.time_left());
+    const PlayState state = engine.state();
+    return (state.is_white ? "wtime " : "btime ") + std::to_string(state.clock.time_left());
 }
 
 void prepare_to_move(GuiEngine& engine, const ChessPosition& position) {
-    if (engine.status() == EngineStatus::thinking) engine.stop();
+    if (engine.state().status == EngineStatus::thinking) engine.stop();
     engine.set_position(position);
 }
 

@@ -103,9 +103,6 @@ private:
     PublishedEngine m_published;
 };
 
-/// The name under which an engine plays: its alias, else what it calls itself.
-std::string playing_name(const GuiEngine& engine);
-
 /// "wtime" or "btime" with the engine's remaining milliseconds.
 std::string clock_line(const GuiEngine& engine);
 

@@ -62,7 +62,8 @@ void LearnMode::report_no_book(const std::string& reason) {
 
 void LearnMode::post_hints() {
     if ((m_hint_mask & (m_state.white_to_move() ? hint_white : hint_black)) == 0) return;
-    for (const auto& move : m_book.moves(m_state.position.key())) send_arrow(move.from(), move.to(), hint);
+    for (const auto& move : m_book.moves(m_state.position.key()))
+        send_arrow(move.from().value(), move.to().value(), hint);
 }
 
 void LearnMode::step() {
@@ -71,8 +72,8 @@ void LearnMode::step() {
     const int from = move.from().value();
     const int to = move.to().value();
     const auto book_moves = m_book.moves(m_state.position.key());
-    const bool good = std::ranges::any_of(book_moves, [from, to](BookMove book_move) {
-        return book_move.from() == from && book_move.to() == to;
+    const bool good = std::ranges::any_of(book_moves, [&move](BookMove book_move) {
+        return book_move.from() == move.from() && book_move.to() == move.to();
     });
     m_state.send("clear_arrows");
     send_arrow(from, to, good ? good_move : bad_move);

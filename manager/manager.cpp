@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "channel/engine_line.h"
 #include "engine/process/shared_core.h"
 #include "game/pgn_error.h"
 
@@ -14,20 +15,13 @@ namespace velmora {
 
 namespace {
 
-/// Who has sent a line: 0 for the window, 1 and 2 for the engines of the seats.
-int sender(const std::string& line) { return text::WordReader(line).integer<int>().value_or(-1); }
-
-constexpr int window_sender = 0;
-
 /// The window's lines are all kept. Of an engine's, its moves and its resignation are: it never owes more
 /// than a few of them, and more aren't waited for.
 LineQueue::Class classify(const std::string& line) {
-    text::WordReader reader(line);
-    if (reader.integer<int>() == window_sender) return {};
-    const auto instance_id = reader.integer<std::uint64_t>();
-    const auto word = reader.word();
-    if (word != "bestmove" && word != "resign") return {.expendable = true};
-    return {.account = std::max<std::uint64_t>(instance_id.value_or(0), 1)};
+    if (sender_of(line) == window_sender) return {};
+    const auto said = decode_engine_line(line);
+    if (!said || !is_decisive(said->word())) return {.expendable = true};
+    return {.account = std::max<std::uint64_t>(said->instance_id, 1)};
 }
 
 bool is_quit(const std::string& line) {
@@ -52,8 +46,8 @@ Manager::Manager(CommandSink& window, std::string program_path, std::chrono::mil
 Manager::~Manager() = default;
 
 void Manager::put_command(const std::string& line) {
-    const int from = sender(line);
-    if (from == 1 || from == 2) {
+    const int from = sender_of(line);
+    if (is_seat(from)) {
         m_queue.put_quietly(line);
     } else if (is_quit(line)) {
         m_leaving.request_stop();
@@ -99,7 +93,7 @@ void Manager::take_turn(const std::string& line) {
 }
 
 GameEnd Manager::dispatch(const std::string& line) {
-    switch (sender(line)) {
+    switch (sender_of(line)) {
         case window_sender:
             m_state.window.acknowledge(++m_taken);
             process_command_from_interface(line);
@@ -134,7 +128,7 @@ GameEnd Manager::step() {
 
 bool Manager::has_waiting_lines(Seat seat) const {
     const int number = static_cast<int>(seat);
-    return m_queue.contains([number](const std::string& line) { return sender(line) == number; });
+    return m_queue.contains([number](const std::string& line) { return sender_of(line) == number; });
 }
 
 void Manager::settle(const GameEnd& end) {
@@ -159,7 +153,7 @@ void Manager::end_game(const std::string& claimed) {
 
 void Manager::forget_waiting_lines() {
     m_queue.clear([this](const std::string& line) {
-        if (sender(line) == window_sender) ++m_taken;
+        if (sender_of(line) == window_sender) ++m_taken;
     });
     m_state.window.acknowledge(m_taken);
 }

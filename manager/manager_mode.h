@@ -1,11 +1,12 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
+
+#include "channel/sender.h"
 
 namespace velmora {
 
-/// What the referee is doing; the numbers are part of the logs and of the command language's history.
+/// What the referee is doing; the numbers are told.
 enum class ManagerMode : std::int32_t {
     analyze = 0,      ///< engine 1 analyses the position
     play = 1,         ///< a person against engine 1
@@ -16,14 +17,6 @@ enum class ManagerMode : std::int32_t {
 
 /// Whose move the referee waits for.
 enum class MoveTurn : std::int32_t { none = 0, user = 1, engine1 = 2, engine2 = 3 };
-
-/// The place of an engine: the first is loaded from the menu, the second only by tournaments. The number is
-/// the sender id of the engine's lines.
-enum class Seat : std::int32_t { first = 1, second = 2 };
-
-constexpr std::array<Seat, 2> both_seats{Seat::first, Seat::second};
-
-constexpr Seat other(Seat seat) { return seat == Seat::first ? Seat::second : Seat::first; }
 
 constexpr MoveTurn turn_of(Seat seat) { return seat == Seat::first ? MoveTurn::engine1 : MoveTurn::engine2; }
 

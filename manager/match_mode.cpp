@@ -117,12 +117,12 @@ bool MatchMode::seat_engine(Seat seat, const std::string& name) {
 }
 
 void MatchMode::announce(const TournamentGame& game) {
-    const auto& white = engine(Seat::first);
-    const auto& black = engine(Seat::second);
-    m_state.send("whitename " + playing_name(white));
-    m_state.send("blackname " + playing_name(black));
-    if (!white.elo().empty()) m_state.send("WhiteElo " + white.elo());
-    if (!black.elo().empty()) m_state.send("BlackElo " + black.elo());
+    const auto white = engine(Seat::first).get_enginevariables();
+    const auto black = engine(Seat::second).get_enginevariables();
+    m_state.send("whitename " + white.playing_name());
+    m_state.send("blackname " + black.playing_name());
+    if (!white.elo.empty()) m_state.send("WhiteElo " + white.elo);
+    if (!black.elo.empty()) m_state.send("BlackElo " + black.elo);
     m_state.send("round " + game.round_label());
     m_state.send("event " + m_tournament.event());
     m_state.send("site " + m_tournament.site());
@@ -160,7 +160,7 @@ bool MatchMode::is_game_running() const {
 std::optional<pthread_t> MatchMode::answering_thread() const {
     if (!is_game_running()) return std::nullopt;
     auto& mover = engine(seat_of(m_state.turn));
-    return mover.move_time() < young_search ? mover.reader() : std::nullopt;
+    return mover.state().clock.move_time() < young_search ? mover.reader() : std::nullopt;
 }
 
 GameEnd MatchMode::step() {
@@ -179,14 +179,14 @@ GameEnd MatchMode::engine_moved(Seat seat, Move move) {
     const std::string line = "move " + move.to_string(false);
     m_state.send(line);
     if (m_state.log.is_on()) m_state.log.write(" interface <- " + line);
-    m_state.send("emt " + std::to_string(engine(seat).move_time()));
+    m_state.send("emt " + std::to_string(engine(seat).state().clock.move_time()));
     if (oversteps(engine(seat))) {
         m_state.log.write(" Manager:   TIME LOSS");
         engine(seat).stop();
         return loss_of(engine(seat).is_white(), "time");
     }
-    const auto white_time = engine(Seat::first).time_left();
-    const auto black_time = engine(Seat::second).time_left();
+    const auto white_time = engine(Seat::first).state().clock.time_left();
+    const auto black_time = engine(Seat::second).state().clock.time_left();
     m_state.send("wtime " + std::to_string(white_time));
     m_state.send("btime " + std::to_string(black_time));
     if (seat == Seat::first) {
@@ -197,12 +197,12 @@ GameEnd MatchMode::engine_moved(Seat seat, Move move) {
     play(seat, move);
     if (is_adjudicated_draw(m_state.position)) return "1/2-1/2 {adjudicated}";
     if (result(m_state.position) != game_goes_on) return by_the_rules;
-    start_search(other(seat), engine(seat).moved_at() + move_pause);
+    start_search(other(seat), engine(seat).state().clock.moved_at() + move_pause);
     return {};
 }
 
 bool MatchMode::oversteps(const GuiEngine& engine) const {
-    return engine.time_left() < -forgiven_overstep && !m_tournament.ignore_time_loss();
+    return engine.state().clock.time_left() < -forgiven_overstep && !m_tournament.ignore_time_loss();
 }
 
 void MatchMode::play(Seat seat, Move move) {
@@ -232,7 +232,7 @@ GameEnd MatchMode::watch(Seat seat, const std::function<bool()>& has_waiting_lin
     // A write that was given up because the program ends makes it look so, too.
     if (m_state.leaving.stop_requested()) return {};
     if (crashed && !has_waiting_lines()) return loss_of(engine(seat).is_white(), "engine failure");
-    if (engine(seat).time_left() >= -hopeless_overstep) return {};
+    if (engine(seat).state().clock.time_left() >= -hopeless_overstep) return {};
     return loss_of(engine(seat).is_white(), crashed ? "engine failure" : "time");
 }
 

@@ -16,7 +16,7 @@ void PlayMode::go() {
     auto* const engine = m_seats.engine(Seat::first);
     if (engine == nullptr) return;
     const bool on_its_turn = m_state.mode == ManagerMode::play && m_state.turn == MoveTurn::engine1;
-    if (on_its_turn && engine->status() == EngineStatus::thinking) return;
+    if (on_its_turn && engine->state().status == EngineStatus::thinking) return;
 
     m_state.enter(ManagerMode::play);
     m_state.turn = MoveTurn::engine1;
@@ -54,7 +54,7 @@ void PlayMode::new_game() {
     engine->set_level(m_state.level);
     // The second time that the engine is told, after the reset of both seats.
     engine->new_game();
-    const auto options = engine->get_options();
+    const auto options = engine->get_enginevariables().options;
     const auto chess960 = options.find("UCI_Chess960");
     if (chess960 != options.end() && chess960->second.value == "true") {
         m_state.position.new_chess960(any_chess960);
@@ -109,7 +109,7 @@ GameEnd PlayMode::engine_moved() {
 
 void PlayMode::send_names(const GuiEngine& engine) {
     const bool white = engine.is_white();
-    m_state.send((white ? "whitename " : "blackname ") + playing_name(engine));
+    m_state.send((white ? "whitename " : "blackname ") + engine.get_enginevariables().playing_name());
     m_state.send(white ? "blackname Human" : "whitename Human");
 }
 

@@ -6,11 +6,7 @@ namespace velmora {
 
 std::string BookMove::to_string() const {
     constexpr std::string_view promotion_letters = "nbrq";
-    std::string text;
-    for (const int square : {from(), to()}) {
-        text += static_cast<char>('a' + square % 8);
-        text += static_cast<char>('1' + square / 8);
-    }
+    std::string text = from().name() + to().name();
     const auto piece = static_cast<std::size_t>(promotion());
     if (piece >= 1 && piece <= promotion_letters.size()) text += promotion_letters[piece - 1];
     return text;

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "chess/board/square.h"
+
 namespace velmora {
 
 /// A move in the layout of a Polyglot book: bits 0-5 the destination, 6-11 the origin (a1 is 0, h8 is 63),
@@ -16,12 +18,12 @@ public:
     constexpr std::uint16_t value() const { return m_value; }
     constexpr bool empty() const { return m_value == 0; }
 
-    constexpr int to() const { return field(0, square_mask); }
-    constexpr int from() const { return field(from_shift, square_mask); }
+    constexpr Square to() const { return Square(field(0, square_mask)); }
+    constexpr Square from() const { return Square(field(from_shift, square_mask)); }
     constexpr int promotion() const { return field(promotion_shift, promotion_mask); }
 
-    constexpr void set_to(int square) { set_field(0, square_mask, square); }
-    constexpr void set_from(int square) { set_field(from_shift, square_mask, square); }
+    constexpr void set_to(Square square) { set_field(0, square_mask, square.value()); }
+    constexpr void set_from(Square square) { set_field(from_shift, square_mask, square.value()); }
     constexpr void set_promotion(int piece) { set_field(promotion_shift, promotion_mask, piece); }
 
     constexpr bool operator==(const BookMove&) const = default;

@@ -3,27 +3,22 @@
 #include <cstddef>
 
 #include "base/text.h"
+#include "chess/board/placement.h"
 #include "chess/board/random64.h"
 
 namespace velmora {
 
 namespace {
 
-/// The pieces in the order of the book's numbers.
-constexpr std::string_view kinds = "pPnNbBrRqQkK";
 constexpr std::string_view castling_letters = "KQkq";
 
 std::uint64_t board_key(std::string_view board) {
     std::uint64_t key = 0;
-    int square = 56;  // a8, where the text begins
-    for (const char c : board) {
-        if (c == '/') {
-            square -= 16;
-        } else if (c >= '0' && c <= '9') {
-            square += c - '0';
-        } else if (const auto kind = kinds.find(c); kind != std::string_view::npos) {
-            if (square >= 0 && square < 64) key ^= random64[64 * kind + static_cast<std::size_t>(square)];
-            ++square;
+    // Here nine squares may be empty in a row.
+    for (PlacementReader reader(board, '9'); !reader.at_end();) {
+        const Square square = reader.square();
+        if (reader.read() == PlacementReader::Step::piece && square.on_board()) {
+            key ^= random64[random64_piece(reader.piece(), square)];
         }
     }
     return key;

@@ -6,21 +6,19 @@ namespace velmora {
 
 namespace {
 
-int number(Square square) { return square.rank() * 8 + square.file(); }
-
 /// The squares that a move touches on the screen; castling is shown by the king's own step.
-std::pair<int, int> shown_squares(const Move& move) {
+std::pair<Square, Square> shown_squares(const Move& move) {
     const std::string text = move.to_string(false);
-    return {number(Square(text.substr(0, 2))), number(Square(text.substr(2, 2)))};
+    return {Square(std::string_view(text).substr(0, 2)), Square(std::string_view(text).substr(2, 2))};
 }
 
 }  // namespace
 
-BoardMarks board_marks(const ChessPosition& position, const Move& last_move, std::optional<int> selected) {
+BoardMarks board_marks(const ChessPosition& position, const Move& last_move, std::optional<Square> selected) {
     BoardMarks marks;
     if (last_move.from() != Square()) marks.last_move = shown_squares(last_move);
     if (position.in_check()) {
-        marks.checked_king = number(position.king(position.side_to_move()));
+        marks.checked_king = position.king(position.side_to_move());
     }
     if (selected) {
         marks.selected = selected;

@@ -11,6 +11,6 @@ namespace velmora {
 /// What the board marks: the last move, the selected piece with its legal targets, a king in check.
 /// @param last_move  the empty move for none
 /// @param selected   the square of a piece of the side to move
-BoardMarks board_marks(const ChessPosition& position, const Move& last_move, std::optional<int> selected);
+BoardMarks board_marks(const ChessPosition& position, const Move& last_move, std::optional<Square> selected);
 
 }  // namespace velmora

@@ -84,14 +84,14 @@ Interface::Interface(std::string program_path, int board_size)
     show_all_children();
     m_windows.hide_all();
     m_screen.set_clock_level(m_desk.level);
-    m_link.send("level " + m_desk.level.text());
+    m_link.send(to_referee::SetLevel{m_desk.level.text()});
     m_screen.set_sensitive("Ponder", false);
     m_engine.show();
 }
 
 Interface::~Interface() {
     // A second "quit" is harmless, and without one the thread would never end.
-    m_link.send("quit");
+    m_link.send(to_referee::Quit());
     m_manager_thread.join();
     // Windows that are still open, and a comment that has the keyboard, would tell the rooms of their end
     // when those have gone.
@@ -120,9 +120,11 @@ void Interface::lay_out() {
 void Interface::connect_views() {
     m_board.signal_move_made().connect([this] {
         const auto [from, to] = m_board.get_move();
-        m_user_moves.on_board(from, to);
+        m_user_moves.on_board(from.value(), to.value());
     });
-    m_board.signal_piece_picked().connect([this] { m_user_moves.on_piece_picked(m_board.picked_square()); });
+    m_board.signal_piece_picked().connect([this] {
+        if (const auto square = m_board.picked_square()) m_user_moves.on_piece_picked(square->value());
+    });
     m_pgn.signal_clicked().connect([this](int offset) {
         if (offset >= 0) m_navigation.to_text_offset(static_cast<std::size_t>(offset));
     });
@@ -145,7 +147,7 @@ void Interface::connect_views() {
 }
 
 bool Interface::on_delete_event(GdkEventAny* /*event*/) {
-    m_link.send("quit");
+    m_link.send(to_referee::Quit());
     return true;
 }
 
@@ -185,7 +187,7 @@ bool Interface::on_timeout() {
     m_clocks.update();
     process_manager_messages();
     // The referee acts on lines alone, and an engine that has died or fallen silent sends none.
-    if (++m_ticks % wake_up_ticks == 0 && m_modes.awaits_engine()) m_link.send("wake_up");
+    if (++m_ticks % wake_up_ticks == 0 && m_modes.awaits_engine()) m_link.send(to_referee::WakeUp());
     return true;
 }
 

@@ -54,7 +54,7 @@ public:
     ~Interface() override;
 
     /// Puts a command on the referee's queue.
-    void send_to_manager(const std::string& command) { m_link.send(command); }
+    void send_to_manager(const std::string& command) { m_link.send_text(command); }
     /// Takes a line from the referee; the next tick carries it out.
     void put_command(const std::string& line) override;
     void acknowledge(std::uint64_t taken) override { m_taken = taken; }

@@ -18,7 +18,9 @@ namespace velmora {
 void MainScreen::show_position() {
     const std::string fen = m_desk.position.fen();
     m_views.board.set_fen(fen);
-    m_views.board.set_marks(board_marks(m_desk.position, m_desk.last_move(), m_desk.selected));
+    std::optional<Square> selected;
+    if (m_desk.selected) selected = Square(*m_desk.selected);
+    m_views.board.set_marks(board_marks(m_desk.position, m_desk.last_move(), selected));
     m_views.fen_entry.set_text(fen);
     const bool rests = m_desk.only_looks_on();
     m_views.navigation.set_possible(!rests && m_desk.can_go_back(), !rests && m_desk.can_go_forward());
@@ -27,7 +29,7 @@ void MainScreen::show_position() {
 }
 
 void MainScreen::show_targets(int square) {
-    m_views.board.set_marks(board_marks(m_desk.position, m_desk.last_move(), square));
+    m_views.board.set_marks(board_marks(m_desk.position, m_desk.last_move(), Square(square)));
 }
 
 void MainScreen::announce_last_move() {
@@ -66,7 +68,9 @@ void MainScreen::set_sensitive(const char* action, bool sensitive) {
     if (m_actions) m_actions->set_sensitive(action, sensitive);
 }
 
-void MainScreen::set_arrow(int from, int to, int color) { m_views.board.set_arrow(from, to, color); }
+void MainScreen::set_arrow(int from, int to, int color) {
+    m_views.board.set_arrow(Square(from), Square(to), ArrowColor(color));
+}
 
 void MainScreen::clear_arrows() { m_views.board.clear_arrows(); }
 

@@ -3,7 +3,6 @@
 #include <array>
 #include <iostream>
 #include <stdexcept>
-#include <string_view>
 
 namespace velmora {
 
@@ -17,6 +16,8 @@ constexpr std::array<std::string_view, 7> kind_names = {"",     "pawn",  "knight
 constexpr bool is_a_piece(std::uint32_t code) { return code < 15 && code != 7 && code != 8; }
 
 }  // namespace
+
+std::string_view kind_name(PieceKind kind) { return kind_names.at(static_cast<std::size_t>(kind)); }
 
 std::int32_t Piece::value() const {
     if (!is_a_piece(m_code)) {
@@ -35,7 +36,7 @@ std::int32_t Piece::abs_value() const {
 std::string Piece::name() const {
     if (!is_a_piece(m_code)) throw std::logic_error("Piece::unknown piece");
     if (empty()) return "no piece";
-    return (is_white() ? "white " : "black ") + std::string(kind_names[m_code & 7]);
+    return (is_white() ? "white " : "black ") + std::string(kind_name(kind()));
 }
 
 char Piece::letter() const { return is_a_piece(m_code) ? "?PNBRQK??pnbrqk"[m_code] : '?'; }

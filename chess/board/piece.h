@@ -3,6 +3,7 @@
 #include <compare>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "chess/board/side.h"
 
@@ -10,6 +11,9 @@ namespace velmora {
 
 /// What a piece is, whatever its colour: the low three bits of a piece code.
 enum class PieceKind : std::uint32_t { none = 0, pawn, knight, bishop, rook, queen, king };
+
+/// "pawn"; empty for none. Throws std::out_of_range for a kind that does not exist.
+std::string_view kind_name(PieceKind kind);
 
 /// A piece, or none: 0 none, 1 to 6 white pawn, knight, bishop, rook, queen, king, 9 to 14 the same for
 /// Black.
@@ -87,6 +91,14 @@ private:
 static_assert(sizeof(Piece) == 4);
 
 inline constexpr Piece no_piece{};
+
+/// The piece that a letter of FEN stands for; `no_piece` for any other character.
+constexpr Piece piece_of_letter(char letter) {
+    constexpr std::string_view letters = "PNBRQKpnbrqk";
+    const auto i = static_cast<std::uint32_t>(letters.find(letter));
+    if (i >= letters.size()) return no_piece;
+    return i < 6 ? Piece(i + 1) : Piece(i + 3);
+}
 
 /// The number of piece codes that four bits can hold; tables by code have this size, so that no code can
 /// index beyond them.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <string_view>
 
 #include "chess/board/random64.h"
 
@@ -13,15 +14,14 @@ namespace {
 using BySquare = std::array<std::uint64_t, 64>;
 
 /// By piece code and square. Rows of codes that are no piece are zero, so an empty capture field changes
-/// nothing. Polyglot numbers a piece by 2 * (kind - 1), plus 1 for White.
+/// nothing.
 constexpr std::array<BySquare, piece_codes> piece_table = [] {
     std::array<BySquare, piece_codes> table{};
-    for (const std::size_t colour : {std::size_t{0}, std::size_t{8}}) {
-        for (std::size_t kind = 1; kind <= 6; ++kind) {
-            const std::size_t row = 2 * (kind - 1) + (colour == 0 ? 1 : 0);
-            for (std::size_t square = 0; square < 64; ++square) {
-                table[colour + kind][square] = random64[64 * row + square];
-            }
+    for (const char letter : std::string_view("PNBRQKpnbrqk")) {
+        const Piece piece = piece_of_letter(letter);
+        for (Square square(0); square.on_board(); ++square) {
+            table[piece.code()][static_cast<std::size_t>(square.value())] =
+                random64[random64_piece(piece, square)];
         }
     }
     return table;

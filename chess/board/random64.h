@@ -4,6 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "chess/board/piece.h"
+#include "chess/board/square.h"
+
 namespace velmora {
 
 /// The 781 numbers of the published Polyglot book format: 768 for the pieces (64 * kind + square, kinds black
@@ -12,6 +15,11 @@ namespace velmora {
 inline constexpr std::size_t random64_castle = 768;
 inline constexpr std::size_t random64_en_passant = 772;
 inline constexpr std::size_t random64_turn = 780;
+/// Of a piece on a square of the board.
+constexpr std::size_t random64_piece(Piece piece, Square square) {
+    const std::size_t kind = 2 * (static_cast<std::size_t>(piece.kind()) - 1) + (piece.is_white() ? 1 : 0);
+    return 64 * kind + static_cast<std::size_t>(square.value());
+}
 
 // clang-format off
 inline constexpr std::array<std::uint64_t, 781> random64 = {

@@ -5,7 +5,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "engine/drivers/base_engine.h"
 #include "engine/drivers/protocol_engine.h"
 #include "engine/drivers/uci_engine.h"
 #include "engine/drivers/xboard_engine.h"
@@ -25,24 +24,24 @@ void GuiEngine::load_engine(CommandSink* manager, std::uint32_t id, const std::s
     unload_engine();
     m_manager = manager;
     m_filename = filename;
-    auto probe = std::make_unique<ProtocolEngine>(m_probe_interval, m_leaving);
-    ProtocolEngine& prober = *probe;
-    m_engine = std::move(probe);
-    m_engine->attach(id, &m_variables, m_engio.get());
+    auto owned_probe = std::make_unique<ProtocolEngine>(m_probe_interval, m_leaving);
+    ProtocolEngine& probe = *owned_probe;
+    m_engine = std::move(owned_probe);
+    probe.attach(id, &m_record, m_engio.get());
     if (id < 1) return;
     start_process();
-    prober.load(id, filename, protocol, m_debug);
-    if (prober.ended_at_uci()) {
+    probe.load(id, filename, protocol, m_debug);
+    if (probe.ended_at_uci()) {
         restart_process();
-        prober.go_on_with_xboard();
+        probe.go_on_with_xboard();
     }
-    if (!prober.is_alive()) {
+    if (!probe.is_alive()) {
         // A process that died in the probe has left a reader and a process to be reaped.
         quit_engine();
         return;
     }
     m_engine_id = id;
-    m_protocol = prober.protocol();
+    m_protocol = probe.protocol();
     replace_probe();
 }
 
@@ -65,33 +64,31 @@ void GuiEngine::restart_process() {
     start_process();
 }
 
-/// Puts the driver of the protocol that was found in place of the probe. A version 1 engine keeps the probe:
-/// it is loaded and shown, but gets no commands and never moves.
+/// Puts the driver of the protocol that was found in place of the probe. A version 1 engine keeps the probe.
 void GuiEngine::replace_probe() {
-    std::unique_ptr<BaseEngine> driver;
+    if (m_protocol == Protocol::xboard_v1) return;
+    std::unique_ptr<PlayingEngine> player;
     if (m_protocol == Protocol::uci) {
-        driver = std::make_unique<UciEngine>();
+        player = std::make_unique<UciEngine>();
     } else if (m_protocol == Protocol::xboard_v2) {
-        driver = std::make_unique<XboardEngine>();
+        player = std::make_unique<XboardEngine>();
+    } else {
+        return quit_engine();
     }
-    if (!driver && m_protocol != Protocol::xboard_v1) {
-        quit_engine();
-        return;
-    }
-    if (driver) {
-        driver->set_debug(m_debug);
-        driver->attach(m_engine_id, &m_variables, m_engio.get());
-        m_engio->set_engine(driver.get());
-        m_engine = std::move(driver);
-    }
+    player->set_debug(m_debug);
+    player->attach(m_engine_id, &m_record, m_engio.get());
+    m_engio->set_engine(player.get());
+    m_player = player.get();
+    m_engine = std::move(player);
     // Last, so that no line reaches the referee before the driver stands.
-    m_engine->set_manager(m_manager);
+    m_player->set_manager(m_manager);
 }
 
 /// Ends the process, the reader and the driver, as far as they are there.
 void GuiEngine::quit_engine() {
     end_process();
     m_engio->set_engine(nullptr);
+    m_player = nullptr;
     m_engine.reset();
 }
 
@@ -103,166 +100,98 @@ void GuiEngine::unload_engine() {
 void GuiEngine::reload_engine() {
     if (!m_engine) std::cerr << "GuiEngine::reload_engine()   m_peng==nullptr\n";
     load_engine(m_manager, m_engine_id, std::string(m_filename), m_protocol);
-    if (m_engine) m_engine->new_game();
-}
-
-/// What `question` answers about the record, `absent` with no driver.
-template <class Answer, class Question>
-Answer GuiEngine::ask(Answer absent, Question question) const {
-    return m_engine ? Answer(m_engine->with_variables(question)) : absent;
-}
-
-/// Lets `change` have the record of a loaded engine.
-template <class Change>
-void GuiEngine::tell(Change change) {
-    if (m_engine) m_engine->with_variables(change);
+    new_game();
 }
 
 EngineVariables GuiEngine::get_enginevariables() const {
     if (!m_engine) throw std::logic_error("GuiEngine::get_enginevariables no engine found");
-    return m_engine->with_variables([](const EngineVariables& v) { return v; });
+    return m_engine->with_record([](const EngineRecord& record) { return record.variables; });
 }
 
 void GuiEngine::set_enginevariables(const EngineVariables& variables) {
     if (m_engine) m_engine->set_variables(variables);
+    if (m_player != nullptr) m_player->send_options();
 }
 
 void GuiEngine::set_option(const std::string& name, const std::string& value) {
-    if (m_engine) m_engine->set_option(name, value);
-}
-
-Options GuiEngine::get_options() const {
-    return ask(Options(), [](const EngineVariables& v) { return v.options; });
-}
-
-Level GuiEngine::get_level() const {
-    return ask(Level(), [](const EngineVariables& v) { return v.level; });
-}
-
-void GuiEngine::set_level(const Level& level) {
-    tell([&level](EngineVariables& v) { v.set_level(level); });
+    if (m_player != nullptr) m_player->set_option(name, value);
 }
 
 bool GuiEngine::is_alive() const { return m_engine && m_engine->is_alive(); }
 
 bool GuiEngine::has_crashed() const { return m_engine && m_engine->has_crashed(); }
 
+PlayState GuiEngine::state() const {
+    if (m_engine) return m_engine->with_record([](const EngineRecord& record) { return record.state; });
+    PlayState nobody;
+    nobody.clock.set_time_left(0);
+    nobody.is_white = false;
+    return nobody;
+}
+
+/// Lets `change` have the record of a loaded engine.
+template <class Change>
+void GuiEngine::change_record(Change change) {
+    if (m_engine) m_engine->with_record(change);
+}
+
+void GuiEngine::set_level(const Level& level) {
+    change_record([&](EngineRecord& own) { own.state.set_level(level, own.variables.handicap); });
+}
+
 bool GuiEngine::is_white() const {
-    return ask(false, [](const EngineVariables& v) { return v.is_white; });
+    return m_engine &&
+           m_engine->with_record([](const EngineRecord& record) { return record.state.is_white; });
 }
 
 void GuiEngine::set_white(bool white) {
-    tell([white](EngineVariables& v) { v.is_white = white; });
-}
-
-std::uint32_t GuiEngine::get_engine_id() const { return m_engine ? m_engine->engine_id() : 0; }
-
-EngineStatus GuiEngine::status() const {
-    return ask(EngineStatus::idle, [](const EngineVariables& v) { return v.status; });
-}
-
-std::int32_t GuiEngine::time_left() const {
-    return ask(0, [](const EngineVariables& v) { return v.clock.time_left(); });
-}
-
-std::int32_t GuiEngine::move_time() const {
-    return ask(0, [](const EngineVariables& v) { return v.clock.move_time(); });
-}
-
-std::chrono::steady_clock::time_point GuiEngine::moved_at() const {
-    return ask(std::chrono::steady_clock::time_point(),
-               [](const EngineVariables& v) { return v.clock.moved_at(); });
-}
-
-std::int32_t GuiEngine::increment() const {
-    return ask(0, [](const EngineVariables& v) { return v.clock.increment(); });
-}
-
-std::int64_t GuiEngine::opponent_time() const {
-    return ask(std::int64_t{0}, [](const EngineVariables& v) { return v.opponent_time; });
-}
-
-std::int32_t GuiEngine::moves_to_go() const {
-    return ask(1, [](const EngineVariables& v) { return v.clock.moves_to_go(); });
+    change_record([white](EngineRecord& own) { own.state.is_white = white; });
 }
 
 void GuiEngine::set_opponent_time(std::int64_t milliseconds) {
-    if (m_engine) {
-        m_engine->with_variables([milliseconds](EngineVariables& v) { v.opponent_time = milliseconds; });
-    } else {
-        m_variables.opponent_time = milliseconds;
-    }
-}
-
-void GuiEngine::restart_clock() {
-    tell([](EngineVariables& v) { v.clock.restart(); });
-}
-
-void GuiEngine::start_clock() {
-    tell([](EngineVariables& v) { v.clock.start_clock(); });
-}
-
-void GuiEngine::move_and_stop_clock(std::uint32_t stamp) {
-    tell([stamp](EngineVariables& v) { v.clock.move_and_stop_clock(stamp); });
+    change_record([milliseconds](EngineRecord& own) { own.state.opponent_time = milliseconds; });
 }
 
 void GuiEngine::set_moves_done(std::int32_t moves) {
-    tell([moves](EngineVariables& v) { v.clock.set_moves_done(moves); });
-}
-
-std::string GuiEngine::engine_name() const {
-    return ask(std::string(), [](const EngineVariables& v) { return v.engine_name; });
-}
-
-std::string GuiEngine::player_name() const {
-    return ask(std::string(), [](const EngineVariables& v) { return v.player_name; });
-}
-
-std::string GuiEngine::elo() const {
-    return ask(std::string(), [](const EngineVariables& v) { return v.elo; });
+    change_record([moves](EngineRecord& own) { own.state.clock.set_moves_done(moves); });
 }
 
 void GuiEngine::set_ponder(bool on) {
-    if (m_engine) m_engine->set_ponder(on);
+    if (m_player != nullptr) m_player->set_ponder(on);
 }
 
 void GuiEngine::new_game() {
-    if (m_engine) m_engine->new_game();
+    if (m_player != nullptr) m_player->new_game();
 }
 
 void GuiEngine::set_position(const ChessPosition& position) {
-    if (m_engine) m_engine->set_position(position);
+    if (m_player != nullptr) m_player->set_position(position);
 }
 
 void GuiEngine::go() {
-    if (m_engine) m_engine->go();
+    if (m_player != nullptr) m_player->go();
 }
 
 void GuiEngine::go_infinite() {
-    if (m_engine) m_engine->go_infinite();
+    if (m_player != nullptr) m_player->go_infinite();
 }
 
 void GuiEngine::stop() {
-    if (m_engine) m_engine->stop();
-}
-
-void GuiEngine::clear_queue() {
-    if (m_engine) m_engine->clear_queue();
+    if (m_player != nullptr) m_player->stop();
 }
 
 void GuiEngine::set_logging(bool on) {
     m_debug = on;
-    if (!m_engine) return;
-    m_engio->set_logging(on);
-    m_engine->set_debug(on);
+    if (m_engine) m_engio->set_logging(on);
+    if (m_player != nullptr) m_player->set_debug(on);
 }
 
 void GuiEngine::set_debug_stream(LogFile* stream) {
-    if (m_engine) m_engine->set_debug_stream(stream);
+    if (m_player != nullptr) m_player->set_debug_stream(stream);
 }
 
 void GuiEngine::set_instance_id(std::uint64_t instance_id) {
-    if (m_engine) m_engine->set_instance_id(instance_id);
+    if (m_player != nullptr) m_player->set_instance_id(instance_id);
 }
 
 std::optional<pthread_t> GuiEngine::reader() {

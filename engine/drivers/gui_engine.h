@@ -11,18 +11,20 @@
 
 #include "base/log_file.h"
 #include "channel/command_sink.h"
-#include "engine/store/engine_variables.h"
+#include "engine/drivers/engine_record.h"
 
 namespace velmora {
 
 class BaseEngine;
 class ChessPosition;
 class Engio;
+class PlayingEngine;
 
 /// One engine place of the referee: the process, its reader thread, its record and the present driver.
 ///
-/// With no driver every question has a harmless answer and every command does nothing. All operations are
-/// called on the referee's thread; the engine's lines reach `manager` from the reader thread, each as the
+/// With no driver every question has a harmless answer and every command does nothing. An engine of xboard
+/// version 1 is told nothing either: it has a record and a clock, but no driver that plays. All operations
+/// are called on the referee's thread; the engine's lines reach `manager` from the reader thread, each as the
 /// engine's number, a blank, the instance id, a blank and the line.
 class GuiEngine {
 public:
@@ -51,7 +53,7 @@ public:
     /// behind.
     void unload_engine();
 
-    /// A copy of the record. Throws std::logic_error with no driver.
+    /// A copy of who the engine is and how it is set. Throws std::logic_error with no driver.
     EngineVariables get_enginevariables() const;
     /// Takes over name, file name, player name, Elo, handicap and the values of the options that the engine
     /// announced, and sends all its options; neither level nor protocol.
@@ -61,39 +63,19 @@ public:
     /// analysis or a ponder search is interrupted for it.
     void set_option(const std::string& name, const std::string& value);
 
-    Options get_options() const;
-    Level get_level() const;
-    /// Sets the level, and the clock from it with the record's handicap.
-    void set_level(const Level& level);
-
     bool is_alive() const;
     bool has_crashed() const;
+
+    /// A copy of how the engine stands in the game, whose clock runs on as the engine's does: level, clock,
+    /// colour, and whether it thinks; a caller stops a thinking engine before go(), which throws otherwise,
+    /// while a ponder search is go()'s own affair. With no driver a clock without time.
+    PlayState state() const;
+    /// Sets the level, and the clock from it with the record's handicap.
+    void set_level(const Level& level);
     bool is_white() const;
     void set_white(bool white);
-    std::uint32_t get_engine_id() const;
-    /// The protocol that the probe found.
-    Protocol protocol() const { return m_protocol; }
-    /// Idle with no driver. A caller stops a thinking engine before go(), which throws otherwise; a ponder
-    /// search is go()'s own affair.
-    EngineStatus status() const;
-
-    // The clock, milliseconds.
-    std::int32_t time_left() const;
-    std::int32_t move_time() const;
-    /// When the clock was stopped by the last move.
-    std::chrono::steady_clock::time_point moved_at() const;
-    std::int32_t increment() const;
-    std::int64_t opponent_time() const;
-    std::int32_t moves_to_go() const;
     void set_opponent_time(std::int64_t milliseconds);
-    void restart_clock();
-    void start_clock();
-    void move_and_stop_clock(std::uint32_t stamp);
     void set_moves_done(std::int32_t moves);
-
-    std::string engine_name() const;
-    std::string player_name() const;
-    std::string elo() const;
 
     void set_ponder(bool on);
     void new_game();
@@ -102,7 +84,6 @@ public:
     void go_infinite();
     void stop();
 
-    void clear_queue();
     /// Switches the engine's log file and the driver's trace; kept for later loads.
     void set_logging(bool on);
     /// Where the driver's trace goes; must outlive the loaded engine. Null for nowhere.
@@ -119,18 +100,17 @@ private:
     void restart_process();
     void replace_probe();
     void quit_engine();
-    template <class Answer, class Question>
-    Answer ask(Answer absent, Question question) const;
     template <class Change>
-    void tell(Change change);
+    void change_record(Change change);
 
     const std::chrono::milliseconds m_probe_interval;
     const std::stop_token m_leaving;
 
     CommandSink* m_manager = nullptr;  // borrowed; null before the first load
     std::unique_ptr<Engio> m_engio;
-    EngineVariables m_variables;  // shared with the driver, guarded by the driver's mutex while there is one
+    EngineRecord m_record;  // shared with the driver, guarded by the driver's mutex while there is one
     std::unique_ptr<BaseEngine> m_engine;  // null when none is loaded
+    PlayingEngine* m_player = nullptr;     // *m_engine where that plays: null with no driver and with a probe
     Protocol m_protocol = Protocol::autodetect;
     std::string m_filename;
     std::uint32_t m_engine_id = 0;

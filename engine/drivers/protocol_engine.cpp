@@ -19,11 +19,11 @@ constexpr int xboard_looks = 101;
 }  // namespace
 
 void ProtocolEngine::load(std::uint32_t id, const std::string& filename, Protocol protocol, bool debug) {
-    set_debug(debug);
     m_protocol = protocol;
     m_found = false;
     m_error_text.clear();
     variables().reset_for_load();
+    state().reset_for_load();
     variables().set_engine_name("");
     variables().filename = filename;
     engio().set_engine_id(id);
@@ -73,7 +73,7 @@ void ProtocolEngine::pause() const {
 void ProtocolEngine::try_uci() {
     send("uci");
     for (int looks = uci_looks; looks > 0; --looks) {
-        const std::string line = next_line();
+        const std::string line = next_line().text;
         if (line.find("uciok") != std::string::npos) {
             answered_as(Protocol::uci);
             variables().uci_flag = true;
@@ -106,7 +106,7 @@ void ProtocolEngine::try_xboard_v2() {
     for (; looks > xboard_looks * 4 / 5 && !engio().has_taken_input(); --looks) pause();
     send("protover 2");
     for (; looks > 0; --looks) {
-        const std::string line = next_line();
+        const std::string line = next_line().text;
         text::WordReader reader(line);
         if (reader.word() == "feature" && read_features(reader.rest())) return;
         pause();

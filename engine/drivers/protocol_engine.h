@@ -14,8 +14,8 @@ namespace velmora {
 /// The first driver of every engine: finds out which protocol it speaks, or checks the one asked for, and
 /// fills the record with the engine's name, author, options and features.
 ///
-/// The lines of the handshake wait in the queue for the probe, which runs on the referee's thread. For an
-/// engine of xboard version 1 this driver stays in place, and the engine never moves.
+/// The lines of the handshake wait in the queue for the probe, which runs on the referee's thread. The probe
+/// drives nothing: an engine of xboard version 1 keeps it, so that it has a name and a clock but never moves.
 class ProtocolEngine : public BaseEngine {
 public:
     static constexpr std::chrono::milliseconds default_interval{50};
@@ -27,11 +27,9 @@ public:
 
     /// What was asked for; after load() what was found.
     Protocol protocol() const override { return m_protocol; }
-    bool is_uci() const override { return m_protocol == Protocol::uci; }
 
     /// The handshake; blocks until it is answered or given up. REQUIRES: attached.
-    void load(std::uint32_t id, const std::string& filename, Protocol protocol, bool debug) override;
-    void process_lines() override {}
+    void load(std::uint32_t id, const std::string& filename, Protocol protocol, bool debug);
 
     /// Whether the program is one that ends at a word it does not know. One that said something of what UCI
     /// engines say has ended for another reason.

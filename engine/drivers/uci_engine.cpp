@@ -9,17 +9,6 @@
 
 namespace velmora {
 
-namespace {
-
-/// The number behind the last "TS=" of a line, where the reader has put it; 0 when there is none.
-std::uint32_t arrival_stamp_of(std::string_view line) {
-    const auto place = line.rfind("TS=");
-    if (place == std::string_view::npos) return 0;
-    return text::WordReader(line.substr(place + 3)).integer<std::uint32_t>().value_or(0);
-}
-
-}  // namespace
-
 std::string UciEngine::position_text() const {
     constexpr std::size_t longest_move = 6;  // with its blank
     const std::string start = m_position.start_fen();
@@ -36,21 +25,21 @@ std::string UciEngine::position_text() const {
 }
 
 std::string UciEngine::time_text(Overstepped overstepped) const {
-    const EngineVariables& engine = variables();
+    const PlayState& engine = state();
     const std::int64_t least = overstepped == Overstepped::raised_to_1 ? 1 : INT64_MIN;
     const std::string own = std::to_string(std::max<std::int64_t>(engine.clock.time_left(), least));
     const std::string other = std::to_string(std::max(engine.opponent_time, least));
     const std::string increment = std::to_string(engine.level.inc_ms());
     std::string text = "go wtime " + (engine.is_white ? own : other) + " btime " +
                        (engine.is_white ? other : own) + " winc " + increment + " binc " + increment;
-    // Two blanks: engines have always been sent it so.
+    // The two blanks are part of the command's fixed form.
     const auto moves_to_go = engine.clock.moves_to_go();
     if (moves_to_go > 0) text += "  movestogo " + std::to_string(moves_to_go);
     return text;
 }
 
 std::string UciEngine::go_text() const {
-    const Level& level = variables().level;
+    const Level& level = state().level;
     switch (level.level_t()) {
         case LevelType::fixed_depth:
             return "go depth " + std::to_string(level.depth());
@@ -66,10 +55,10 @@ std::string UciEngine::go_text() const {
 }
 
 void UciEngine::do_go() {
-    if (variables().status == EngineStatus::thinking) {
+    if (state().status == EngineStatus::thinking) {
         throw std::logic_error("UciEngine::go():   engine already thinking");
     }
-    if (variables().status == EngineStatus::pondering) {
+    if (state().status == EngineStatus::pondering) {
         if (ponder_hit()) return;
         stop_search();
         trace(" <- UciEngine::go()    stop");
@@ -82,7 +71,7 @@ void UciEngine::do_go() {
     send_together({position, "isready", command});
     trace(" <- UciEngine::go()    ", position);
     start_search();
-    trace(" start_clock()  time=", std::to_string(variables().clock.time_left()));
+    trace(" start_clock()  time=", std::to_string(state().clock.time_left()));
     trace(" <- UciEngine::go()    ", command);
 }
 
@@ -103,23 +92,20 @@ void UciEngine::do_go_infinite() {
     const std::string position = position_text();
     send_together({position, "go infinite"});
     trace(" <- UciEngine::go_infinite()    ", position);
-    variables().status = EngineStatus::thinking;
+    state().status = EngineStatus::thinking;
     trace(" <- UciEngine::go_infinite()    go infinite");
 }
 
+/// Starts a search on the opponent's time, in the position after the expected reply. REQUIRES: an idle
+/// engine.
 void UciEngine::goponder() {
-    const std::lock_guard lock(m_mutex);
-    do_goponder();
-}
-
-void UciEngine::do_goponder() {
-    if (variables().status != EngineStatus::idle) {
+    if (state().status != EngineStatus::idle) {
         throw std::logic_error("UciEngine::goponder() while engine not idle");
     }
     send_waiting_options();
     // The clock numbers go out whatever the level's mode is, and also below 1.
     send_together({position_text(), time_text(Overstepped::as_it_is) + " ponder"});
-    variables().status = EngineStatus::pondering;
+    state().status = EngineStatus::pondering;
 }
 
 void UciEngine::stop_search() {
@@ -133,7 +119,7 @@ void UciEngine::do_set_position(const ChessPosition& position) {
 }
 
 void UciEngine::make_way_for_options() {
-    EngineStatus& status = variables().status;
+    EngineStatus& status = state().status;
     const bool ponders = status == EngineStatus::pondering;
     if (!ponders && (status == EngineStatus::idle || !m_analyses)) return;
     stop_search();
@@ -145,39 +131,45 @@ void UciEngine::come_to_rest() {
     PlayingEngine::come_to_rest();
     const auto interrupted = std::exchange(m_interrupted, Interrupted::nothing);
     if (interrupted == Interrupted::analysis) do_go_infinite();
-    if (interrupted == Interrupted::pondering) do_goponder();
+    if (interrupted == Interrupted::pondering) goponder();
 }
 
 void UciEngine::do_stop() {
     m_interrupted = Interrupted::nothing;
-    if (variables().status == EngineStatus::idle) return;
+    if (state().status == EngineStatus::idle) return;
     stop_search();
-    variables().status = EngineStatus::idle;
+    state().status = EngineStatus::idle;
     trace(" <- UciEngine::stop()");
 }
 
 void UciEngine::do_new_game() {
     do_stop();
-    variables().clock.restart();
+    state().clock.restart();
     m_position.new_game();
     send("ucinewgame");
     send("isready");
 }
 
-std::string UciEngine::translate(std::string line) {
-    if (text::first_word(line) != "bestmove") return line;
-    if (m_stopped.pay()) return line + " stopped";
-    take_bestmove(line);
-    return line;
+std::string UciEngine::option_command(const Option& option) const {
+    return "setoption name " + option.name + (option.value.empty() ? "" : " value " + option.value);
 }
 
-void UciEngine::take_bestmove(const std::string& line) {
-    EngineVariables& engine = variables();
-    engine.clock.move_and_stop_clock(arrival_stamp_of(line));
+DriverMessage UciEngine::translate(ArrivedLine line) {
+    bool stopped = false;
+    if (text::first_word(line.text) == "bestmove") {
+        stopped = m_stopped.pay().has_value();
+        if (!stopped) take_bestmove(line);
+    }
+    return {std::move(line.text), line.arrival, stopped};
+}
+
+void UciEngine::take_bestmove(const ArrivedLine& line) {
+    PlayState& engine = state();
+    engine.clock.move_and_stop_clock(line.arrival.value_or(0));
     trace(" move_and_stop_clock()  time=", std::to_string(engine.clock.time_left()));
     engine.status = EngineStatus::idle;
     m_ponder_move.clear();
-    text::WordReader reader(line);
+    text::WordReader reader(line.text);
     reader.word();
     const std::string move(reader.word());
     if (m_ponder_enabled && reader.word() == "ponder") ponder_on(move, std::string(reader.word()));
@@ -189,7 +181,7 @@ void UciEngine::ponder_on(const std::string& move, const std::string& reply) {
     if (!play_legal(expected, move) || !play_legal(expected, reply)) return;
     m_position = std::move(expected);
     m_ponder_move = reply;
-    do_goponder();
+    goponder();
 }
 
 }  // namespace velmora

@@ -13,11 +13,6 @@ namespace velmora {
 class UciEngine : public PlayingEngine {
 public:
     Protocol protocol() const override { return Protocol::uci; }
-    bool is_uci() const override { return true; }
-
-    /// Starts a search on the opponent's time, in the position after the expected reply. Throws
-    /// std::logic_error while the engine is not idle.
-    void goponder();
 
 private:
     void do_set_ponder(bool on) override { m_ponder_enabled = on; }
@@ -26,7 +21,8 @@ private:
     void do_go() override;
     void do_go_infinite() override;
     void do_stop() override;
-    std::string translate(std::string line) override;
+    DriverMessage translate(ArrivedLine line) override;
+    std::string option_command(const Option& option) const override;
     void make_way_for_options() override;
     void come_to_rest() override;
 
@@ -40,9 +36,9 @@ private:
     std::string go_text() const;
     bool ponder_hit();
     void stop_search();
-    void take_bestmove(const std::string& line);
+    void take_bestmove(const ArrivedLine& line);
     void ponder_on(const std::string& move, const std::string& reply);
-    void do_goponder();
+    void goponder();
 
     bool m_ponder_enabled = false;
     std::string m_ponder_move;  // the reply that the engine ponders on; empty if none

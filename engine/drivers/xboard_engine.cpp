@@ -76,7 +76,7 @@ void XboardEngine::do_new_game() {
     // Without this feature the process is replaced instead.
     if (!variables().features.reuse) return;
     do_stop();
-    variables().clock.restart();
+    state().clock.restart();
     m_position.new_game();
     engine_was_set_up();
     send("new");
@@ -110,16 +110,16 @@ void XboardEngine::send_moves_from(ChessPosition scratch) {
 void XboardEngine::send_clocks() {
     if (!variables().features.time) return;
     // In hundredths of a second, cut towards zero: an engine must not believe in time that it hasn't.
-    send("time " + std::to_string(variables().clock.time_left() / 10));
-    send("otim " + std::to_string(variables().opponent_time / 10));
+    send("time " + std::to_string(state().clock.time_left() / 10));
+    send("otim " + std::to_string(state().opponent_time / 10));
 }
 
 void XboardEngine::do_go() {
-    variables().status = EngineStatus::thinking;
+    state().status = EngineStatus::thinking;
     m_search_stopped = false;
     send_waiting_options();
-    if (variables().level != m_sent_level) {
-        m_sent_level = variables().level;
+    if (state().level != m_sent_level) {
+        m_sent_level = state().level;
         send(xboard::level_command(m_sent_level));
     }
     bring_position_to_engine();
@@ -182,7 +182,7 @@ void XboardEngine::send_edit_commands() {
 
 void XboardEngine::do_stop() {
     trace(" <- XboardEngine::stop()");
-    if (variables().status != EngineStatus::thinking) return;
+    if (state().status != EngineStatus::thinking) return;
     // The engine makes its move, and only that sets the status.
     if (!std::exchange(m_search_stopped, true)) {
         m_stopped.add(m_game);
@@ -191,26 +191,33 @@ void XboardEngine::do_stop() {
     send("?");
 }
 
-std::string XboardEngine::translate(std::string line) {
+std::string XboardEngine::option_command(const Option& option) const {
+    if (option.name == "xboard_memory") return "memory " + option.value;
+    if (option.name == "xboard_threads") return "cores " + option.value;
+    const std::string value = option.value == "true" ? "1" : option.value == "false" ? "0" : option.value;
+    return "option " + option.name + (value.empty() ? "" : "=" + value);
+}
+
+DriverMessage XboardEngine::translate(ArrivedLine arrived) {
+    const std::string& line = arrived.text;
     text::WordReader reader(line);
     const auto word = reader.word();
     if (word == "move") return take_move(reader.word());
     // An engine that says its move twice is taken at its first word.
-    if (const auto move = xboard::old_style_move(line);
-        variables().status == EngineStatus::thinking && move) {
+    if (const auto move = xboard::old_style_move(line); state().status == EngineStatus::thinking && move) {
         return take_move(*move);
     }
-    if (word == "pong") return line;
+    if (word == "pong") return {std::move(arrived.text), arrived.arrival};
     // An engine that refuses a move has lost the game like one that gives up.
     if (line.find("resign") != std::string::npos || word == "Illegal") {
-        variables().status = EngineStatus::idle;
-        return "resign";
+        state().status = EngineStatus::idle;
+        return {"resign"};
     }
     // At the start of a game it is the word on the last one.
     if (is_result(word)) m_result_said = !m_previous_position.moves().empty();
     if (word.starts_with('#') || is_result(word)) return {};
-    if (word.empty() || !is_digit(word.front())) return line;
-    return xboard::thinking_as_info(line);
+    if (word.empty() || !is_digit(word.front())) return {std::move(arrived.text), arrived.arrival};
+    return {xboard::thinking_as_info(line), arrived.arrival};
 }
 
 /// The legal move of the engine's word; nothing when it cannot be read or is not legal.
@@ -224,29 +231,30 @@ std::optional<Move> XboardEngine::read_move(const ChessPosition& position, std::
     }
 }
 
-std::string XboardEngine::take_move(std::string_view word) {
-    if (const auto game = m_stopped.pay()) return take_stopped_move(word, *game);
-    variables().status = EngineStatus::idle;
+DriverMessage XboardEngine::take_move(std::string_view word) {
+    if (const auto game = m_stopped.pay()) {
+        follow_stopped_move(word, *game);
+        return {.text = "bestmove " + std::string(word), .stopped = true};
+    }
+    state().status = EngineStatus::idle;
     const auto move = read_move(m_position, word);
-    // The line has no arrival stamp, so the engine gets nothing back for the time in transit.
-    variables().clock.move_and_stop_clock(0);
-    if (!move) return "bestmove " + std::string(word);
+    // Such a line has no arrival stamp, so the engine gets nothing back for the time in transit.
+    state().clock.move_and_stop_clock(0);
+    if (!move) return {"bestmove " + std::string(word)};
     if (m_position == m_previous_position) m_previous_position.do_move(*move);
     m_position.do_move(*move);
-    return "bestmove " + move->to_string(false);
+    return {"bestmove " + move->to_string(false)};
 }
 
 /// The move that a stopped engine still made: it happened in the engine's game, and nowhere else.
-std::string XboardEngine::take_stopped_move(std::string_view word, std::uint32_t game) {
-    if (m_search_stopped) variables().status = EngineStatus::idle;
-    std::string line = "bestmove " + std::string(word) + " stopped";
-    if (game != m_game || m_previous_is_certain) return line;
+void XboardEngine::follow_stopped_move(std::string_view word, std::uint32_t game) {
+    if (m_search_stopped) state().status = EngineStatus::idle;
+    if (game != m_game || m_previous_is_certain) return;
     const auto move = read_move(m_previous_position, word);
-    if (!move) return line;
+    if (!move) return;
     if (m_position == m_previous_position) m_position.do_move(*move);
     m_previous_position.do_move(*move);
     m_previous_is_certain = true;
-    return line;
 }
 
 }  // namespace velmora

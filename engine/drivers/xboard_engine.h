@@ -19,7 +19,6 @@ public:
     XboardEngine();
 
     Protocol protocol() const override { return Protocol::xboard_v2; }
-    bool is_uci() const override { return false; }
 
 private:
     void do_set_ponder(bool on) override;
@@ -28,7 +27,8 @@ private:
     void do_go() override;
     void do_go_infinite() override;
     void do_stop() override;
-    std::string translate(std::string line) override;
+    DriverMessage translate(ArrivedLine line) override;
+    std::string option_command(const Option& option) const override;
 
     /// Whether the engine answers a move by itself. A fresh process that was never sent "new" may or may not.
     enum class Play { unknown, force_mode, by_itself };
@@ -46,8 +46,8 @@ private:
     void engine_was_set_up();
     std::string move_text(const ChessPosition& before, const Move& move) const;
 
-    std::string take_move(std::string_view word);
-    std::string take_stopped_move(std::string_view word, std::uint32_t game);
+    DriverMessage take_move(std::string_view word);
+    void follow_stopped_move(std::string_view word, std::uint32_t game);
     std::optional<Move> read_move(const ChessPosition& position, std::string_view word) const;
 
     ChessPosition m_previous_position;  // the game as the engine knows it

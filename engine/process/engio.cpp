@@ -28,6 +28,11 @@ constexpr std::chrono::milliseconds stop_interval(50);
 /// the eye notices.
 constexpr std::chrono::milliseconds longest_hold(5);
 
+/// The line as it stands in the log.
+std::string with_stamp(const ArrivedLine& line) {
+    return line.arrival ? line.text + " TS=" + std::to_string(*line.arrival) : line.text;
+}
+
 /// Writes all bytes to a pipe that does not block, waiting for at most `wait` in all until it takes them, and
 /// no longer than until `leaving` is stopped.
 bool write_all(int fd, std::string_view bytes, std::chrono::milliseconds wait,
@@ -187,31 +192,31 @@ void Engio::hand_over_lines() {
     std::size_t count = 0;
     while (auto next = m_splitter.next()) {
         if (next->carriage_return) m_crlf = true;
-        std::string& line = next->text;
+        ArrivedLine line{std::move(next->text)};
         if (!hand_over(line)) {
             m_splitter.drop_due();
             return;
         }
         ++count;
         if (!m_log_enabled) continue;
-        log("   engine -> " + line + (count > 1 ? "   {cnt=" + std::to_string(count) + "} " : ""));
+        log("   engine -> " + with_stamp(line) +
+            (count > 1 ? "   {cnt=" + std::to_string(count) + "} " : ""));
     }
 }
 
 /// Cuts the line, stamps it and hands it over; false when nobody takes the lines.
-bool Engio::hand_over(std::string& line) {
+bool Engio::hand_over(ArrivedLine& line) {
     const std::lock_guard lock(m_engine_mutex);
     if (m_engine == nullptr) return false;
-    line.resize(text::utf8_prefix(line, m_engine->longest_line()).size());
-    // Stamped at arrival: the time that the line spends in queues is not the engine's.
-    if (line.find("bestmove") != std::string::npos) line += " TS=" + std::to_string(arrival_stamp());
+    line.text.resize(text::utf8_prefix(line.text, m_engine->longest_line()).size());
+    if (line.text.find("bestmove") != std::string::npos) line.arrival = arrival_stamp();
     try {
         m_engine->receive_line(line);
     } catch (const std::exception& error) {
         // One bad line must end neither the reader nor the program.
         std::cerr << std::string(error.what()) + '\n';
     } catch (...) {
-        std::cerr << "Engio::operator()  unknown exception from \"" + line + "\"\n";
+        std::cerr << "Engio::operator()  unknown exception from \"" + with_stamp(line) + "\"\n";
     }
     return true;
 }

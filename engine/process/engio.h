@@ -20,6 +20,7 @@
 
 namespace velmora {
 
+struct ArrivedLine;
 class LineReceiver;
 
 /// One engine program: its process, its two pipes and its log file.
@@ -96,7 +97,7 @@ private:
     int flush_when_due();
     void flush_receiver();
     void hand_over_lines();
-    bool hand_over(std::string& line);
+    bool hand_over(ArrivedLine& line);
     void write_lines(std::span<const std::string_view> lines);
     void log(std::string_view text);
 

@@ -1,9 +1,18 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace velmora {
+
+/// A line of an engine, without its line end.
+struct ArrivedLine {
+    std::string text;
+    /// arrival_stamp() of a line that may be a move: the time that it spends in queues is not the engine's.
+    std::optional<std::uint32_t> arrival = std::nullopt;
+};
 
 /// Takes the lines of an engine, in order, on the engine's reader thread.
 class LineReceiver {
@@ -13,8 +22,7 @@ public:
     /// Bytes of a line that it wants; what is beyond is cut off, at a character, ahead of the hand-over.
     virtual std::size_t longest_line() const { return std::string::npos; }
 
-    /// Takes one line, without line end; a "bestmove" line has its arrival stamp behind it.
-    virtual void receive_line(std::string line) = 0;
+    virtual void receive_line(ArrivedLine line) = 0;
 
     /// What has been taken since the last flush().
     enum class Held { nothing, can_wait, urgent };

@@ -68,7 +68,7 @@ private:
         entry().add_option(option);
     }
 
-    template <std::string EngineVariables::*field>
+    template <auto field>
     void read_text(text::WordReader& reader) {
         entry().*field = stripped_rest(reader);
     }
@@ -79,10 +79,10 @@ private:
     };
     static constexpr std::array<Row, 6> rows{{
         {"name", &RowReader::read_name},
-        {"filename", &RowReader::read_text<&EngineVariables::filename>},
+        {"filename", &RowReader::read_text<&EngineIdentity::filename>},
         {"protocol", &RowReader::read_protocol},
-        {"elo", &RowReader::read_text<&EngineVariables::elo>},
-        {"handicap", &RowReader::read_text<&EngineVariables::handicap>},
+        {"elo", &RowReader::read_text<&EngineIdentity::elo>},
+        {"handicap", &RowReader::read_text<&EngineConfiguration::handicap>},
         {"setoption", &RowReader::read_option},
     }};
 

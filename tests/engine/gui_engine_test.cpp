@@ -53,77 +53,68 @@ protected:
     int m_loads = 0;
 };
 
-/// Protocol, whether it was answered, reported name, author and number of options.
+/// Whether it counts as UCI, protocol, reported name, author and number of options.
 std::string findings(const GuiEngine& engine) {
-    static const char* names[] = {"autodetect", "uci", "v1", "v2"};
+    static const char* names[] = {"none", "uci", "v1", "v2"};
     const EngineVariables found = engine.get_enginevariables();
     EXPECT_EQ(found.name, found.engine_name);
-    return names[static_cast<std::size_t>(engine.protocol())] + std::string(found.uci_flag ? "!/" : "/") +
+    return std::string(found.uci_flag ? "!" : "") + names[static_cast<std::size_t>(found.protocol)] + '/' +
            found.engine_name + '/' + found.author + '/' +
            std::to_string(std::min<std::size_t>(found.options.size(), 150));
 }
 
-TEST_F(GuiEngineTest, FindsTheProtocol) {
+TEST_F(GuiEngineTest, FindsTheProtocolAndItsDriver) {
+    // What the drivers make of set_ponder() and new_game(). An engine of version 1 gets no commands.
+    const std::string uci = "ucinewgame\nisready\nquit\n";
+    const std::string v2 = "hard\nquit\n";
+    const std::string v1 = "quit\n";
     struct Row {
         const char* script;
         Protocol asked;
         const char* found;  // as findings()
-        const char* sent;
+        std::string sent;
         std::chrono::milliseconds interval = quick;
     };
     const Row rows[] = {
         {"answer Welcome!\nuntil uci\nanswer id name Alpha 1.0 \nanswer id author A. Nobody\nanswer "
          "=uciok=\n",
-         Protocol::autodetect, "uci!/Alpha 1.0/A. Nobody/0", "uci\nquit\n"},
+         Protocol::autodetect, "!uci/Alpha 1.0/A. Nobody/0", "uci\n" + uci},
         {"until uci\nflood 150 option name O%d type check default true\nanswer uciok\n", Protocol::autodetect,
-         "uci!///150", "uci\nquit\n"},
+         "!uci///150", "uci\n" + uci},
         {"until uci\nflood 300 option name O%d type check default true\nanswer uciok\n", Protocol::uci,
-         "uci///150", "uci\nquit\n"},
-        {"until uci\nflood 2000 some info %d\nanswer uciok\n", Protocol::uci, "uci!///0", "uci\nquit\n"},
+         "none///150", "uci\n" + uci},
+        {"until uci\nflood 2000 some info %d\nanswer uciok\n", Protocol::uci, "!uci///0", "uci\n" + uci},
         {"until protover\nanswer feature done=0 ping=1 myname=\"Beta 2\" done=1 san=1\n",
          Protocol::autodetect, "v2/Beta 2//0",
-         "uci\nxboard\nprotover 2\naccepted done\naccepted ping\naccepted myname\naccepted done\nquit\n"},
+         "uci\nxboard\nprotover 2\naccepted done\naccepted ping\naccepted myname\naccepted done\n" + v2},
         {"until protover\nanswer feature memory=1 smp=1 option=\"X -check 1\" made_up=1\n",
          Protocol::autodetect, "v2///2",
-         "uci\nxboard\nprotover 2\naccepted memory\naccepted smp\naccepted made_up\nquit\n"},
+         "uci\nxboard\nprotover 2\naccepted memory\naccepted smp\naccepted made_up\n" + v2},
         // One that ends at "uci" is started once more.
         {"expect xboard\nuntil protover\nanswer feature done=1\n", Protocol::autodetect, "v2///0",
-         "uci\nxboard\nprotover 2\naccepted done\nquit\n", patient},
-        {"", Protocol::autodetect, "v1///0", "uci\nxboard\nprotover 2\nxboard\nquit\n"},
-        {"", Protocol::uci, "uci///0", "uci\nquit\n"},
-        {"", Protocol::xboard_v1, "v1///0", "xboard\nquit\n"},
-        {"", Protocol::xboard_v2, "v2///0", "xboard\nprotover 2\nquit\n"},
+         "uci\nxboard\nprotover 2\naccepted done\n" + v2, patient},
+        {"", Protocol::autodetect, "v1///0", "uci\nxboard\nprotover 2\nxboard\n" + v1},
+        {"", Protocol::uci, "none///0", "uci\n" + uci},
+        {"answer bestmove e2e4\n", Protocol::xboard_v1, "v1///0", "xboard\n" + v1},
+        {"", Protocol::xboard_v2, "none///0", "xboard\nprotover 2\n" + v2},
     };
     for (const Row& row : rows) {
         load(row.script, row.asked, row.interval);
         ASSERT_TRUE(m_engine->is_alive()) << row.script;
         EXPECT_EQ(findings(*m_engine), row.found) << row.script;
+        m_engine->set_ponder(true);
+        m_engine->new_game();
         m_engine->unload_engine();
         EXPECT_TRUE(wait_until([&] { return sent_to_last() == row.sent; })) << sent_to_last();
     }
-}
-
-TEST_F(GuiEngineTest, AVersion1EngineIsShownButGetsNoCommands) {
-    load("answer hello\n", Protocol::xboard_v1);
-    m_engine->set_ponder(true);
-    m_engine->new_game();
-    m_engine->go();
-    m_engine->stop();
-    m_engine->unload_engine();
-    EXPECT_TRUE(wait_until([&] { return sent_to_last() == "xboard\nquit\n"; })) << sent_to_last();
-    EXPECT_EQ(m_sink.lines().size(), 0U);
+    EXPECT_TRUE(m_sink.lines().empty());
 }
 
 TEST_F(GuiEngineTest, AnEmptyHandleAnswersHarmlessly) {
     const auto expect_empty = [this] {
         EXPECT_FALSE(m_engine->is_alive() || m_engine->has_crashed() || m_engine->is_white());
-        EXPECT_EQ(m_engine->get_engine_id(), 0U);
-        EXPECT_EQ(m_engine->time_left(), 0);
-        EXPECT_EQ(m_engine->moves_to_go(), 1);
-        EXPECT_EQ(m_engine->status(), EngineStatus::idle);
-        EXPECT_EQ(m_engine->get_level().text(), Level().text());
-        EXPECT_TRUE(m_engine->get_options().empty());
-        EXPECT_EQ(m_engine->engine_name() + m_engine->player_name() + m_engine->elo(), "");
+        EXPECT_EQ(m_engine->state().clock.time_left(), 0);
+        EXPECT_EQ(m_engine->state().status, EngineStatus::idle);
         m_engine->set_enginevariables(EngineVariables());
         m_engine->set_level(Level());
         m_engine->set_opponent_time(5);
@@ -154,111 +145,6 @@ TEST_F(GuiEngineTest, AnEmptyHandleAnswersHarmlessly) {
     EXPECT_EQ(m_engine->get_enginevariables().engine_name, "NoNameYet");
 }
 
-TEST_F(GuiEngineTest, KeepsTheRecordOfALoadedEngine) {
-    load(
-        "until uci\nanswer id name Peer\nanswer option name Hash type spin default 16\n"
-        "answer option name Clear Hash type button\nanswer uciok\n");
-    EXPECT_TRUE(m_engine->is_alive() && m_engine->is_white() && m_engine->get_engine_id() == 1U);
-    EngineVariables wanted;
-    wanted.elo = "2400";
-    wanted.player_name = "Paula";
-    wanted.handicap = "50";
-    wanted.level = Level("fixed_depth 1");
-    wanted.protocol = Protocol::xboard_v1;
-    for (const char* name : {"Hash", "Unknown"}) wanted.options[name].name = name;
-    wanted.options["Hash"].value = "64";
-    m_engine->set_enginevariables(wanted);
-    m_engine->set_level(Level("sudden_death 0 10 2"));
-    m_engine->set_opponent_time(77);
-    EXPECT_EQ(m_engine->time_left(), 300000) << "the handicap counts";
-    EXPECT_EQ(m_engine->increment(), 1000);
-    EXPECT_EQ(m_engine->opponent_time(), 77);
-    EXPECT_EQ(m_engine->player_name() + m_engine->elo() + m_engine->engine_name(), "Paula2400Peer");
-    EXPECT_EQ(m_engine->get_level().text(), "sudden_death 0 10 2");
-    EXPECT_EQ(m_engine->get_enginevariables().protocol, Protocol::uci);
-    EXPECT_EQ(m_engine->get_options().size(), 2U);
-
-    const EngineVariables before = m_engine->get_enginevariables();
-    m_engine->reload_engine();
-    ASSERT_TRUE(m_engine->is_alive());
-    EXPECT_EQ(m_engine->get_level().text(), Level().text());
-    m_engine->set_enginevariables(before);
-    m_engine->set_level(before.level);
-    EXPECT_EQ(m_engine->time_left(), 300000);
-    EXPECT_EQ(m_engine->get_options().at("Hash").value, "64");
-    m_engine->unload_engine();
-    const std::string session = "uci\nsetoption name Clear Hash\nsetoption name Hash value 64\n";
-    EXPECT_TRUE(wait_until([&] {
-        return sent_to_last() == session + "quit\nuci\nucinewgame\nisready\n" + session.substr(4) + "quit\n";
-    })) << sent_to_last();
-}
-
-TEST_F(GuiEngineTest, XboardOptionsHaveCommandsOfTheirOwn) {
-    load("until protover\nanswer feature memory=1 smp=1 done=1\n", Protocol::xboard_v2);
-    EngineVariables wanted = m_engine->get_enginevariables();
-    wanted.options.at("xboard_memory").value = "256";
-    m_engine->set_enginevariables(wanted);
-    m_engine->unload_engine();
-    EXPECT_TRUE(
-        wait_until([&] { return sent_to_last().ends_with("accepted done\nmemory 256\ncores 1\nquit\n"); }));
-}
-
-TEST_F(GuiEngineTest, GoingTwiceIsAFaultOfTheProgram) {
-    load("until uci\nanswer uciok\n");
-    m_engine->go();
-    EXPECT_EQ(m_engine->status(), EngineStatus::thinking);
-    EXPECT_EQ(test::thrown_text([this] { m_engine->go(); }), "UciEngine::go():   engine already thinking");
-}
-
-TEST_F(GuiEngineTest, WritesLogAndTrace) {
-    LogFile trace;
-    trace.open(path("trace.log"), LogFile::Opening::append);
-    load("until uci\nanswer uciok\nuntil go\nanswer bestmove e2e4\n");
-    m_engine->set_debug_stream(&trace);
-    m_engine->set_logging(true);
-    m_engine->set_level(Level("fixed_depth 1"));
-    m_engine->go();
-    ASSERT_TRUE(wait_until([&] { return m_sink.lines().size() == 1; }));
-    m_engine->go_infinite();
-    m_engine->stop();
-    m_engine->reload_engine();
-    m_engine->unload_engine();
-    const std::string position =
-        "position fen rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1 moves";
-    const std::vector<std::string> expected{"~.~ engine1 <- UciEngine::go()    " + position,
-                                            "~.~ engine1 start_clock()  time=~",
-                                            "~.~ engine1 <- UciEngine::go()    go depth 1",
-                                            "~.~ engine1 move_and_stop_clock()  time=~",
-                                            "~.~ engine1 <- UciEngine::go_infinite()    " + position,
-                                            "~.~ engine1 <- UciEngine::go_infinite()    go infinite",
-                                            "~.~ engine1 <- UciEngine::stop()"};
-    EXPECT_EQ(masked(lines_of(read("trace.log")), expected), expected);
-    const std::vector<std::string> logged{"~.~   engine <- " + position, "~.~   engine <- isready",
-                                          "~.~   engine <- go depth 1",  "~.~   engine -> bestmove e2e4 TS=~",
-                                          "~.~   engine <- " + position, "~.~   engine <- go infinite",
-                                          "~.~   engine <- stop",        "~.~   engine <- quit",
-                                          "~.~   engine <- uci",         "~.~   engine <- ucinewgame",
-                                          "~.~   engine <- isready",     "~.~   engine <- quit"};
-    // Nobody waits for the answer to the second handshake: it may come anywhere.
-    auto lines = lines_of(read("engine1.log"));
-    std::erase_if(lines, [](const std::string& line) { return line.ends_with("engine -> uciok"); });
-    EXPECT_EQ(masked(lines, logged), logged);
-}
-
-TEST_F(GuiEngineTest, ACrashWhileThinkingIsSeenAndReloaded) {
-    load("until uci\nanswer uciok\nuntil go\nwrite info depth 1\\nbestmove e2\ndie\n");
-    m_engine->go();
-    ASSERT_TRUE(wait_until([&] { return m_engine->has_crashed(); }));
-    EXPECT_FALSE(m_engine->is_alive());
-    EXPECT_EQ(m_sink.lines().size(), 1U) << "the whole line came, the cut one did not";
-    m_engine->stop();
-    m_engine->new_game();
-    m_engine->reload_engine();
-    EXPECT_TRUE(m_engine->is_alive());
-    EXPECT_FALSE(m_engine->has_crashed());
-    EXPECT_EQ(m_engine->status(), EngineStatus::idle);
-}
-
 TEST_F(GuiEngineTest, AMillionInfoLinesThatNobodyReadsLeaveTheMoves) {
     m_engine->load_engine(&m_queue_sink, 2,
                           add_engine("flooding", "until uci\nanswer uciok\nuntil go\nanswer bestmove a2a3 " +
@@ -280,9 +166,9 @@ TEST_F(GuiEngineTest, AMillionInfoLinesThatNobodyReadsLeaveTheMoves) {
 
 TEST(ProtocolEngine, KeepsNoMoreThanItWillLookAt) {
     ProtocolEngine probe(quick);
-    for (int i = 0; i < 100000; ++i) probe.receive_line("y");
+    for (int i = 0; i < 100000; ++i) probe.receive_line({"y"});
     std::size_t kept = 0;
-    while (!probe.next_line().empty()) ++kept;
+    while (!probe.next_line().text.empty()) ++kept;
     EXPECT_EQ(kept, BaseEngine::most_lines);
 }
 

@@ -113,7 +113,7 @@ TEST_F(StoreTest, AFileThatCannotBeWrittenLosesNothing) {
     InstalledEngines engines(path(""));
     engines.read_engines_cfg();
     engines.remove_engine("Beta");
-    // A directory in the way of the file: nobody can write it, whatever his rights are.
+    // A directory in the way of the file: it stops even the superuser.
     fs::rename(path("engines.cfg"), path("kept"));
     fs::create_directory(path("engines.cfg"));
     EXPECT_EQ(test::thrown_text<std::runtime_error>([&] { engines.read_engines_cfg(); }),

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/stopwatch.h"
-#include "engine/store/engine_variables.h"
+#include "engine/drivers/play_state.h"
 #include "engine/time/game_clock.h"
 #include "engine/time/level.h"
 #include "tests/support/thrown_text.h"
@@ -141,7 +141,7 @@ TEST(GameClock, LimitsWhatIsRead) {
     EXPECT_EQ(clock.time_left(), 2147483647);
 }
 
-TEST(EngineVariables, TakesTheHandicapOffTheClockAlone) {
+TEST(PlayState, TakesTheHandicapOffTheClockAlone) {
     struct Row {
         const char *handicap, *level;
         int time_left, increment;
@@ -152,9 +152,8 @@ TEST(EngineVariables, TakesTheHandicapOffTheClockAlone) {
           Row{"0", "sessions 40 4 1", 240000, 1000}, Row{"", "sessions 40 4 1", 240000, 1000},
           Row{"half", "sessions 40 4 1", 240000, 1000}, Row{"-5", "sessions 40 4 1", 240000, 1000},
           Row{"50", "fixed_depth 8", 536870912, 0}}) {
-        EngineVariables engine;
-        engine.handicap = row.handicap;
-        engine.set_level(Level(row.level));
+        PlayState engine;
+        engine.set_level(Level(row.level), row.handicap);
         EXPECT_EQ(engine.clock.time_left(), row.time_left) << row.handicap;
         EXPECT_EQ(engine.clock.increment(), row.increment) << row.handicap;
         EXPECT_EQ(engine.level.text(), row.level);

@@ -38,15 +38,16 @@ TEST(GameTags, KeepTheirOrder) {
 TEST(GameTags, ReadTheStartFromFen) {
     const struct {
         const char* fen;
-        std::int32_t color, number;
+        Side color;
+        std::int32_t number;
     } rows[] = {
-        {"8/8/8/8/8/8/8/8 w - - 0 31", 1, 31},
-        {"8/8/8/8/8/8/8/8 b - - 0 12", 0, 12},
-        {"8/8/8/8/8/8/8/8 W - - 0 2", 0, 2},
-        {"8/8/8/8/8/8/8/8 w - -", 1, 1},
-        {"8/8/8/8/8/8/8/8 w - - 0 x", 1, 1},
-        {"8/8/8/8/8/8/8/8 b - - 0 99999999999", 0, 1},
-        {"", 0, 1},
+        {"8/8/8/8/8/8/8/8 w - - 0 31", Side::white, 31},
+        {"8/8/8/8/8/8/8/8 b - - 0 12", Side::black, 12},
+        {"8/8/8/8/8/8/8/8 W - - 0 2", Side::black, 2},
+        {"8/8/8/8/8/8/8/8 w - -", Side::white, 1},
+        {"8/8/8/8/8/8/8/8 w - - 0 x", Side::white, 1},
+        {"8/8/8/8/8/8/8/8 b - - 0 99999999999", Side::black, 1},
+        {"", Side::black, 1},
     };
     GameTags tags;
     for (const auto& row : rows) {
@@ -59,7 +60,7 @@ TEST(GameTags, ReadTheStartFromFen) {
     EXPECT_EQ(tags.start_move_number(), 1) << "the name is exact";
     tags.reset();
     EXPECT_EQ(tags.fen(), GameTags::standard_fen);
-    EXPECT_EQ(tags.start_color(), 1);
+    EXPECT_EQ(tags.start_color(), Side::white);
 }
 
 TEST(GameTags, ReadAHeaderStrictly) {
@@ -67,7 +68,7 @@ TEST(GameTags, ReadAHeaderStrictly) {
                         std::string(99, 'l') + "\xC3\xA9\"][Open \"e");
     EXPECT_EQ(tags.print(), "[White \"\xC3\x89va\"]\n[FEN \"8/8/8/8/8/8/8/8 b - - 0 9\"]\n[Long \"" +
                                 std::string(99, 'l') + "\"]\n[Open \"e\"]\n");
-    EXPECT_EQ(tags.start_color(), 0);
+    EXPECT_EQ(tags.start_color(), Side::black);
     EXPECT_EQ(tags.start_move_number(), 9);
     for (const auto* header : {"[White \"\xE9va\"]", "[White \"\x80\"]", "[White \"a\xC3\"]"}) {
         EXPECT_EQ(test::thrown_text([header] { GameTags{std::string_view(header)}; }),

@@ -11,7 +11,7 @@ namespace {
 
 /// One word an element: its text, "^" and the parent, colour and number; then glyph, comment and children.
 /// The children of the root come last.
-std::string listing(std::string_view movetext, std::int32_t color = 1, std::int32_t number = 1) {
+std::string listing(std::string_view movetext, Side color = Side::white, std::int32_t number = 1) {
     PgnTokenizer tokenizer;
     MoveSection section;
     section.set_start(color, number);
@@ -22,8 +22,8 @@ std::string listing(std::string_view movetext, std::int32_t color = 1, std::int3
         if (element.type == ElementType::begin_variation) text += '(';
         if (element.type == ElementType::end_variation) text += ')';
         text += element.san + element.result + "^" + std::to_string(element.pid);
-        if (element.color != no_color) text += element.color == 1 ? "w" : "b";
-        if (element.color != no_color) text += std::to_string(element.move_number);
+        if (element.color) text += element.color == Side::white ? "w" : "b";
+        if (element.color) text += std::to_string(element.move_number);
         text += element.nag;
         if (!element.comment.empty()) text += "{" + element.comment + "}";
         for (const auto child : element.children) text += ">" + std::to_string(child);
@@ -65,7 +65,8 @@ TEST(MoveSection, LinksMoves) {
         {"empty variations", "e4 (()) e5", "e4^0w1>6 (^1 (^1 )^1 )^1 e5^1b1 >1"},
     };
     for (const auto& row : rows) EXPECT_EQ(listing(row.text), row.elements) << row.name;
-    EXPECT_EQ(listing("Nf6 13. Nc3 c5", 0, 12), "Nf6^0b12>2 Nc3^1w13>3 c5^2b13 >1") << "Black begins";
+    EXPECT_EQ(listing("Nf6 13. Nc3 c5", Side::black, 12), "Nf6^0b12>2 Nc3^1w13>3 c5^2b13 >1")
+        << "Black begins";
 }
 
 TEST(MoveSection, RefusesVariationsThatCannotBe) {

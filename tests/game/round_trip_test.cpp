@@ -46,7 +46,7 @@ void describe(const GameTree& tree, std::int32_t id, std::string& text) {
     const auto& node = tree.node(id);
     if (id != 0) text += node.san + node.nag + "{" + node.comment + "}" + node.result;
     if (node.type == ElementType::move)
-        text += std::to_string(node.color) + "." + std::to_string(node.move_number);
+        text += std::string(node.color == Side::white ? "w" : "b") + "." + std::to_string(node.move_number);
     text += '(';
     for (const auto child : node.children) describe(tree, child, text);
     text += ')';

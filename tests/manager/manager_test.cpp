@@ -98,8 +98,7 @@ TEST(Manager, PublishesWhatIsKnownOfTheFirstEngine) {
     referee.workplace.install_engine("My Engine",
                                      "name Alpha\noption name Hash type spin default 16\n"
                                      "option name Book File type string default b\nplay\n"
-                                     "cfg handicap 50\ncfg elo 2100\ncfg setoption name Hash value 128\n");
-    referee.say("level sudden_death 0 10 2");
+                                     "cfg elo 2100\ncfg setoption name Hash value 128\n");
     referee.say("load 0 name  My Engine ");
     EXPECT_EQ(referee.next_line(), "engine1name Alpha");
     referee.workplace.wait_for(
@@ -107,7 +106,6 @@ TEST(Manager, PublishesWhatIsKnownOfTheFirstEngine) {
     const auto variables = referee.manager().get_enginevariables();
     EXPECT_EQ(variables.player_name, "My Engine");
     EXPECT_EQ(variables.elo, "2100");
-    EXPECT_EQ(variables.clock.time_left(), 300000);
 
     const struct {
         const char *command, *hash, *book;

@@ -1,6 +1,5 @@
-// Plays the conversations of transcripts/*.txt. A case begins with "== name" and runs in a referee and a
-// working directory of its own; $DIR is that directory, $ID1 the instance id of the first engine loaded, and
-// so on. Lines that begin with two blanks belong to the directive above them.
+// Plays the conversations of transcripts/*.txt. Each case runs in a referee and a working directory of its
+// own; $DIR is that directory, $ID1 the instance id of the first engine loaded, and so on.
 //
 //   > command     the window says it           >> line       anybody puts it on the queue
 //   < line        the referee's next line      <~ regex      the next line matches
@@ -32,44 +31,12 @@
 #include "chess/moves/position.h"
 #include "manager/game_result.h"
 #include "tests/manager/referee.h"
+#include "tests/support/transcript_file.h"
 
 namespace velmora {
 namespace {
 
-struct Directive {
-    std::string text;
-    std::vector<std::string> block;
-};
-
-struct Case {
-    std::string name;
-    std::vector<Directive> directives;
-};
-
-void PrintTo(const Case& transcript, std::ostream* out) { *out << transcript.name; }
-
-std::vector<Case> all_cases() {
-    std::vector<Case> cases;
-    for (const auto& entry : std::filesystem::directory_iterator(TRANSCRIPTS)) {
-        std::ifstream file(entry.path());
-        for (std::string line; std::getline(file, line);) {
-            if (line.starts_with("== ")) {
-                cases.push_back({entry.path().stem().string() + "_" + line.substr(3), {}});
-            } else if (line.starts_with("  ")) {
-                cases.back().directives.back().block.push_back(line.substr(2));
-            } else if (!line.empty() && !line.starts_with('#')) {
-                cases.back().directives.push_back({line, {}});
-            }
-        }
-    }
-    return cases;
-}
-
-std::string joined(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const auto& line : lines) text += line + '\n';
-    return text;
-}
+using test::joined;
 
 template <class Dropped>
 std::string without(const std::string& text, const Dropped& dropped) {
@@ -129,9 +96,9 @@ std::string polyglot_book(const std::vector<std::string>& lines) {
     return book;
 }
 
-class Transcript : public ::testing::TestWithParam<Case> {
+class Transcript : public ::testing::TestWithParam<test::Transcript> {
 protected:
-    void run(const Directive& directive) {
+    void run(const test::Directive& directive) {
         const std::string line = filled_in(directive.text);
         const auto word = line.substr(0, line.find(' '));
         const std::string rest = line.size() > word.size() ? line.substr(word.size() + 1) : "";
@@ -228,11 +195,12 @@ TEST_P(Transcript, IsSpoken) {
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), m_expected_errors);
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, Transcript, ::testing::ValuesIn(all_cases()), [](const auto& of) {
-    std::string name = of.param.name;
-    for (char& c : name) c = g_ascii_isalnum(c) != FALSE ? c : '_';
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(Files, Transcript, ::testing::ValuesIn(test::read_transcripts(TRANSCRIPTS)),
+                         [](const auto& of) {
+                             std::string name = of.param.name;
+                             for (char& c : name) c = g_ascii_isalnum(c) != FALSE ? c : '_';
+                             return name;
+                         });
 
 }  // namespace
 }  // namespace velmora

@@ -43,7 +43,7 @@ TEST_F(AccessibleBoardTest, SquaresTellTheirContent) {
     int changes = 0;
     const auto count = +[](AtkObject*, GParamSpec*, int* counter) { ++*counter; };
     g_signal_connect(square(28), "notify::accessible-name", G_CALLBACK(count), &changes);
-    drag(turned(12), turned(28));
+    drag("d7", "d5");
     EXPECT_EQ(name(12), "e2, empty");
     EXPECT_EQ(name(28), "e4, white pawn");
     EXPECT_EQ(changes, 1);
@@ -54,7 +54,7 @@ TEST_F(AccessibleBoardTest, SquaresCanBePressed) {
     board.flip();
     EXPECT_TRUE(atk_action_do_action(ATK_ACTION(square(12)), 0));
     EXPECT_FALSE(atk_action_do_action(ATK_ACTION(square(12)), 1));
-    EXPECT_THAT(moves, testing::ElementsAre(testing::Pair(12, 12)));
+    EXPECT_THAT(moves, testing::ElementsAre("e2e2"));
 }
 
 TEST_F(AccessibleBoardTest, SquaresKnowTheirPlace) {

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <gtkmm/window.h>
@@ -20,26 +21,33 @@ protected:
         const char* source = std::getenv("VELMORA_SOURCE_DIR");
         if (source) std::filesystem::current_path(source);
         window.add(board);
-        board.signal_move_made().connect([this] { moves.push_back(board.get_move()); });
+        board.signal_move_made().connect([this] {
+            const auto [from, to] = board.get_move();
+            moves.push_back(from.name() + to.name());
+        });
         EXPECT_TRUE(gui::show_and_wait(window));
     }
 
     Board& taker() { return dynamic_cast<Board&>(*board.get_child()); }
 
     /// The middle of a shown square, from the corner of the board.
-    gui::Point middle(int shown_square) {
+    gui::Point middle(Square shown_square) {
         const CellSize cell = board.drawing().cell();
         const Place corner = corner_of(shown_square, cell);
         return {corner.x + cell.width / 2.0, corner.y + cell.height / 2.0};
     }
-    void drag(int from, int to) { gui::drag(taker(), middle(from), middle(to)); }
-    void click(int square) { gui::click(taker(), middle(square)); }
+    gui::Point middle(std::string_view shown_square) { return middle(Square(shown_square)); }
+    void drag(std::string_view from, std::string_view to) { gui::drag(taker(), middle(from), middle(to)); }
+    void click(std::string_view square) { gui::click(taker(), middle(square)); }
 
-    int code(int shown_square) { return board.drawing().table().code(shown_square); }
+    /// The letter of what stands on a shown square, "?" for nothing.
+    char letter(std::string_view shown_square) {
+        return board.drawing().table().piece_on(Square(shown_square)).letter();
+    }
 
     Gtk::Window window;
     ChessBoard board;
-    std::vector<std::pair<int, int>> moves;
+    std::vector<std::string> moves;  ///< "e2e4"
     const std::string start_fen = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1";
 };
 

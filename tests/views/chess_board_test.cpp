@@ -14,74 +14,73 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Pair;
 
 TEST_F(BoardTest, ReportsDragsAndClicks) {
     board.set_fen(start_fen);
-    drag(12, 28);
-    click(36);
-    click(1);
-    drag(40, 41);
-    EXPECT_THAT(moves, ElementsAre(Pair(12, 28), Pair(36, 36), Pair(1, 1), Pair(41, 41)));
-    EXPECT_EQ(code(28), 1) << "the piece stays where it was dropped";
-    EXPECT_EQ(code(12), board.drawing().table().background(12));
-    EXPECT_EQ(code(1), 2);
+    drag("e2", "e4");
+    click("e5");
+    click("b1");
+    drag("a6", "b6");
+    EXPECT_THAT(moves, ElementsAre("e2e4", "e5e5", "b1b1", "b6b6"));
+    EXPECT_EQ(letter("e4"), 'P') << "the piece stays where it was dropped";
+    EXPECT_EQ(letter("e2"), '?');
+    EXPECT_EQ(letter("b1"), 'N');
 }
 
 TEST_F(BoardTest, FlippedBoardSpeaksOfRealSquares) {
     board.set_fen(start_fen);
     board.flip();
-    EXPECT_EQ(code(0), 11) << "Black's rook of h8 stands in the lower left corner";
+    EXPECT_EQ(letter("a1"), 'r') << "Black's rook of h8 stands in the lower left corner";
     board.set_fen(start_fen);
-    EXPECT_EQ(code(0), 11);
-    EXPECT_EQ(code(3), 13);
-    drag(0, 16);
-    EXPECT_THAT(moves, ElementsAre(Pair(63, 47)));
+    EXPECT_EQ(letter("a1"), 'r');
+    EXPECT_EQ(letter("d1"), 'k');
+    drag("a1", "a3");
+    EXPECT_THAT(moves, ElementsAre("h8h6"));
     board.flip();
-    EXPECT_EQ(board.get_move(), std::pair(63, 47));
+    EXPECT_EQ(board.get_move(), std::pair(Square("h8"), Square("h6")));
     EXPECT_FALSE(board.is_flipped());
-    EXPECT_EQ(code(47), 11) << "the dropped piece turns with the board";
-    taker().set_piece('Q', 26);
-    EXPECT_EQ(code(26), 5);
+    EXPECT_EQ(letter("h6"), 'r') << "the dropped piece turns with the board";
+    taker().set_piece('Q', Square("c4"));
+    EXPECT_EQ(letter("c4"), 'Q');
     board.flip();
-    taker().clear_square(26);
-    EXPECT_EQ(code(37), board.drawing().table().background(37));
+    taker().clear_square(Square("c4"));
+    EXPECT_EQ(letter("f5"), '?');
 }
 
 TEST_F(BoardTest, NothingIsReportedOrLostBesideTheBoard) {
     board.set_fen(start_fen);
-    gui::drag(taker(), middle(12), {-40, 20});
-    EXPECT_THAT(moves, ElementsAre(Pair(12, 12)));
-    EXPECT_EQ(code(12), 1);
+    gui::drag(taker(), middle("e2"), {-40, 20});
+    EXPECT_THAT(moves, ElementsAre("e2e2"));
+    EXPECT_EQ(letter("e2"), 'P');
     gui::drag(taker(), {-5, 20}, {1000, 1000});
     EXPECT_EQ(moves.size(), 1U);
 }
 
-TEST_F(BoardTest, PressOnAManTellsHisSquare) {
-    std::vector<std::optional<int>> picked;
+TEST_F(BoardTest, PressOnAPieceTellsItsSquare) {
+    std::vector<std::optional<Square>> picked;
     board.signal_piece_picked().connect([&] { picked.push_back(board.picked_square()); });
     board.set_fen(start_fen);
     board.flip();
-    gui::press_button(taker(), middle(63 - 12));
-    EXPECT_THAT(picked, ElementsAre(testing::Optional(12)));
-    gui::release_button(taker(), middle(63 - 28));
+    gui::press_button(taker(), middle("d7"));
+    EXPECT_THAT(picked, ElementsAre(testing::Optional(Square("e2"))));
+    gui::release_button(taker(), middle("d5"));
     EXPECT_EQ(board.picked_square(), std::nullopt);
-    click(36);
+    click("e5");
     EXPECT_EQ(picked.size(), 1U);
 }
 
-TEST_F(BoardTest, DoubleClickAndOtherButtonsKeepTheMan) {
+TEST_F(BoardTest, DoubleClickAndOtherButtonsKeepThePiece) {
     board.set_fen(start_fen);
-    gui::double_click(taker(), middle(12));
-    gui::click(taker(), middle(12), 3);
-    EXPECT_THAT(moves, ElementsAre(Pair(12, 12), Pair(12, 12)));
-    EXPECT_EQ(code(12), 1);
+    gui::double_click(taker(), middle("e2"));
+    gui::click(taker(), middle("e2"), 3);
+    EXPECT_THAT(moves, ElementsAre("e2e2", "e2e2"));
+    EXPECT_EQ(letter("e2"), 'P');
 }
 
-TEST_F(BoardTest, DialogInTheMiddleOfADragPutsTheManBack) {
+TEST_F(BoardTest, DialogInTheMiddleOfADragPutsThePieceBack) {
     board.set_fen(start_fen);
-    gui::press_button(taker(), middle(12));
-    gui::move_pointer(taker(), middle(28));
+    gui::press_button(taker(), middle("e2"));
+    gui::move_pointer(taker(), middle("e4"));
     Gtk::Dialog dialog("", window, true);
     gui::Answer<Gtk::Dialog> answer([](Gtk::Dialog& shown) {
         shown.response(Gtk::RESPONSE_OK);
@@ -89,25 +88,25 @@ TEST_F(BoardTest, DialogInTheMiddleOfADragPutsTheManBack) {
     });
     dialog.run();
     EXPECT_EQ(board.picked_square(), std::nullopt);
-    EXPECT_EQ(code(12), 1);
+    EXPECT_EQ(letter("e2"), 'P');
     EXPECT_THAT(moves, IsEmpty());
 }
 
 TEST_F(BoardTest, BadFenLeavesThePosition) {
     board.set_fen(start_fen);
     EXPECT_THROW(board.set_fen("rnbqkbnr/ppppxppp b"), std::logic_error);
-    EXPECT_EQ(code(12), 1);
+    EXPECT_EQ(letter("e2"), 'P');
     EXPECT_TRUE(board.white_to_move());
 }
 
 TEST_F(BoardTest, ArrowsGoWithAFlip) {
-    board.set_arrow(12, 28, 0);
-    board.set_arrow(12, 64, 0);
+    board.set_arrow(Square(12), Square(28), ArrowColor::red);
+    board.set_arrow(Square(12), Square(64), ArrowColor::red);
     ASSERT_EQ(board.arrows().size(), 1U);
     EXPECT_EQ(board.arrows()[0].angle, 0);
     board.flip();
     EXPECT_THAT(board.arrows(), IsEmpty());
-    board.set_arrow(12, 28, 2);
+    board.set_arrow(Square(12), Square(28), ArrowColor::blue);
     ASSERT_EQ(board.arrows().size(), 1U);
     EXPECT_DOUBLE_EQ(board.arrows()[0].angle, 3.14159265) << "up the board is down the screen now";
     board.clear_arrows();
@@ -121,8 +120,8 @@ public:
         : m_cell(board.drawing().cell()), m_scale(scale), m_surface(gui::picture(board.drawing(), scale)) {}
 
     /// The colour at a place of a shown square, in cells from its upper left corner.
-    gui::Pixel at(int square, double x, double y) const {
-        const Place corner = corner_of(square, m_cell);
+    gui::Pixel at(std::int32_t square, double x, double y) const {
+        const Place corner = corner_of(Square(square), m_cell);
         return gui::pixel_at(m_surface, int((corner.x + x * m_cell.width) * m_scale),
                              int((corner.y + y * m_cell.height) * m_scale));
     }
@@ -136,7 +135,7 @@ private:
 
 constexpr int clearly = 40;  // a difference that is no matter of grain or smoothing
 
-TEST_F(BoardTest, MenStandOnTheirSquaresAtEverySize) {
+TEST_F(BoardTest, PiecesStandOnTheirSquaresAtEverySize) {
     for (const int size : {360, 563, 800, 1200}) {
         Gtk::Window frame;
         ChessBoard sized(size);
@@ -152,16 +151,16 @@ TEST_F(BoardTest, MenStandOnTheirSquaresAtEverySize) {
             EXPECT_LT(king.red, 120) << size;
             EXPECT_GT(gui::distance(rook, picture.at(18, 0.5, 0.6)), clearly)
                 << "a dark square without a piece";
-            EXPECT_GT(gui::distance(picture.at(27, 0.5, 0.5), picture.at(28, 0.5, 0.5)), clearly);
+            EXPECT_GT(picture.at(28, 0.5, 0.5).red, picture.at(27, 0.5, 0.5).red + clearly) << "a1 is dark";
         }
     }
 }
 
 TEST_F(BoardTest, EveryArrowHasItsColour) {
     board.set_fen("8/8/8/8/8/8/8/8 w");
-    board.set_arrow(0, 40, 0);
-    board.set_arrow(2, 42, 1);
-    board.set_arrow(4, 44, 2);
+    board.set_arrow(Square(0), Square(40), ArrowColor::red);
+    board.set_arrow(Square(2), Square(42), ArrowColor::green);
+    board.set_arrow(Square(4), Square(44), ArrowColor::blue);
     const Picture picture(board);
     const auto red = picture.at(16, 0.5, 0.5), green = picture.at(18, 0.5, 0.5),
                blue = picture.at(20, 0.5, 0.5);
@@ -171,19 +170,21 @@ TEST_F(BoardTest, EveryArrowHasItsColour) {
     EXPECT_LT(gui::distance(picture.at(17, 0.5, 0.5), picture.at(19, 0.5, 0.5)), clearly);
 }
 
-TEST_F(BoardTest, MarksTintTheSquareAroundItsMan) {
+TEST_F(BoardTest, MarksTintTheSquareAroundItsPiece) {
     board.set_fen("8/8/8/8/8/8/8/R7 w");
     const Picture before(board);
     BoardMarks marks;
-    marks.last_move = {0, 24};
-    marks.targets = {40, 99};
-    marks.captures = {27};
-    marks.checked_king = 63;
+    marks.last_move = {Square(0), Square(24)};
+    marks.selected = Square(2);
+    marks.targets = {Square(40), Square(99)};
+    marks.captures = {Square(27)};
+    marks.checked_king = Square(63);
     board.set_marks(marks);
     const Picture after(board);
     EXPECT_GT(gui::distance(before.at(0, 0.05, 0.05), after.at(0, 0.05, 0.05)), 20);
     EXPECT_EQ(before.at(0, 0.5, 0.6), after.at(0, 0.5, 0.6)) << "the piece keeps its colour";
     EXPECT_GT(gui::distance(before.at(24, 0.5, 0.5), after.at(24, 0.5, 0.5)), 20);
+    EXPECT_GT(gui::distance(before.at(2, 0.5, 0.5), after.at(2, 0.5, 0.5)), 20);
     EXPECT_GT(gui::distance(before.at(40, 0.5, 0.5), after.at(40, 0.5, 0.5)), clearly) << "a dot";
     EXPECT_EQ(before.at(40, 0.1, 0.1), after.at(40, 0.1, 0.1));
     EXPECT_GT(gui::distance(before.at(27, 0.5, 0.06), after.at(27, 0.5, 0.06)), clearly) << "a ring";
@@ -192,38 +193,41 @@ TEST_F(BoardTest, MarksTintTheSquareAroundItsMan) {
     board.flip();
     board.set_fen("8/8/8/8/8/8/8/R7 w");
     const Picture flipped(board);
-    EXPECT_EQ(flipped.at(63, 0.05, 0.05), after.at(0, 0.05, 0.05));
+    for (const int square : {0, 2, 24, 27, 40, 63}) {
+        EXPECT_EQ(flipped.at(63 - square, 0.5, 0.06), after.at(square, 0.5, 0.06)) << square;
+        EXPECT_EQ(flipped.at(63 - square, 0.5, 0.5), after.at(square, 0.5, 0.5)) << square;
+    }
     board.set_marks({});
     EXPECT_EQ(Picture(board).at(63, 0.05, 0.05), before.at(0, 0.05, 0.05));
 }
 
-TEST_F(BoardTest, ManInTheAirIsPaintedAtThePointer) {
+TEST_F(BoardTest, PieceInTheAirIsPaintedAtThePointer) {
     board.set_fen("8/8/8/8/8/8/8/R7 w");
-    gui::press_button(taker(), middle(0));
-    gui::move_pointer(taker(), middle(27));
+    gui::press_button(taker(), middle("a1"));
+    gui::move_pointer(taker(), middle("d4"));
     const Picture picture(board);
     EXPECT_GT(gui::distance(picture.at(27, 0.5, 0.6), picture.at(9, 0.5, 0.6)), clearly);
     EXPECT_LT(gui::distance(picture.at(0, 0.5, 0.6), picture.at(9, 0.5, 0.6)), clearly);
-    gui::release_button(taker(), middle(27));
+    gui::release_button(taker(), middle("d4"));
     EXPECT_EQ(gui::differing_pixels(picture.surface(), Picture(board).surface()), 0);
 }
 
 TEST_F(BoardTest, PartialRedrawsLeaveWhatAFullOneWould) {
     board.set_fen(start_fen);
     gui::pump_pending();
-    gui::press_button(taker(), middle(12));
-    for (const int square : {20, 29, 38, 47, 28}) {
+    gui::press_button(taker(), middle("e2"));
+    for (const char* square : {"e3", "f4", "g5", "h6", "e4"}) {
         gui::move_pointer(taker(), middle(square));
         gui::pump_pending();
     }
     BoardMarks marks;
-    marks.targets = {16, 17};
+    marks.targets = {Square(16), Square(17)};
     board.set_marks(marks);
     gui::pump_pending();
-    marks.targets = {17, 18};
+    marks.targets = {Square(17), Square(18)};
     board.set_marks(marks);
     board.set_fen("rnbqkbnr/pppp1ppp/8/4p3/4P3/8/PPPP1PPP/RNBQKBNR w");
-    gui::release_button(taker(), middle(28));
+    gui::release_button(taker(), middle("e4"));
     gui::pump_pending();
     const Glib::RefPtr<Gdk::Window> shown = window.get_window();
     const auto screen = Gdk::Pixbuf::create(shown, 0, 0, shown->get_width(), shown->get_height());
@@ -253,8 +257,8 @@ TEST_F(BoardTest, BoardFillsAGrowingWindowWithWholeCells) {
         return board.drawing().pixbufs()[3]->get_width() == board.drawing().cell().width;
     })) << "rendered for the new size once it has settled";
     board.set_fen(start_fen);
-    drag(12, 28);
-    EXPECT_THAT(moves, ElementsAre(Pair(12, 28)));
+    drag("e2", "e4");
+    EXPECT_THAT(moves, ElementsAre("e2e4"));
 }
 
 TEST_F(BoardTest, MissingImagesAreReportedOnceAndLettersShown) {

@@ -16,16 +16,17 @@ protected:
 
     int piece_choice(const Reply& reply) {
         gui::Answer<Gtk::Dialog> answer(reply);
-        const int choice = PieceChoiceDialog(window, board.drawing().pixbufs()).choice();
+        const PieceChoiceDialog dialog(window, board.drawing().pixbufs());
         EXPECT_TRUE(answer.given());
-        return choice;
+        EXPECT_EQ(dialog.piece(), piece_of_image(dialog.choice()));
+        return dialog.choice();
     }
-    int promo_choice(const Reply& reply) {
+    PieceKind promotion(const Reply& reply) {
         gui::Answer<Gtk::Dialog> answer(reply);
         const auto& images = board.drawing().pixbufs();
-        const int choice = PromoChoiceDialog(window, images[5], images[4], images[3], images[2]).choice();
+        const PromoChoiceDialog dialog(window, images[5], images[4], images[3], images[2]);
         EXPECT_TRUE(answer.given());
-        return choice;
+        return dialog.kind();
     }
     /// A click at a place in cells.
     static Reply click_at(double column, double row) {
@@ -44,33 +45,33 @@ protected:
     }
 };
 
-TEST_F(ChooserTest, EveryManHasHisCode) {
+TEST_F(ChooserTest, EveryPieceHasItsCode) {
     const int expected[4][3] = {{1, 2, 3}, {4, 5, 6}, {8, 9, 10}, {11, 12, 13}};
     for (int row = 0; row < 4; ++row) {
         for (int column = 0; column < 3; ++column) {
             EXPECT_EQ(piece_choice(click_at(column + 0.5, row + 0.5)), expected[row][column]);
         }
     }
-    EXPECT_EQ(promo_choice(click_at(0.5, 0.5)), 4);
-    EXPECT_EQ(promo_choice(click_at(1.5, 0.5)), 5);
-    EXPECT_EQ(promo_choice(click_at(0.5, 1.5)), 6);
-    EXPECT_EQ(promo_choice(click_at(1.5, 1.5)), 7);
+    EXPECT_EQ(promotion(click_at(0.5, 0.5)), PieceKind::queen);
+    EXPECT_EQ(promotion(click_at(1.5, 0.5)), PieceKind::rook);
+    EXPECT_EQ(promotion(click_at(0.5, 1.5)), PieceKind::bishop);
+    EXPECT_EQ(promotion(click_at(1.5, 1.5)), PieceKind::knight);
 }
 
 TEST_F(ChooserTest, NoChoiceIsZero) {
-    EXPECT_EQ(promo_choice([](Gtk::Dialog& dialog) {
+    EXPECT_EQ(promotion([](Gtk::Dialog& dialog) {
                   dialog.close();
                   return true;
               }),
-              0);
+              PieceKind::none);
     EXPECT_EQ(piece_choice(keys({GDK_KEY_Escape})), 0);
     EXPECT_EQ(piece_choice(click_at(3, 4)), 0) << "the lower right corner lies past the grid";
 }
 
 TEST_F(ChooserTest, KeyboardChoosesToo) {
     EXPECT_EQ(piece_choice(keys({GDK_KEY_Down, GDK_KEY_Down, GDK_KEY_Right, GDK_KEY_Return})), 5);
-    EXPECT_EQ(promo_choice(keys({GDK_KEY_Up, GDK_KEY_KP_Enter})), 4);
-    EXPECT_EQ(promo_choice(keys({GDK_KEY_Return, GDK_KEY_Escape})), 0) << "nothing is marked yet";
+    EXPECT_EQ(promotion(keys({GDK_KEY_Up, GDK_KEY_KP_Enter})), PieceKind::queen);
+    EXPECT_EQ(promotion(keys({GDK_KEY_Return, GDK_KEY_Escape})), PieceKind::none) << "nothing is marked yet";
 }
 
 TEST_F(ChooserTest, TheTitleHasRoomOverNarrowCells) {

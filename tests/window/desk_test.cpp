@@ -70,7 +70,7 @@ protected:
     }
 
     void load(const char* name, Protocol asked_for) {
-        link.send("load");
+        link.send(to_referee::Load());
         engine.begin_load(name, asked_for);
     }
 
@@ -91,19 +91,6 @@ protected:
 };
 
 // -- Lines from the referee
-
-TEST_F(DeskTest, EveryPrescribedWordHasAHandlerAndNoOther) {
-    for (const char* word :
-         {"move",      "emt",       "takeback",     "setboard",    "shout",       "event",
-          "site",      "round",     "reset",        "level",       "wtime",       "btime",
-          "telluser",  "set_arrow", "clear_arrows", "engine1name", "engine2name", "whitename",
-          "blackname", "WhiteElo",  "BlackElo",     "new",         "quit",        "tournament_finished",
-          "0-1",       "1-0",       "1/2-1/2",      "white_info",  "black_info"}) {
-        EXPECT_TRUE(MessageDispatcher::knows(word)) << word;
-    }
-    for (const char* word : {"", "Move", "sessions", "white", "1-1"})
-        EXPECT_FALSE(MessageDispatcher::knows(word));
-}
 
 TEST_F(DeskTest, AnEngineMoveCarriesItsAnnotationAndStartsTheOtherClock) {
     select(Mode::tournament);
@@ -251,7 +238,7 @@ TEST_F(DeskTest, WhatIsShownAroundTheBoard) {
                             "clock level fixed_depth 7", "reset clocks", "close"));
     EXPECT_EQ(screen.title, "Alpha 1.0");
     screen.calls.clear();
-    link.send("quit");
+    link.send(to_referee::Quit());
     lines({"telluser too late", "white_info too late"});
     EXPECT_THAT(screen.calls, IsEmpty()) << "nothing holds up the end";
 }

@@ -18,13 +18,13 @@ std::int32_t centre(int index, std::int32_t cell) { return cell / 2 + index * (c
 
 }  // namespace
 
-std::optional<Arrow> make_arrow(int from, int to, std::int32_t color, CellSize cell) {
-    if (!is_square(from) || !is_square(to)) return std::nullopt;
+std::optional<Arrow> make_arrow(Square from, Square to, ArrowColor color, CellSize cell) {
+    if (!from.on_board() || !to.on_board()) return std::nullopt;
     Arrow arrow;
-    arrow.x1 = centre(from % 8, cell.width);
-    arrow.y1 = centre(from / 8, cell.height);
-    arrow.x2 = centre(to % 8, cell.width);
-    arrow.y2 = centre(to / 8, cell.height);
+    arrow.x1 = centre(from.file(), cell.width);
+    arrow.y1 = centre(from.rank(), cell.height);
+    arrow.x2 = centre(to.file(), cell.width);
+    arrow.y2 = centre(to.rank(), cell.height);
     arrow.color = color;
     const double dx = arrow.x2 - arrow.x1, dy = arrow.y2 - arrow.y1;
     if (dx != 0) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "chess/board/arrow_color.h"
 #include "views/board/square_geometry.h"
 
 namespace velmora {
@@ -13,12 +14,12 @@ namespace velmora {
 struct Arrow {
     std::int32_t x1 = 0, y1 = 0;  ///< tail
     std::int32_t x2 = 0, y2 = 0;  ///< head
-    std::int32_t color = 0;       ///< 0 red, 1 green, 2 blue
-    double angle = 0;             ///< of the head, radians: 0 points up the board
+    ArrowColor color = ArrowColor::red;
+    double angle = 0;  ///< of the head, radians: 0 points up the board
 };
 
 /// The arrow between the centres of two shown squares; nothing when one is no square.
-std::optional<Arrow> make_arrow(int from, int to, std::int32_t color, CellSize cell);
+std::optional<Arrow> make_arrow(Square from, Square to, ArrowColor color, CellSize cell);
 
 /// A point in pixels from the upper left corner of the board.
 struct Corner {

@@ -7,22 +7,20 @@ namespace velmora {
 Board::Board(int size) : m_drawing(size) {
     add_events(Gdk::BUTTON_PRESS_MASK | Gdk::BUTTON_RELEASE_MASK | Gdk::POINTER_MOTION_MASK);
     add(m_drawing);
-    m_drawing.signal_square_pressed().connect([this](int square) {
+    m_drawing.signal_square_pressed().connect([this](Square square) {
         report_move({converted(square), converted(square)});
     });
 }
 
-void Board::set_position(const std::string& letters) {
-    std::string shown = letters;
+void Board::set_position(const Placement& pieces) {
+    Placement shown = pieces;
     if (m_flipped) std::reverse(shown.begin(), shown.end());
     m_drawing.set_pieces(shown);
 }
 
-void Board::set_piece(char letter, int square) { m_drawing.set_piece(letter, converted(square)); }
-
-void Board::clear_square(int square) { m_drawing.clear_square(converted(square)); }
-
-std::pair<int, int> Board::get_move() const { return {converted(m_move.first), converted(m_move.second)}; }
+std::pair<Square, Square> Board::get_move() const {
+    return {converted(m_move.first), converted(m_move.second)};
+}
 
 void Board::flip() {
     m_flipped = !m_flipped;
@@ -37,12 +35,12 @@ void Board::set_marks(const BoardMarks& marks) {
     m_drawing.set_marks(m_flipped ? turned(m_marks) : m_marks);
 }
 
-std::optional<int> Board::picked_square() const {
+std::optional<Square> Board::picked_square() const {
     if (!m_drawing.table().dragging()) return std::nullopt;
     return converted(m_drawing.table().drag_from());
 }
 
-void Board::report_move(std::pair<int, int> shown_squares) {
+void Board::report_move(std::pair<Square, Square> shown_squares) {
     m_move = shown_squares;
     m_move_made.emit();
 }

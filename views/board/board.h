@@ -1,41 +1,43 @@
 #pragma once
 
 #include <optional>
-#include <string>
+#include <string_view>
 #include <utility>
 
 #include <gtkmm/eventbox.h>
 
 #include "views/board/drawing.h"
+#include "views/board/shown_position.h"
 
 namespace velmora {
 
 /// Takes the pointer's events on the board, and the keyboard with them, and hides from the outside which side
-/// the board is seen from: all squares here are those of the position, 0 is a1.
+/// the board is seen from: all squares here are those of the position.
 class Board : public Gtk::EventBox {
 public:
     explicit Board(int size);
 
-    /// 64 characters, a1 first; see SquareTable::set_pieces().
-    void set_position(const std::string& letters);
-    void set_piece(char letter, int square);
-    void clear_square(int square);
+    void set_position(const Placement& pieces);
+    /// The same, and a single piece, by letters as shown_pieces() reads them.
+    void set_position(std::string_view letters) { set_position(shown_pieces(letters)); }
+    void set_piece(char letter, Square square) { m_drawing.set_piece(letter, converted(square)); }
+    void clear_square(Square square) { m_drawing.clear_square(converted(square)); }
 
     /// From and to of the last drag; the square twice after a plain click.
-    std::pair<int, int> get_move() const;
+    std::pair<Square, Square> get_move() const;
 
     /// Turns the board by half and drops the arrows.
     void flip();
     bool is_flipped() const { return m_flipped; }
 
-    void set_arrow(int from, int to, int color) { m_drawing.set_arrow(from, to, color); }
+    void set_arrow(Square from, Square to, ArrowColor color) { m_drawing.set_arrow(from, to, color); }
     void clear_arrows() { m_drawing.clear_arrows(); }
     const std::vector<Arrow>& arrows() const { return m_drawing.arrows(); }
 
     void set_marks(const BoardMarks& marks);
 
     /// The square whose piece is in the air.
-    std::optional<int> picked_square() const;
+    std::optional<Square> picked_square() const;
 
     Drawing& drawing() { return m_drawing; }
 
@@ -52,15 +54,15 @@ protected:
 
 private:
     /// From a square of the position to the shown square, and back.
-    int converted(int square) const { return m_flipped ? turned(square) : square; }
-    void report_move(std::pair<int, int> shown_squares);
+    Square converted(Square square) const { return m_flipped ? turned(square) : square; }
+    void report_move(std::pair<Square, Square> shown_squares);
 
     sigc::signal<void> m_move_made;
     sigc::signal<void> m_piece_picked;
     bool m_flipped = false;
     Drawing m_drawing;
-    std::pair<int, int> m_move;  // shown squares
-    BoardMarks m_marks;          // squares of the position
+    std::pair<Square, Square> m_move{Square(0), Square(0)};  // shown squares
+    BoardMarks m_marks;                                      // squares of the position
 };
 
 }  // namespace velmora

@@ -17,7 +17,7 @@ namespace {
 
 struct SquareObject {
     AtkObject parent;
-    int square;         // of the position
+    Square square;      // of the position
     std::string* name;  // what the last answer points into
 };
 
@@ -51,7 +51,7 @@ const char* square_name_of(AtkObject* object) {
     return square->name->c_str();
 }
 
-int square_index_in_parent(AtkObject* object) { return as_square(object)->square; }
+int square_index_in_parent(AtkObject* object) { return as_square(object)->square.value(); }
 
 AtkStateSet* square_states(AtkObject* object) {
     AtkStateSet* states = atk_state_set_new();
@@ -68,7 +68,7 @@ AtkStateSet* square_states(AtkObject* object) {
 }
 
 void square_object_init(SquareObject* square) {
-    square->square = 0;
+    square->square = no_square;
     square->name = new std::string;
     atk_object_set_role(ATK_OBJECT(square), ATK_ROLE_PUSH_BUTTON);
 }
@@ -139,11 +139,11 @@ BoardObject* as_board(void* object) { return static_cast<BoardObject*>(object); 
 int board_child_count(AtkObject*) { return square_count; }
 
 AtkObject* board_ref_child(AtkObject* object, int index) {
-    if (!is_square(index)) return nullptr;
+    if (!Square(index).on_board()) return nullptr;
     AtkObject*& square = as_board(object)->squares[index];
     if (!square) {
         square = ATK_OBJECT(g_object_new(square_object_get_type(), nullptr));
-        as_square(square)->square = index;
+        as_square(square)->square = Square(index);
         atk_object_set_parent(square, object);
     }
     return ATK_OBJECT(g_object_ref(square));
@@ -174,8 +174,8 @@ void use_board_accessible(GtkWidgetClass* widget_class) {
     gtk_widget_class_set_accessible_type(widget_class, board_object_get_type());
 }
 
-void tell_square_changed(GtkWidget* drawing, int square) {
-    AtkObject* object = as_board(gtk_widget_get_accessible(drawing))->squares[square];
+void tell_square_changed(GtkWidget* drawing, Square square) {
+    AtkObject* object = as_board(gtk_widget_get_accessible(drawing))->squares[square.value()];
     if (object) g_object_notify(G_OBJECT(object), "accessible-name");
 }
 

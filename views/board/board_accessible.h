@@ -2,6 +2,8 @@
 
 #include <gtk/gtk.h>
 
+#include "chess/board/square.h"
+
 namespace velmora {
 
 /// What a screen reader finds on the board: the widget as a drawing area named "Chess board", with the 64
@@ -12,7 +14,7 @@ namespace velmora {
 void use_board_accessible(GtkWidgetClass* widget_class);
 
 /// Tells those who listen that what stands on a square of the position has changed.
-void tell_square_changed(GtkWidget* drawing, int square);
+void tell_square_changed(GtkWidget* drawing, Square square);
 
 /// Has a screen reader say a text, where the accessibility bus knows how to.
 void say(GtkWidget* widget, const char* text);

@@ -21,9 +21,9 @@ void set_shade(const Cairo::RefPtr<Cairo::Context>& cr, const Shade& shade) {
 }
 
 /// The letter of a piece in its colour with an outline in the other, in the middle of a cell.
-void draw_letter(const Cairo::RefPtr<Cairo::Context>& cr, int code, CellSize size) {
+void draw_letter(const Cairo::RefPtr<Cairo::Context>& cr, Piece piece, CellSize size) {
     static constexpr Shade white{1, 1, 1}, black{0.1, 0.1, 0.1};
-    const std::string letter(1, image_letters[std::size_t(code % 7)]);
+    const std::string letter(1, Piece(piece.kind(), Side::white).letter());
     cr->select_font_face("sans-serif", Cairo::FONT_SLANT_NORMAL, Cairo::FONT_WEIGHT_BOLD);
     cr->set_font_size(0.7 * std::min(size.width, size.height));
     Cairo::TextExtents extents;
@@ -33,9 +33,9 @@ void draw_letter(const Cairo::RefPtr<Cairo::Context>& cr, int code, CellSize siz
     cr->text_path(letter);
     cr->set_line_width(std::max(2.0, size.width / 20.0));
     cr->set_line_join(Cairo::LINE_JOIN_ROUND);
-    set_shade(cr, is_black_piece(code) ? white : black);
+    set_shade(cr, piece.is_black() ? white : black);
     cr->stroke_preserve();
-    set_shade(cr, is_black_piece(code) ? black : white);
+    set_shade(cr, piece.is_black() ? black : white);
     cr->fill();
 }
 
@@ -44,10 +44,10 @@ Glib::RefPtr<Gdk::Pixbuf> plain_image(int code, CellSize size) {
     static constexpr Shade light_square{0.92, 0.84, 0.71}, dark_square{0.69, 0.51, 0.36};
     const auto surface = Cairo::ImageSurface::create(Cairo::FORMAT_ARGB32, size.width, size.height);
     const auto cr = Cairo::Context::create(surface);
-    if (is_piece(code)) {
-        draw_letter(cr, code, size);
+    if (const Piece piece = piece_of_image(code); !piece.empty()) {
+        draw_letter(cr, piece, size);
     } else {
-        set_shade(cr, code == light_square_code ? light_square : dark_square);
+        set_shade(cr, code == light_square_image ? light_square : dark_square);
         cr->paint();
     }
     return Gdk::Pixbuf::create(surface, 0, 0, size.width, size.height);

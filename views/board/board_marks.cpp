@@ -15,16 +15,16 @@ using MarkBits = std::array<std::uint8_t, square_count>;
 
 MarkBits mark_bits(const BoardMarks& marks) {
     MarkBits bits{};
-    const auto add = [&bits](int square, int kind) {
-        if (is_square(square)) bits[std::size_t(square)] |= std::uint8_t(1 << kind);
+    const auto add = [&bits](Square square, int kind) {
+        if (square.on_board()) bits[std::size_t(square.value())] |= std::uint8_t(1 << kind);
     };
     if (marks.last_move) {
         add(marks.last_move->first, 0);
         add(marks.last_move->second, 0);
     }
     if (marks.selected) add(*marks.selected, 1);
-    for (const int square : marks.targets) add(square, 2);
-    for (const int square : marks.captures) add(square, 3);
+    for (const Square square : marks.targets) add(square, 2);
+    for (const Square square : marks.captures) add(square, 3);
     if (marks.checked_king) add(*marks.checked_king, 4);
     return bits;
 }
@@ -33,7 +33,7 @@ MarkBits mark_bits(const BoardMarks& marks) {
 
 BoardMarks turned(const BoardMarks& marks) {
     BoardMarks result = marks;
-    const auto turn = [](int& square) { square = turned(square); };
+    const auto turn = [](Square& square) { square = turned(square); };
     if (result.last_move) {
         turn(result.last_move->first);
         turn(result.last_move->second);
@@ -45,11 +45,12 @@ BoardMarks turned(const BoardMarks& marks) {
     return result;
 }
 
-std::vector<int> changed_squares(const BoardMarks& before, const BoardMarks& after) {
+std::vector<Square> changed_squares(const BoardMarks& before, const BoardMarks& after) {
     const MarkBits old_bits = mark_bits(before), new_bits = mark_bits(after);
-    std::vector<int> squares;
-    for (int square = 0; square < square_count; ++square) {
-        if (old_bits[std::size_t(square)] != new_bits[std::size_t(square)]) squares.push_back(square);
+    std::vector<Square> squares;
+    for (Square square(0); square.on_board(); ++square) {
+        const auto i = std::size_t(square.value());
+        if (old_bits[i] != new_bits[i]) squares.push_back(square);
     }
     return squares;
 }

@@ -4,16 +4,18 @@
 #include <utility>
 #include <vector>
 
+#include "chess/board/square.h"
+
 namespace velmora {
 
-/// What the board hints at beside the position itself. Squares are those of the position, 0 is a1, whichever
-/// side the board is seen from. Values: whoever knows the rules computes them and hands them down.
+/// What the board hints at beside the position itself. Squares are those of the position, whichever side the
+/// board is seen from. Values: whoever knows the rules computes them and hands them down.
 struct BoardMarks {
-    std::optional<std::pair<int, int>> last_move;  ///< from and to of the move that led to the position
-    std::optional<int> selected;                   ///< the piece that is about to move
-    std::vector<int> targets;                      ///< empty squares that it can go to
-    std::vector<int> captures;                     ///< squares that it can take on
-    std::optional<int> checked_king;
+    std::optional<std::pair<Square, Square>> last_move;  ///< from and to of the move that led to the position
+    std::optional<Square> selected;                      ///< the piece that is about to move
+    std::vector<Square> targets;                         ///< empty squares that it can go to
+    std::vector<Square> captures;                        ///< squares that it can take on
+    std::optional<Square> checked_king;
     bool operator==(const BoardMarks&) const = default;
 };
 
@@ -21,6 +23,6 @@ struct BoardMarks {
 BoardMarks turned(const BoardMarks& marks);
 
 /// Which squares carry another mark in `after` than in `before`, each once, in ascending order.
-std::vector<int> changed_squares(const BoardMarks& before, const BoardMarks& after);
+std::vector<Square> changed_squares(const BoardMarks& before, const BoardMarks& after);
 
 }  // namespace velmora

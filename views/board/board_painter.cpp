@@ -42,10 +42,10 @@ private:
     void set_image(int code, Place corner);
     void paint_image(int code, Place corner);
     template <class Shade>
-    void shade_square(int square, const Shade& shade);
-    void tint_square(int square, const Tint& tint);
-    void warn_on_square(int square);
-    void paint_disc(int square, double radius, double hole);
+    void shade_square(Square square, const Shade& shade);
+    void tint_square(Square square, const Tint& tint);
+    void warn_on_square(Square square);
+    void paint_disc(Square square, double radius, double hole);
 
     Cairo::RefPtr<Cairo::Context> m_cr;
     const BoardPicture& m_picture;
@@ -74,12 +74,13 @@ void Painter::paint_image(int code, Place corner) {
 
 void Painter::paint_cells() {
     for (int row = 7; row >= 0; --row) {
-        for (int square = 8 * row; square < 8 * row + 8; ++square) {
+        for (int file = 0; file < 8; ++file) {
+            const Square square(8 * row + file);
             const Place corner = corner_of(square, m_cell);
             if (!is_visible(corner)) continue;
-            const int code = m_picture.table.code(square);
-            paint_image(m_picture.table.background(square), corner);
-            if (is_piece(code)) paint_image(code, corner);
+            const Piece piece = m_picture.table.piece_on(square);
+            paint_image(is_dark(square) ? dark_square_image : light_square_image, corner);
+            if (!piece.empty()) paint_image(image_code(piece), corner);
         }
     }
 }
@@ -87,8 +88,8 @@ void Painter::paint_cells() {
 /// Shades a cell around its piece: a colour laid over the piece would dull it. The function gets the corner
 /// of the cell.
 template <class Shade>
-void Painter::shade_square(int square, const Shade& shade) {
-    if (!is_square(square)) return;
+void Painter::shade_square(Square square, const Shade& shade) {
+    if (!square.on_board()) return;
     const Place corner = corner_of(square, m_cell);
     if (!is_visible(corner)) return;
     m_cr->save();
@@ -96,9 +97,9 @@ void Painter::shade_square(int square, const Shade& shade) {
     m_cr->clip();
     m_cr->push_group();
     shade(corner);
-    if (is_piece(m_picture.table.code(square))) {
+    if (const Piece piece = m_picture.table.piece_on(square); !piece.empty()) {
         m_cr->set_operator(Cairo::OPERATOR_DEST_OUT);
-        set_image(m_picture.table.code(square), corner);
+        set_image(image_code(piece), corner);
         m_cr->paint();
     }
     m_cr->pop_group_to_source();
@@ -106,14 +107,14 @@ void Painter::shade_square(int square, const Shade& shade) {
     m_cr->restore();
 }
 
-void Painter::tint_square(int square, const Tint& tint) {
+void Painter::tint_square(Square square, const Tint& tint) {
     shade_square(square, [&](Place) {
         set_tint(m_cr, tint);
         m_cr->paint();
     });
 }
 
-void Painter::warn_on_square(int square) {
+void Painter::warn_on_square(Square square) {
     shade_square(square, [&](Place corner) {
         const double x = corner.x + m_cell.width / 2.0, y = corner.y + m_cell.height / 2.0;
         const auto glow = Cairo::RadialGradient::create(x, y, 0, x, y, m_cell.width * 0.62);
@@ -127,7 +128,7 @@ void Painter::warn_on_square(int square) {
 }
 
 /// A disc, or a ring when it has a hole, in the middle of a cell; radii in cells.
-void Painter::paint_disc(int square, double radius, double hole) {
+void Painter::paint_disc(Square square, double radius, double hole) {
     shade_square(square, [&](Place corner) {
         const double x = corner.x + m_cell.width / 2.0, y = corner.y + m_cell.height / 2.0;
         m_cr->begin_new_path();
@@ -148,19 +149,18 @@ void Painter::paint_marks() {
     }
     if (marks.selected) tint_square(*marks.selected, selection_tint);
     if (marks.checked_king) warn_on_square(*marks.checked_king);
-    for (const int square : marks.targets) paint_disc(square, 0.15, 0);
-    for (const int square : marks.captures) paint_disc(square, 0.485, 0.395);
+    for (const Square square : marks.targets) paint_disc(square, 0.15, 0);
+    for (const Square square : marks.captures) paint_disc(square, 0.485, 0.395);
     m_cr->restore();
 }
 
 void Painter::paint_piece_in_the_air() {
     if (!m_picture.table.dragging()) return;
-    paint_image(m_picture.table.drag_piece(), m_picture.table.drag_place());
+    paint_image(image_code(m_picture.table.drag_piece()), m_picture.table.drag_place());
 }
 
 void Painter::paint_arrow(const Arrow& arrow) {
     static constexpr std::array<Tint, 3> colors{{{1, 0, 0, 0.8}, {0, 1, 0, 0.8}, {0, 0, 1, 0.8}}};
-    if (arrow.color < 0 || std::size_t(arrow.color) >= colors.size()) return;
     const int height = 8 * m_cell.height;
     m_cr->save();
     set_tint(m_cr, colors[std::size_t(arrow.color)]);

@@ -31,8 +31,8 @@ ChessBoard::ChessBoard(int size)
 
 void ChessBoard::set_fen(const std::string& fen) {
     const ShownPosition position = read_shown_position(fen);
-    m_board.set_position(position.letters);
-    drawing().get_accessible()->set_description(describe_pieces(position.letters));
+    m_board.set_position(position.pieces);
+    drawing().get_accessible()->set_description(describe_pieces(position.pieces));
     m_white_to_move = position.white_to_move;
 }
 

@@ -13,7 +13,7 @@ namespace velmora {
 
 /// The chess board of the window: keeps the board square, with the letters of the files and the digits of the
 /// ranks around it, and reads FEN. It knows no rules: it shows what it is told and reports a drag as a pair
-/// of squares. Squares are those of the position, 0 is a1, whichever side the board is seen from.
+/// of squares. Squares are those of the position, whichever side the board is seen from.
 class ChessBoard : public Gtk::AspectFrame {
 public:
     /// The size of the board in pixels, see board_size().
@@ -26,21 +26,21 @@ public:
     bool white_to_move() const { return m_white_to_move; }
 
     /// From and to of the last drag; the square twice after a plain click.
-    std::pair<int, int> get_move() const { return m_board.get_move(); }
+    std::pair<Square, Square> get_move() const { return m_board.get_move(); }
 
     /// Turns the board by half and drops the arrows.
     void flip();
     bool is_flipped() const { return m_board.is_flipped(); }
 
-    /// Colour 0 red, 1 green, 2 blue.
-    void set_arrow(int from, int to, int color) { m_board.set_arrow(from, to, color); }
+    /// Adds an arrow; nothing when one is no square of the board.
+    void set_arrow(Square from, Square to, ArrowColor color) { m_board.set_arrow(from, to, color); }
     void clear_arrows() { m_board.clear_arrows(); }
     const std::vector<Arrow>& arrows() const { return m_board.arrows(); }
 
     void set_marks(const BoardMarks& marks) { m_board.set_marks(marks); }
 
     /// The square whose piece is in the air, from the press on it to the release.
-    std::optional<int> picked_square() const { return m_board.picked_square(); }
+    std::optional<Square> picked_square() const { return m_board.picked_square(); }
 
     Drawing& drawing() { return m_board.drawing(); }
 

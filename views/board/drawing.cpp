@@ -6,7 +6,7 @@
 
 #include "views/board/board_accessible.h"
 #include "views/board/board_painter.h"
-#include "views/board/image_code.h"
+#include "views/board/shown_position.h"
 
 namespace velmora {
 
@@ -21,26 +21,30 @@ Drawing::Drawing(int size) : Glib::ObjectBase("velmora_Drawing") {
     m_cell = cell_of(side, side);
 }
 
-void Drawing::set_pieces(std::string_view letters) {
-    const auto before = m_table.squares();
+void Drawing::set_pieces(const Placement& pieces) {
+    const Placement before = m_table.pieces();
     redraw_piece_in_the_air();
-    m_table.set_pieces(letters);
+    m_table.set_pieces(pieces);
     squares_changed_since(before);
 }
 
-void Drawing::set_piece(char letter, int square) {
-    m_table.set_piece(letter, square);
+void Drawing::set_pieces(std::string_view letters) { set_pieces(shown_pieces(letters)); }
+
+void Drawing::set_piece(char letter, Square square) {
+    const Piece piece = shown_piece(letter);
+    if (piece.empty()) return;
+    m_table.set_piece(piece, square);
     square_changed(square);
 }
 
-void Drawing::clear_square(int square) {
+void Drawing::clear_square(Square square) {
     m_table.clear_square(square);
     square_changed(square);
 }
 
 void Drawing::clear() {
     clear_arrows();
-    const auto before = m_table.squares();
+    const Placement before = m_table.pieces();
     redraw_piece_in_the_air();
     m_table.clear();
     squares_changed_since(before);
@@ -59,7 +63,7 @@ void Drawing::drag_to(double x, double y) {
     redraw_piece_in_the_air();
 }
 
-std::optional<std::pair<int, int>> Drawing::end_drag(double x, double y) {
+std::optional<std::pair<Square, Square>> Drawing::end_drag(double x, double y) {
     redraw_piece_in_the_air();
     const auto move = m_table.end_drag(square_at(x, y));
     if (move) {
@@ -83,8 +87,7 @@ void Drawing::flip() {
     queue_draw();
 }
 
-void Drawing::set_arrow(int from, int to, int color) {
-    if (!is_square(from) || !is_square(to)) return;
+void Drawing::set_arrow(Square from, Square to, ArrowColor color) {
     if (const auto arrow = make_arrow(shown_square(from), shown_square(to), color, m_cell)) {
         m_arrows.push_back(*arrow);
         queue_draw();
@@ -100,7 +103,7 @@ void Drawing::clear_arrows() {
 void Drawing::set_marks(const BoardMarks& marks) {
     const auto squares = changed_squares(m_marks, marks);
     m_marks = marks;
-    for (const int square : squares) redraw_square(square);
+    for (const Square square : squares) redraw_square(square);
 }
 
 const std::vector<Glib::RefPtr<Gdk::Pixbuf>>& Drawing::pixbufs() {
@@ -108,10 +111,9 @@ const std::vector<Glib::RefPtr<Gdk::Pixbuf>>& Drawing::pixbufs() {
     return m_images.pixbufs();
 }
 
-std::string Drawing::content_in_words(int square) const {
-    const int code = m_table.code(shown_square(square));
-    return square_name(square) + ", " +
-           (is_piece(code) ? std::string(image_names[std::size_t(code)]) : "empty");
+std::string Drawing::content_in_words(Square square) const {
+    const Piece piece = m_table.piece_on(shown_square(square));
+    return square.name() + ", " + (piece.empty() ? "empty" : piece.name());
 }
 
 bool Drawing::on_draw(const Cairo::RefPtr<Cairo::Context>& cr) {
@@ -127,20 +129,20 @@ void Drawing::on_size_allocate(Gtk::Allocation& allocation) {
     m_cell = cell_of(allocation.get_width(), allocation.get_height());
 }
 
-void Drawing::redraw_square(int square) {
+void Drawing::redraw_square(Square square) {
     const Place corner = corner_of(square, m_cell);
     queue_draw_area(corner.x, corner.y, m_cell.width, m_cell.height);
 }
 
 /// Draws a shown square anew and tells who listens.
-void Drawing::square_changed(int square) {
+void Drawing::square_changed(Square square) {
     redraw_square(square);
     tell_square_changed(Gtk::Widget::gobj(), shown_square(square));
 }
 
-void Drawing::squares_changed_since(const SquareTable::Codes& before) {
-    for (int square = 0; square < square_count; ++square) {
-        if (before[std::size_t(square)] != m_table.squares()[std::size_t(square)]) square_changed(square);
+void Drawing::squares_changed_since(const Placement& before) {
+    for (Square square(0); square.on_board(); ++square) {
+        if (before[std::size_t(square.value())] != m_table.piece_on(square)) square_changed(square);
     }
 }
 

@@ -16,17 +16,19 @@
 
 namespace velmora {
 
-/// The widget that paints the board. All squares are shown squares, 0 is the lower left corner of the screen;
-/// only set_arrow() takes squares of the position and turns them itself.
+/// The widget that paints the board. All squares are shown squares; only set_arrow() takes squares of the
+/// position and turns them itself.
 class Drawing : public Gtk::DrawingArea {
 public:
     /// Asks for a board of this many pixels, see board_size().
     explicit Drawing(int size);
 
     /// As in SquareTable; what has changed is drawn anew.
+    void set_pieces(const Placement& pieces);
+    /// By letters as shown_pieces() reads them; "?" alone leaves a square as it is.
     void set_pieces(std::string_view letters);
-    void set_piece(char letter, int square);
-    void clear_square(int square);
+    void set_piece(char letter, Square square);
+    void clear_square(Square square);
     /// Takes all pieces and all arrows off the board.
     void clear();
 
@@ -35,16 +37,16 @@ public:
     /// Centres the piece in the air on a point.
     void drag_to(double x, double y);
     /// Lets go at a point; see SquareTable::end_drag().
-    std::optional<std::pair<int, int>> end_drag(double x, double y);
+    std::optional<std::pair<Square, Square>> end_drag(double x, double y);
     /// Puts a piece in the air back.
     void cancel_drag();
 
     /// Turns the board with its pieces by half. Drops the arrows.
     void flip();
 
-    /// Colour 0 red, 1 green, 2 blue; nothing when a square is beyond 0 to 63. The arrow is made for the
-    /// present size of the cells and stays so when the size changes.
-    void set_arrow(int from, int to, int color);
+    /// Nothing when one is no square of the board. The arrow is made for the present size of the cells and
+    /// stays so when the size changes.
+    void set_arrow(Square from, Square to, ArrowColor color);
     void clear_arrows();
     const std::vector<Arrow>& arrows() const { return m_arrows; }
 
@@ -52,13 +54,17 @@ public:
 
     /// The fourteen images by code, at the size of a cell in device pixels.
     const std::vector<Glib::RefPtr<Gdk::Pixbuf>>& pixbufs();
+    /// That of a piece.
+    const Glib::RefPtr<Gdk::Pixbuf>& image_of(Piece piece) {
+        return pixbufs().at(std::size_t(image_code(piece)));
+    }
 
     /// Where a square of the position is shown, and which one a shown square is.
-    int shown_square(int square) const { return m_flipped ? turned(square) : square; }
+    Square shown_square(Square square) const { return m_flipped ? turned(square) : square; }
     /// "e4, white pawn" or "e4, empty" for a square of the position.
-    std::string content_in_words(int square) const;
+    std::string content_in_words(Square square) const;
     /// A square of the position has been pressed by other means than the pointer.
-    sigc::signal<void, int>& signal_square_pressed() { return m_square_pressed; }
+    sigc::signal<void, Square>& signal_square_pressed() { return m_square_pressed; }
 
     const SquareTable& table() const { return m_table; }
     CellSize cell() const { return m_cell; }
@@ -69,15 +75,15 @@ protected:
     void on_size_allocate(Gtk::Allocation& allocation) override;
 
 private:
-    std::optional<int> square_at(double x, double y) const { return velmora::square_at(x, y, m_cell); }
-    void redraw_square(int square);
-    void square_changed(int square);
-    void squares_changed_since(const SquareTable::Codes& before);
+    std::optional<Square> square_at(double x, double y) const { return velmora::square_at(x, y, m_cell); }
+    void redraw_square(Square square);
+    void square_changed(Square square);
+    void squares_changed_since(const Placement& before);
     void redraw_piece_in_the_air();
     void render_images(double device_scale);
     bool redraw_settled();
 
-    sigc::signal<void, int> m_square_pressed;
+    sigc::signal<void, Square> m_square_pressed;
     CellSize m_cell;
     bool m_flipped = false;
     SquareTable m_table;

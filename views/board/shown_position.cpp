@@ -1,11 +1,10 @@
 #include "views/board/shown_position.h"
 
+#include <algorithm>
 #include <sstream>
 #include <stdexcept>
 
 #include "base/text.h"
-#include "views/board/image_code.h"
-#include "views/board/square_geometry.h"
 
 namespace velmora {
 
@@ -15,57 +14,80 @@ namespace {
     throw std::logic_error("BoardPosition::fen(" + fen + ")    syntax error");
 }
 
-/// "king e1" or "rooks a1, h1"; empty without a piece of that letter.
-std::string pieces_of(char letter, std::string_view name, std::string_view letters) {
-    std::string places;
-    int count = 0;
-    for (std::size_t square = 0; square < letters.size(); ++square) {
-        if (letters[square] != letter) continue;
-        places += (count++ == 0 ? " " : ", ") + square_name(int(square));
-    }
-    if (count == 0) return {};
-    return std::string(name) + (count > 1 ? "s" : "") + places;
+[[noreturn]] void throw_unknown_piece(const std::string& fen, char character) {
+    std::ostringstream message;
+    message << "ChessBoard::set_fen(" << fen << ") \nunkown piece 0x" << std::hex
+            << unsigned(static_cast<unsigned char>(character));
+    throw std::logic_error(message.str());
 }
 
-std::string side_in_words(std::string_view title, std::string_view pieces, std::string_view letters) {
-    static constexpr std::string_view names[] = {"king", "queen", "rook", "bishop", "knight", "pawn"};
+/// "king e1" or "rooks a1, h1"; empty without such a piece.
+std::string places_in_words(Piece piece, const Placement& pieces) {
+    std::string places;
+    int count = 0;
+    for (Square square(0); square.on_board(); ++square) {
+        if (pieces[std::size_t(square.value())] != piece) continue;
+        places += (count++ == 0 ? " " : ", ") + square.name();
+    }
+    if (count == 0) return {};
+    return std::string(kind_name(piece.kind())) + (count > 1 ? "s" : "") + places;
+}
+
+std::string side_in_words(Side side, const Placement& pieces) {
     std::string text;
-    for (std::size_t i = 0; i < pieces.size(); ++i) {
-        const std::string found = pieces_of(pieces[i], names[i], letters);
+    for (const PieceKind kind : {PieceKind::king, PieceKind::queen, PieceKind::rook, PieceKind::bishop,
+                                 PieceKind::knight, PieceKind::pawn}) {
+        const std::string found = places_in_words(Piece(kind, side), pieces);
         if (!found.empty()) text += (text.empty() ? ": " : ", ") + found;
     }
     if (text.empty()) text = ": no pieces";
-    return std::string(title) + text + ".";
+    return (side == Side::white ? "White" : "Black") + text + ".";
 }
 
 }  // namespace
 
 ShownPosition read_shown_position(const std::string& fen) {
     text::WordReader words(fen);
-    ShownPosition position{std::string(square_count, '?'), false};
-    int index = 56;
-    for (const char character : words.word()) {
-        if (character == '/') {
-            index -= 16;
-            if (index < 0) throw_syntax_error(fen);
-        } else if (character >= '1' && character <= '8') {
-            index += character - '0';
-        } else if (piece_code(character)) {
-            if (!is_square(index)) throw_syntax_error(fen);
-            position.letters[std::size_t(index++)] = character;
-        } else {
-            std::ostringstream message;
-            message << "ChessBoard::set_fen(" << fen << ") \nunkown piece 0x" << std::hex
-                    << unsigned(static_cast<unsigned char>(character));
-            throw std::logic_error(message.str());
+    ShownPosition position;
+    const std::string_view board = words.word();
+    for (PlacementReader reader(board); !reader.at_end();) {
+        const Square square = reader.square();
+        switch (reader.read()) {
+            case PlacementReader::Step::rank_end:
+                if (reader.square() < Square(0)) throw_syntax_error(fen);
+                break;
+            case PlacementReader::Step::gap:
+                break;
+            case PlacementReader::Step::piece:
+                if (!square.on_board()) throw_syntax_error(fen);
+                position.pieces[std::size_t(square.value())] = reader.piece();
+                break;
+            case PlacementReader::Step::fault:
+                throw_unknown_piece(fen, board[reader.index() - 1]);
         }
     }
     position.white_to_move = words.word() == "w";
     return position;
 }
 
-std::string describe_pieces(std::string_view letters) {
-    return side_in_words("White", "KQRBNP", letters) + " " + side_in_words("Black", "kqrbnp", letters);
+Piece shown_piece(char letter) {
+    const Piece piece = piece_of_letter(letter);
+    // The text names a function that has nothing to do with it: it is fixed.
+    if (piece.empty() && letter != '?') {
+        throw std::logic_error("Drawing::set_parent_window(Gtk::Window*)  unknown piece");
+    }
+    return piece;
+}
+
+Placement shown_pieces(std::string_view letters) {
+    Placement pieces;
+    if (letters.size() != pieces.size()) throw std::logic_error("Drawing::set_pieces: not 64 characters");
+    std::transform(letters.begin(), letters.end(), pieces.begin(), shown_piece);
+    return pieces;
+}
+
+std::string describe_pieces(const Placement& pieces) {
+    return side_in_words(Side::white, pieces) + " " + side_in_words(Side::black, pieces);
 }
 
 }  // namespace velmora

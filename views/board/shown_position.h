@@ -3,11 +3,13 @@
 #include <string>
 #include <string_view>
 
+#include "chess/board/placement.h"
+
 namespace velmora {
 
 /// What the board takes from a FEN.
 struct ShownPosition {
-    std::string letters;  ///< 64 characters, a1 first: the letters of the pieces, "?" for an empty square
+    Placement pieces;
     bool white_to_move = false;
 };
 
@@ -16,8 +18,14 @@ struct ShownPosition {
 /// character that is no piece.
 ShownPosition read_shown_position(const std::string& fen);
 
+/// The piece of a letter, none for "?". Throws std::logic_error for any other character.
+Piece shown_piece(char letter);
+
+/// The pieces of 64 such letters, a1 first. Throws std::logic_error for another number of letters, too.
+Placement shown_pieces(std::string_view letters);
+
 /// The pieces by side and square in words, for a screen reader:
 /// "White: king e1, queen d1, rooks a1, h1. Black: king e8."
-std::string describe_pieces(std::string_view letters);
+std::string describe_pieces(const Placement& pieces);
 
 }  // namespace velmora

@@ -2,26 +2,23 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
+
+#include "chess/board/square.h"
 
 /// The arithmetic of a board of 8 by 8 cells, without a widget.
 ///
-/// Squares are numbered 0 (a1), 1 (b1) ... 63 (h8). A shown square counts from the lower left corner of the
-/// screen and is the square itself on a board seen from White's side.
+/// A shown square counts from the lower left corner of the screen: on a board seen from White's side it is
+/// the square itself, on a flipped one its opposite. Both are a Square, since most of the arithmetic is the
+/// same for both; what takes a shown one says so.
 namespace velmora {
 
 constexpr int square_count = 64;
 
-constexpr bool is_square(int square) { return square >= 0 && square < square_count; }
-
 /// The half turn of the board: from a square to where a flipped board shows it, and back.
-constexpr int turned(int square) { return square_count - 1 - square; }
+constexpr Square turned(Square square) { return Square(square_count - 1 - square.value()); }
 
 /// Whether a square is dark, as a1 is.
-constexpr bool is_dark(int square) { return (square % 8 + square / 8) % 2 == 0; }
-
-/// "e4" for 28.
-std::string square_name(int square);
+constexpr bool is_dark(Square square) { return (square.file() + square.rank()) % 2 == 0; }
 
 /// The side of the board in pixels for a requested one: rounded down to whole cells from 360 to 1200, else
 /// 560.
@@ -46,11 +43,11 @@ struct Place {
 };
 
 /// The upper left corner of a shown square's cell.
-constexpr Place corner_of(int shown_square, CellSize cell) {
-    return {shown_square % 8 * cell.width, (7 - shown_square / 8) * cell.height};
+constexpr Place corner_of(Square shown_square, CellSize cell) {
+    return {shown_square.file() * cell.width, shown_square.reverse_rank() * cell.height};
 }
 
 /// The shown square under a point; nothing for a point beside the 64 squares.
-std::optional<int> square_at(double x, double y, CellSize cell);
+std::optional<Square> square_at(double x, double y, CellSize cell);
 
 }  // namespace velmora

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "chess/board/piece.h"
 #include "views/choice/choice_dialog.h"
 
 namespace velmora {
@@ -7,13 +8,17 @@ namespace velmora {
 using PromoChoiceEvent = ChoiceEvent;
 using PromoChoiceDraw = ChoiceDraw;
 
-/// Offers the pieces that a pawn may become; choice() is 4 for a queen, 5 rook, 6 bishop, 7 knight.
+/// Offers the pieces that a pawn may become; choice() is 4 for a queen, 5 rook, 6 bishop, 7 knight, kind()
+/// what that means.
 class PromoChoiceDialog : public ChoiceDialog {
 public:
     using Image = Glib::RefPtr<Gdk::Pixbuf>;
     /// Takes the images of the side that promotes and runs the dialog.
     PromoChoiceDialog(Gtk::Window& parent, const Image& queen, const Image& rook, const Image& bishop,
                       const Image& knight);
+
+    /// None without a choice.
+    PieceKind kind() const;
 };
 
 }  // namespace velmora

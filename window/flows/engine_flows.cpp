@@ -35,7 +35,7 @@ EngineFlows::EngineFlows(GameDesk& desk, Screen& screen, Dialogs& dialogs, Manag
           }
       }) {}
 
-void EngineFlows::send_load(const std::string& command, const std::string& name, Protocol protocol) {
+void EngineFlows::send_load(const to_referee::Load& command, const std::string& name, Protocol protocol) {
     m_manager.send(command);
     m_engine.begin_load(name, protocol);
     // The referee stands at the start of a game after a load, the board doesn't.
@@ -48,7 +48,7 @@ void EngineFlows::load() {
     if (path.empty()) return;
     const auto protocol = m_dialogs.choose_protocol();
     if (!protocol) return;
-    send_load("load " + std::to_string(static_cast<int>(*protocol)) + " filename " + path,
+    send_load({static_cast<int>(*protocol), to_referee::Load::Source::filename, path},
               std::filesystem::path(path).filename(), *protocol);
 }
 
@@ -56,7 +56,7 @@ void EngineFlows::load_installed() {
     try {
         const auto engine = m_dialogs.choose_installed();
         if (engine && !engine->name.empty()) {
-            send_load("load 0 name " + engine->name, engine->name, engine->protocol);
+            send_load({0, to_referee::Load::Source::name, engine->name}, engine->name, engine->protocol);
         }
     } catch (const std::exception& error) {
         m_dialogs.tell_user("The list of engines can't be used", error.what());
@@ -83,7 +83,7 @@ void EngineFlows::choose_time_control() {
     m_desk.level = *level;
     m_screen.set_clock_level(m_desk.level);
     m_screen.reset_clocks();
-    m_manager.send("level " + m_desk.level.text());
+    m_manager.send(to_referee::SetLevel{m_desk.level.text()});
 }
 
 void EngineFlows::edit_options() {
@@ -101,7 +101,7 @@ void EngineFlows::edit_options() {
         return;
     }
     for (const Option& option : option_lists::changed(before, after)) {
-        m_manager.send("setoption name " + option.name + " value " + option.value);
+        m_manager.send(to_referee::SetOption{option.name, option.value});
     }
 }
 

@@ -29,7 +29,7 @@ public:
 
 private:
     /// @param name  of the program, for the person
-    void send_load(const std::string& command, const std::string& name, Protocol protocol);
+    void send_load(const to_referee::Load& command, const std::string& name, Protocol protocol);
 
     GameDesk& m_desk;
     Screen& m_screen;

@@ -169,7 +169,7 @@ void FileFlows::choose_polyglot_book() {
 }
 
 void FileFlows::use_polyglot_book(const std::string& path) {
-    if (is_readable(path)) m_manager.send("polyglotbook " + path);
+    if (is_readable(path)) m_manager.send(to_referee::PolyglotBook{path});
 }
 
 void FileFlows::open(const std::vector<std::string>& paths) {

@@ -58,7 +58,7 @@ void TournamentFlows::edit() {
             case TournamentEdit::Action::ok:
                 enter(m_tournament, edit.entered, installed.engines());
                 m_tournament.save_anew();
-                m_manager.send("load_tournament " + m_tournament.event());
+                m_manager.send(to_referee::LoadTournament{m_tournament.event()});
                 break;
             case TournamentEdit::Action::cancel:
                 leave();
@@ -100,17 +100,17 @@ void TournamentFlows::load_named(const std::string& name) {
         m_desk.level = m_tournament.level();
         m_screen.set_clock_level(m_desk.level);
         m_screen.reset_clocks();
-        m_manager.send("level " + m_desk.level.text());
+        m_manager.send(to_referee::SetLevel{m_desk.level.text()});
     } catch (const std::exception& error) {
         // The referee fails in the same way and tells the person.
         std::cerr << error.what() << '\n';
     }
-    m_manager.send("load_tournament " + name);
+    m_manager.send(to_referee::LoadTournament{name});
 }
 
 void TournamentFlows::leave() {
     m_screen.select_mode(Mode::human_human);
-    m_manager.send("human_human");
+    m_manager.send(to_referee::HumanHuman());
 }
 
 }  // namespace velmora

@@ -57,7 +57,7 @@ const std::vector<ActionRow>& Actions::table() {
         separator,
         entry("PolyglotBook", "Polyglot book", [](Rooms& rooms) { rooms.files.choose_polyglot_book(); }),
         separator,
-        entry("Quit", "Quit", [](Rooms& rooms) { rooms.manager.send("quit"); }),
+        entry("Quit", "Quit", [](Rooms& rooms) { rooms.manager.send(to_referee::Quit()); }),
 
         menu("ViewMenu", "View"),
         entry("Flip", "Flip View",
@@ -96,11 +96,11 @@ const std::vector<ActionRow>& Actions::table() {
         entry("TimeControl", "Time Control...", [](Rooms& rooms) { rooms.engines.choose_time_control(); }),
         entry("Engine1_options", "Engine...", [](Rooms& rooms) { rooms.engines.edit_options(); }),
         switch_entry("Ponder", "Ponder",
-                     [](Rooms& rooms, bool on) { rooms.manager.send(on ? "ponder on" : "ponder off"); }),
+                     [](Rooms& rooms, bool on) { rooms.manager.send(to_referee::Ponder{on}); }),
         switch_entry("Debug", "Debug",
                      [](Rooms& rooms, bool on) {
                          rooms.manager.set_logging(on);
-                         rooms.manager.send(on ? "debug true" : "debug false");
+                         rooms.manager.send(to_referee::Debug{on});
                      }),
 
         menu("InfoMenu", "Info"),

@@ -110,13 +110,13 @@ Move GameDesk::last_move() const {
 std::string GameDesk::last_move_text() const {
     const auto& node = game.tree().node(game.current());
     if (node.type != ElementType::move) return {};
-    return (node.color == 1 ? "White: " : "Black: ") + node.san;
+    return (node.color == Side::white ? "White: " : "Black: ") + node.san;
 }
 
 std::string GameDesk::next_move_text() const {
     const MoveSectionElement* const next = next_move();
     if (!next || next->san.empty()) return "The move";
-    return std::to_string(next->move_number) + (next->color == 1 ? ". " : "... ") + next->san;
+    return std::to_string(next->move_number) + (next->color == Side::white ? ". " : "... ") + next->san;
 }
 
 std::string GameDesk::epd_text() const {

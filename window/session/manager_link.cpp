@@ -1,21 +1,23 @@
 #include "window/session/manager_link.h"
 
 #include "base/text.h"
+#include "channel/sender.h"
 
 namespace velmora {
 
 ManagerLink::ManagerLink(CommandSink& manager) : m_manager(manager) { m_session.start(); }
 
-void ManagerLink::send(const std::string& command) {
-    const std::string line = "0 " + command;
+void ManagerLink::send_text(const std::string& command) {
+    const std::string line = window_line(command);
     m_manager.put_command(line);
-    const auto word = text::first_word(command);
+    const auto effects = to_referee::effects_of(command);
     ++m_sent;
-    if (word == "usermove" || word == "setboard" || word == "new") m_position_sent = m_sent;
-    if (word == "load" || word == "start_tournament") m_load_sent = m_sent;
-    if (word == "quit") m_leaving = true;
-    // Sent once a second, it would flood the log.
-    if (command.find("wake_up") == std::string::npos) m_log.write(stamp() + " interface --> " + line);
+    if (effects.changes_position) m_position_sent = m_sent;
+    if (effects.seats_engines) m_load_sent = m_sent;
+    if (effects.quits) m_leaving = true;
+    // Sent once a second, it would flood the log. It is looked for anywhere in the line.
+    const bool wakes = command.find(to_referee::WakeUp::word) != std::string::npos;
+    if (!wakes) m_log.write(stamp() + " interface --> " + line);
 }
 
 void ManagerLink::receive(const std::string& line, std::uint64_t taken) {

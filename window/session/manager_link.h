@@ -6,6 +6,7 @@
 #include "base/log_file.h"
 #include "base/stopwatch.h"
 #include "channel/command_sink.h"
+#include "channel/to_referee.h"
 
 namespace velmora {
 
@@ -15,8 +16,10 @@ class ManagerLink {
 public:
     explicit ManagerLink(CommandSink& manager);
 
-    /// Puts a command, without sender id and line end, on the referee's queue.
-    void send(const std::string& command);
+    /// Puts a command on the referee's queue.
+    void send(const to_referee::Line& command) { send_text(to_referee::encode(command)); }
+    /// The same for the text of a command, without sender id and line end, be it one of the language or not.
+    void send_text(const std::string& command);
 
     /// Notes a line that came from the referee, which had taken that many of the commands when it wrote it.
     void receive(const std::string& line, std::uint64_t taken);

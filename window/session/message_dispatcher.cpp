@@ -1,9 +1,9 @@
 #include "window/session/message_dispatcher.h"
 
-#include <algorithm>
-#include <array>
 #include <iostream>
+#include <variant>
 
+#include "base/text.h"
 #include "chess/moves/legal_moves.h"
 #include "game/annotations.h"
 #include "game/game_tags.h"
@@ -17,67 +17,16 @@ namespace {
 /// The name of whoever has none, and of an engine that could not be loaded.
 constexpr const char* unknown_name = "???";
 
-}  // namespace
-
-struct MessageDispatcher::Command {
-    std::string_view word;
-    void (MessageDispatcher::*handle)(Rest& rest);
-};
-
-const MessageDispatcher::Command* MessageDispatcher::find(std::string_view word) {
-    using Self = MessageDispatcher;
-    static constexpr auto commands = std::to_array<Command>({
-        {"move", &Self::play_move},
-        {"emt", &Self::append_move_time},
-        {"takeback", &Self::take_back},
-        {"setboard", &Self::set_board},
-        {"shout", &Self::ignore},
-        {"event", &Self::set_event},
-        {"site", &Self::set_site},
-        {"round", &Self::set_round},
-        {"reset", &Self::reset_mode},
-        {"level", &Self::set_level},
-        {"wtime", &Self::set_clock<Side::white>},
-        {"btime", &Self::set_clock<Side::black>},
-        {"telluser", &Self::tell_user},
-        {"set_arrow", &Self::set_arrow},
-        {"clear_arrows", &Self::clear_arrows},
-        {"engine1name", &Self::set_engine1_name},
-        {"engine2name", &Self::set_engine2_name},
-        {"whitename", &Self::set_name<Side::white>},
-        {"blackname", &Self::set_name<Side::black>},
-        {"WhiteElo", &Self::set_elo<Side::white>},
-        {"BlackElo", &Self::set_elo<Side::black>},
-        {"new", &Self::start_new_game},
-        {"quit", &Self::close},
-        {"tournament_finished", &Self::finish_tournament},
-        {"white_info", &Self::search_output<Side::white>},
-        {"black_info", &Self::search_output<Side::black>},
-    });
-    const auto* const found = std::find_if(commands.begin(), commands.end(),
-                                           [word](const Command& row) { return row.word == word; });
-    return found == commands.end() ? nullptr : found;
-}
-
-namespace {
-
-bool is_result(std::string_view word) { return word == "1-0" || word == "0-1" || word == "1/2-1/2"; }
+std::string known_name(const std::string& name) { return name.empty() ? unknown_name : name; }
 
 const char* name_tag(Side side) { return side == Side::white ? "White" : "Black"; }
 const char* elo_tag(Side side) { return side == Side::white ? "WhiteElo" : "BlackElo"; }
 
 }  // namespace
 
-bool MessageDispatcher::knows(std::string_view word) { return is_result(word) || find(word) != nullptr; }
-
 void MessageDispatcher::process(const std::string& line) {
-    Rest rest(line);
-    const auto word = rest.word();
-    if (is_result(word)) {
-        end_game(word, rest);
-    } else if (const Command* command = find(word)) {
-        (this->*command->handle)(rest);
-    }
+    const auto said = to_window::decode(line);
+    if (said) std::visit([this](const auto& of) { handle(of); }, *said);
 }
 
 // ---------------------------------------------------------------------------------------------------------------
@@ -105,18 +54,17 @@ void MessageDispatcher::attach_annotation(Side side) {
     m_screen.start_clock(opposite(side));
 }
 
-void MessageDispatcher::play_move(Rest& rest) {
+void MessageDispatcher::handle(const to_window::PlayMove& line) {
     if (!awaits_move()) return;
-    const std::string text(rest.word());
     std::optional<Move> move;
     try {
-        move = find_legal(m_desk.position, m_desk.position.convert_to_move(text));
+        move = find_legal(m_desk.position, m_desk.position.convert_to_move(line.move));
     } catch (const std::logic_error& error) {
         std::cerr << error.what() << '\n';
     }
     if (!move) {
-        std::cerr << "The referee's move " << text << " doesn't fit the position " << m_desk.position.fen()
-                  << '\n';
+        std::cerr << "The referee's move " << line.move << " doesn't fit the position "
+                  << m_desk.position.fen() << '\n';
         return;
     }
     const Side side = m_desk.side_to_move();
@@ -131,15 +79,15 @@ void MessageDispatcher::play_move(Rest& rest) {
     m_screen.show_position();
 }
 
-void MessageDispatcher::append_move_time(Rest& rest) {
+void MessageDispatcher::handle(const to_window::MoveTime& line) {
     m_comments.store();
-    m_desk.game.append_comment("[%time " + annotation_value(rest.word()) + "]");
+    m_desk.game.append_comment("[%time " + annotation_value(line.time) + "]");
     m_desk.game.set_comment(readable_comment(m_desk.game.comment()));
     m_comments.show();
     m_screen.show_game();
 }
 
-void MessageDispatcher::take_back(Rest& /*rest*/) {
+void MessageDispatcher::handle(const to_window::TakeBack& /*line*/) {
     // The position may have been set by a FEN meanwhile; then there is no move to take back.
     if (!awaits_take_back() || m_desk.position.moves().empty()) return;
     m_comments.store();
@@ -152,11 +100,12 @@ void MessageDispatcher::take_back(Rest& /*rest*/) {
     m_screen.show_position();
 }
 
-void MessageDispatcher::set_board(Rest& rest) {
+void MessageDispatcher::handle(const to_window::SetBoard& line) {
     if (!awaits_start()) return;
     std::string fen;
+    text::WordReader fields(line.fen);
     for (int field = 0; field < 4; ++field) {
-        fen += rest.word();
+        fen += fields.word();
         fen += ' ';
     }
     m_comments.store();
@@ -171,11 +120,11 @@ void MessageDispatcher::set_board(Rest& rest) {
     m_screen.show_position();
     // A start of Chess960 that crossed a position of ours is told again: the referee has gone on to ours.
     if (m_screen.mode() == Mode::human_computer && !m_manager.referee_knows_position()) {
-        m_manager.send("setboard " + m_desk.position.fen());
+        m_manager.send(to_referee::SetBoard{m_desk.position.fen()});
     }
 }
 
-void MessageDispatcher::start_new_game(Rest& /*rest*/) {
+void MessageDispatcher::handle(const to_window::NewGame& /*line*/) {
     if (!awaits_start()) return;
     m_desk.clocks_held = false;
     m_desk.selected.reset();
@@ -193,7 +142,7 @@ void MessageDispatcher::start_new_game(Rest& /*rest*/) {
     m_screen.stop_clocks();
 }
 
-void MessageDispatcher::end_game(std::string_view result, Rest& rest) {
+void MessageDispatcher::handle(const to_window::GameOver& line) {
     if (m_desk.game.is_empty()) return;
     m_screen.stop_clocks();
     m_comments.store();
@@ -206,7 +155,8 @@ void MessageDispatcher::end_game(std::string_view result, Rest& rest) {
         if (!m_desk.players[side].elo.empty())
             game.set_tag(elo_tag(side), tag_safe(m_desk.players[side].elo));
     }
-    std::string ending = ending_text(rest.rest(), result);
+    const std::string_view result = result_token(line.result);
+    std::string ending = ending_text(line.reason, result);
     game.set_result(ending);
     // The words of the comment may hold another result; the tag has the referee's.
     game.set_tag("Result", std::string(result));
@@ -217,94 +167,81 @@ void MessageDispatcher::end_game(std::string_view result, Rest& rest) {
     if (fault) std::cerr << "The game could not be added to the archive " << *fault << '\n';
 }
 
-template <Side side>
-void MessageDispatcher::search_output(Rest& rest) {
-    const std::string line(rest.rest());
+void MessageDispatcher::handle(const to_window::SearchOutput& line) {
     if (m_manager.is_leaving()) return;
-    if (line.find("currmove") == std::string::npos) m_screen.add_analysis(side, line + "\n");
-    annotate(m_desk.annotation[side], line, side);
+    if (line.text.find("currmove") == std::string::npos) m_screen.add_analysis(line.side, line.text + "\n");
+    annotate(m_desk.annotation[line.side], line.text, line.side);
 }
 
 // ---------------------------------------------------------------------------------------------------------------
 // What is shown around the board
 
-void MessageDispatcher::set_event(Rest& rest) {
-    m_desk.event = text::trim_leading_blanks(rest.rest());
+void MessageDispatcher::handle(const to_window::SetEvent& line) {
+    m_desk.event = line.event;
     m_desk.game.set_tag("Event", tag_safe(m_desk.event));
 }
 
-void MessageDispatcher::set_site(Rest& rest) {
-    m_desk.site = text::trim_leading_blanks(rest.rest());
+void MessageDispatcher::handle(const to_window::SetSite& line) {
+    m_desk.site = line.site;
     m_desk.game.set_tag("Site", tag_safe(m_desk.site));
 }
 
-void MessageDispatcher::set_round(Rest& rest) {
-    m_desk.round = rest.word();
+void MessageDispatcher::handle(const to_window::SetRound& line) {
+    m_desk.round = line.round;
     m_desk.game.set_tag("Round", tag_safe(m_desk.round));
 }
 
-void MessageDispatcher::set_level(Rest& rest) {
-    std::string level(rest.word());
-    level += ' ' + std::to_string(rest.integer<int>().value_or(0));
-    level += ' ' + std::string(rest.word());
-    level += ' ' + text::default_form(rest.real().value_or(0));
-    m_desk.level = Level(level);
+void MessageDispatcher::handle(const to_window::SetLevel& line) {
+    m_desk.level = Level(line.level);
     m_screen.set_clock_level(m_desk.level);
     m_screen.reset_clocks();
 }
 
-template <Side side>
-void MessageDispatcher::set_clock(Rest& rest) {
-    m_screen.set_clock(side, rest.integer<int>().value_or(0) / 10);
+void MessageDispatcher::handle(const to_window::SetClock& line) {
+    m_screen.set_clock(line.side, line.ms / 10);
 }
 
-std::string MessageDispatcher::clean_name(Rest& rest) {
-    const auto name = text::trim_blanks(rest.rest());
-    return name.empty() ? unknown_name : std::string(name);
-}
-
-template <Side side>
-void MessageDispatcher::set_name(Rest& rest) {
-    m_desk.players[side] = {clean_name(rest), ""};
+void MessageDispatcher::handle(const to_window::PlayerName& line) {
+    m_desk.players[line.side] = {known_name(line.name), ""};
     m_engine.end_search();
     m_engine.set_title(m_desk.players[Side::white].name + "  " + m_desk.players[Side::black].name);
 }
 
-template <Side side>
-void MessageDispatcher::set_elo(Rest& rest) {
-    m_desk.players[side].elo = rest.word();
+void MessageDispatcher::handle(const to_window::PlayerElo& line) { m_desk.players[line.side].elo = line.elo; }
+
+void MessageDispatcher::handle(const to_window::EngineName& line) {
+    if (line.seat == Seat::first) {
+        m_engine.take_name(known_name(line.name));
+    } else {
+        m_desk.engine2_name = known_name(line.name);
+    }
 }
 
-void MessageDispatcher::set_engine1_name(Rest& rest) { m_engine.take_name(clean_name(rest)); }
-
-void MessageDispatcher::set_engine2_name(Rest& rest) { m_desk.engine2_name = clean_name(rest); }
-
-void MessageDispatcher::set_arrow(Rest& rest) {
-    const int from = rest.integer<int>().value_or(0);
-    const int to = rest.integer<int>().value_or(0);
-    const auto color = rest.word();
-    m_screen.set_arrow(from, to, color.starts_with('r') ? 0 : color.starts_with('g') ? 1 : 2);
+void MessageDispatcher::handle(const to_window::SetArrow& line) {
+    m_screen.set_arrow(line.from.value(), line.to.value(), static_cast<int>(line.color));
 }
 
-void MessageDispatcher::clear_arrows(Rest& /*rest*/) { m_screen.clear_arrows(); }
+void MessageDispatcher::handle(const to_window::ClearArrows& /*line*/) { m_screen.clear_arrows(); }
 
 // ---------------------------------------------------------------------------------------------------------------
 // The program
 
-void MessageDispatcher::tell_user(Rest& rest) {
+void MessageDispatcher::handle(const to_window::TellUser& line) {
     // A message box would hold up the end.
     if (m_manager.is_leaving()) return;
-    const std::string headline = text::underscores_to_blanks(rest.word());
     m_engine.end_search();
-    m_dialogs.tell_user(headline, text::underscores_to_blanks(rest.rest()));
+    m_dialogs.tell_user(text::underscores_to_blanks(line.headline),
+                        text::underscores_to_blanks(line.details));
 }
 
-void MessageDispatcher::reset_mode(Rest& rest) {
-    if (rest.word() == "mode") m_screen.select_mode(Mode::human_human);
+void MessageDispatcher::handle(const to_window::ResetMode& /*line*/) {
+    m_screen.select_mode(Mode::human_human);
 }
 
-void MessageDispatcher::finish_tournament(Rest& /*rest*/) { m_screen.select_mode(Mode::human_human); }
+void MessageDispatcher::handle(const to_window::TournamentFinished& /*line*/) {
+    m_screen.select_mode(Mode::human_human);
+}
 
-void MessageDispatcher::close(Rest& /*rest*/) { m_screen.close(); }
+void MessageDispatcher::handle(const to_window::Quit& /*line*/) { m_screen.close(); }
 
 }  // namespace velmora

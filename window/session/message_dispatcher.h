@@ -1,9 +1,8 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
-#include "base/text.h"
+#include "channel/to_window.h"
 #include "chess/board/side.h"
 #include "window/session/comment_keeper.h"
 #include "window/session/dialogs.h"
@@ -14,7 +13,7 @@
 
 namespace velmora {
 
-/// Carries out the referee's lines on the desk and the screen: the table from first word to handler.
+/// Carries out the referee's lines on the desk and the screen, one function a line.
 ///
 /// The board changes only where the mode lets the referee move it.
 class MessageDispatcher {
@@ -28,49 +27,38 @@ public:
           m_manager(manager),
           m_engine(engine) {}
 
-    /// Handles one line; a line whose first word is in no table is ignored.
+    /// Handles one line; a line whose first word is none of the language is ignored.
     /// @throws whatever a handler throws; the caller's loop contains it
     void process(const std::string& line);
 
-    /// Whether a line with this first word is handled at all.
-    static bool knows(std::string_view word);
-
 private:
-    using Rest = text::WordReader;
-    struct Command;
-
     // A game as it is played
-    void play_move(Rest& rest);
-    void append_move_time(Rest& rest);
-    void take_back(Rest& rest);
-    void set_board(Rest& rest);
-    void start_new_game(Rest& rest);
-    void end_game(std::string_view result, Rest& rest);
-    template <Side side>
-    void search_output(Rest& rest);
+    void handle(const to_window::PlayMove& line);
+    void handle(const to_window::MoveTime& line);
+    void handle(const to_window::TakeBack& line);
+    void handle(const to_window::SetBoard& line);
+    void handle(const to_window::Shout& /*line*/) {}
+    void handle(const to_window::NewGame& line);
+    void handle(const to_window::GameOver& line);
+    void handle(const to_window::SearchOutput& line);
 
     // What is shown around the board
-    void set_event(Rest& rest);
-    void set_site(Rest& rest);
-    void set_round(Rest& rest);
-    void set_level(Rest& rest);
-    template <Side side>
-    void set_clock(Rest& rest);
-    template <Side side>
-    void set_name(Rest& rest);
-    template <Side side>
-    void set_elo(Rest& rest);
-    void set_engine1_name(Rest& rest);
-    void set_engine2_name(Rest& rest);
-    void set_arrow(Rest& rest);
-    void clear_arrows(Rest& rest);
+    void handle(const to_window::SetEvent& line);
+    void handle(const to_window::SetSite& line);
+    void handle(const to_window::SetRound& line);
+    void handle(const to_window::SetLevel& line);
+    void handle(const to_window::SetClock& line);
+    void handle(const to_window::PlayerName& line);
+    void handle(const to_window::PlayerElo& line);
+    void handle(const to_window::EngineName& line);
+    void handle(const to_window::SetArrow& line);
+    void handle(const to_window::ClearArrows& line);
 
     // The program
-    void tell_user(Rest& rest);
-    void reset_mode(Rest& rest);
-    void finish_tournament(Rest& rest);
-    void close(Rest& rest);
-    void ignore(Rest&) {}
+    void handle(const to_window::TellUser& line);
+    void handle(const to_window::ResetMode& line);
+    void handle(const to_window::TournamentFinished& line);
+    void handle(const to_window::Quit& line);
 
     // Lines cross on their way: one that the referee wrote before it heard of the person's last step would
     // set the board back, while the referee goes on to follow that step. Such lines are dropped.
@@ -79,7 +67,6 @@ private:
     bool awaits_start() const;
 
     void attach_annotation(Side side);
-    std::string clean_name(Rest& rest);
 
     GameDesk& m_desk;
     Screen& m_screen;
@@ -87,8 +74,6 @@ private:
     CommentKeeper& m_comments;
     ManagerLink& m_manager;
     SeatedEngine& m_engine;
-
-    static const Command* find(std::string_view word);
 };
 
 }  // namespace velmora

@@ -18,7 +18,7 @@ void ModeController::follow_position() {
     send_position();
     const Mode mode = m_screen.mode();
     if (mode == Mode::human_computer) leave_move_to_person();
-    if (mode == Mode::analyze_position) m_manager.send("analyzeposition");
+    if (mode == Mode::analyze_position) m_manager.send(to_referee::AnalyzePosition());
 }
 
 /// Whichever side is to move, it is the person's, and the engine takes the other: nobody else would begin.
@@ -26,12 +26,12 @@ void ModeController::leave_move_to_person() {
     const Side engine = opposite(m_desk.side_to_move());
     m_desk.set_engine_plays(engine == Side::white, engine == Side::black);
     m_desk.clocks_held = false;
-    m_manager.send("playother");
+    m_manager.send(to_referee::PlayOther());
     m_screen.stop_clocks();
     m_screen.mark_clock(m_desk.side_to_move());
 }
 
-void ModeController::send_position() { m_manager.send("setboard " + m_desk.position.fen()); }
+void ModeController::send_position() { m_manager.send(to_referee::SetBoard{m_desk.position.fen()}); }
 
 void ModeController::setup(bool on) {
     m_screen.set_sensitive("StartThinking", false);
@@ -50,7 +50,7 @@ void ModeController::human_human(bool on) {
     m_desk.clear_annotations();
     m_screen.stop_clocks();
     m_desk.clocks_held = true;
-    m_manager.send("human_human");
+    m_manager.send(to_referee::HumanHuman());
     m_screen.mark_clock(m_desk.side_to_move());
 }
 
@@ -70,7 +70,7 @@ void ModeController::analyze_position(bool on) {
 
 void ModeController::learn_openings(bool on) {
     if (!on) {
-        m_manager.send("learnopenings 0");
+        m_manager.send(to_referee::LearnOpenings{0});
         return;
     }
     const int mask = m_dialogs.choose_hints();
@@ -83,7 +83,7 @@ void ModeController::learn_openings(bool on) {
     m_desk.clocks_held = true;
     m_desk.set_engine_plays(false, false);
     m_screen.clear_arrows();
-    m_manager.send("learnopenings " + std::to_string(mask));
+    m_manager.send(to_referee::LearnOpenings{mask});
     // The referee has not followed the moves of a game between people: the drill starts from what is on the
     // board.
     send_position();
@@ -98,7 +98,7 @@ void ModeController::tournament(bool on) {
     // The board of a match only looks on; its clocks follow the moves.
     m_desk.set_engine_plays(true, true);
     m_desk.clocks_held = false;
-    m_manager.send("start_tournament");
+    m_manager.send(to_referee::StartTournament());
     m_engine.begin_match();
 }
 
@@ -113,7 +113,7 @@ void ModeController::start_thinking() {
     const Side engine = m_desk.side_to_move();
     m_desk.set_engine_plays(engine == Side::white, engine == Side::black);
     m_desk.clocks_held = false;
-    m_manager.send("go");
+    m_manager.send(to_referee::Go());
     m_screen.start_clock(engine);
 }
 
@@ -125,7 +125,7 @@ void ModeController::new_game() {
     m_screen.stop_clocks();
     m_screen.mark_clock(Side::white);
     m_screen.clear_arrows();
-    m_manager.send("new");
+    m_manager.send(to_referee::NewGame());
     m_desk.reset_record();
     m_desk.clear_annotations();
     m_comments.show();

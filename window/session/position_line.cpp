@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "base/text.h"
+#include "chess/board/placement.h"
 
 namespace velmora {
 
@@ -22,30 +23,6 @@ bool is_castling_field(std::string_view field) {
 bool is_en_passant_field(std::string_view field) {
     return field == "-" ||
            (field.size() == 2 && is_one_of(field[0], "abcdefgh") && is_one_of(field[1], "12345678"));
-}
-
-bool is_rank(std::string_view rank) {
-    int squares = 0;
-    for (const char c : rank) {
-        if (is_one_of(c, "KQRBNPkqrbnp")) {
-            ++squares;
-        } else if (is_one_of(c, "12345678")) {
-            squares += c - '0';
-        } else {
-            return false;
-        }
-    }
-    return squares == 8;
-}
-
-bool is_placement_field(std::string_view field) {
-    if (std::count(field.begin(), field.end(), '/') != 7) return false;
-    for (std::size_t begin = 0; begin <= field.size();) {
-        const auto end = std::min(field.find('/', begin), field.size());
-        if (!is_rank(field.substr(begin, end - begin))) return false;
-        begin = end + 1;
-    }
-    return true;
 }
 
 /// What stands behind the first four fields.
@@ -93,7 +70,7 @@ std::vector<std::string_view> first_fields(std::string_view line) {
 
 bool is_position_line(std::string_view line) {
     const auto fields = first_fields(line);
-    return fields.size() == 4 && is_placement_field(fields[0]) && (fields[1] == "w" || fields[1] == "b") &&
+    return fields.size() == 4 && is_whole_placement(fields[0]) && (fields[1] == "w" || fields[1] == "b") &&
            is_castling_field(fields[2]) && is_en_passant_field(fields[3]);
 }
 

@@ -74,7 +74,7 @@ void SetupEditor::take_over(ChessPosition& board, Piece touched) {
     m_comments.show();
     m_screen.show_game();
     m_screen.mark_clock(m_desk.side_to_move());
-    m_manager.send("setboard " + m_desk.position.fen());
+    m_manager.send(to_referee::SetBoard{m_desk.position.fen()});
 }
 
 }  // namespace velmora

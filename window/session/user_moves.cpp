@@ -123,7 +123,7 @@ void UserMoves::make(const Move& move) {
         std::cerr << "make move failed\n";
         throw;
     }
-    m_manager.send("usermove " + move.to_string(false));
+    m_manager.send(to_referee::UserMove{move.to_string(false)});
     m_comments.show();
     m_screen.show_game();
     if (m_desk.clocks_held || m_screen.mode() == Mode::analyze_position) {

@@ -1,6 +1,5 @@
 #include "views/board/board_marks.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "views/board/render_pacer.h"
@@ -8,36 +7,20 @@
 namespace velmora {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-TEST(BoardMarks, TurnWithTheBoard) {
-    BoardMarks marks;
-    marks.last_move = {12, 28};
-    marks.selected = 6;
-    marks.targets = {21, 23};
-    marks.captures = {63};
-    marks.checked_king = 60;
-    const BoardMarks shown = turned(marks);
-    EXPECT_EQ(shown.last_move, std::pair(51, 35));
-    EXPECT_EQ(shown.selected, 57);
-    EXPECT_THAT(shown.targets, ElementsAre(42, 40));
-    EXPECT_THAT(shown.captures, ElementsAre(0));
-    EXPECT_EQ(shown.checked_king, 3);
-    EXPECT_EQ(turned(shown), marks);
+std::vector<Square> squares(std::initializer_list<std::int32_t> numbers) {
+    return {numbers.begin(), numbers.end()};
 }
 
 TEST(BoardMarks, OnlyChangesAreDrawn) {
-    BoardMarks before;
-    before.last_move = {12, 28};
-    before.targets = {40, 41};
-    BoardMarks after;
-    after.last_move = {28, 12};
-    after.targets = {41};
-    after.captures = {3, 99, -1};
-    EXPECT_THAT(changed_squares(before, after), ElementsAre(3, 40));
-    EXPECT_THAT(changed_squares(after, after), IsEmpty());
-    EXPECT_THAT(changed_squares({}, before), ElementsAre(12, 28, 40, 41));
+    BoardMarks before, after;
+    before.last_move = {Square(12), Square(28)};
+    before.targets = squares({40, 41});
+    after.last_move = {Square(28), Square(12)};
+    after.targets = squares({41});
+    after.captures = squares({3, 99, -1});
+    EXPECT_EQ(changed_squares(before, after), squares({3, 40}));
+    EXPECT_EQ(changed_squares(after, after), squares({}));
+    EXPECT_EQ(changed_squares({}, before), squares({12, 28, 40, 41}));
 }
 
 TEST(RenderPacer, RendersSingleChangesAtOnceAndSeriesAtTheirEnd) {

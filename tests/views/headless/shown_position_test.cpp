@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/thrown_text.h"
+#include "views/board/image_code.h"
 
 namespace velmora {
 namespace {
@@ -37,7 +38,7 @@ TEST(ShownPosition, ReadsPlacementAndSide) {
              Row{"8/88/q", with(no_pieces, 48, 'q'), false},
          }) {
         const auto position = read_shown_position(row.fen);
-        EXPECT_EQ(position.letters, row.letters) << row.fen;
+        EXPECT_EQ(position.pieces, shown_pieces(row.letters)) << row.fen;
         EXPECT_EQ(position.white_to_move, row.white_to_move) << row.fen;
     }
 }
@@ -55,12 +56,28 @@ TEST(ShownPosition, FaultsHaveTheirTexts) {
          }) {
         EXPECT_EQ(test::thrown_text([&] { read_shown_position(row.fen); }), row.text);
     }
+    const std::string unknown = "Drawing::set_parent_window(Gtk::Window*)  unknown piece";
+    EXPECT_EQ(test::thrown_text([] { shown_pieces(with(no_pieces, 63, 'x')); }), unknown);
+    EXPECT_EQ(test::thrown_text([] { shown_piece('1'); }), unknown);
+    EXPECT_THROW(shown_pieces("????"), std::logic_error);
 }
 
-TEST(ShownPosition, MenInWords) {
-    EXPECT_EQ(describe_pieces(read_shown_position("4k3/8/8/8/8/8/4P2P/R3K2R w").letters),
+TEST(ShownPosition, PiecesInWords) {
+    EXPECT_EQ(describe_pieces(read_shown_position("4k3/8/8/8/8/8/4P2P/R3K2R w").pieces),
               "White: king e1, rooks a1, h1, pawns e2, h2. Black: king e8.");
-    EXPECT_EQ(describe_pieces(no_pieces), "White: no pieces. Black: no pieces.");
+    EXPECT_EQ(describe_pieces({}), "White: no pieces. Black: no pieces.");
+}
+
+TEST(ImageCode, NamesTheImageOfEachPiece) {
+    const Placement start = shown_pieces(start_letters);
+    std::string codes;
+    for (const std::size_t square : {8, 1, 2, 0, 3, 4, 48, 57, 58, 56, 59, 60}) {
+        codes += std::to_string(image_code(start[square])) + " ";
+        EXPECT_EQ(piece_of_image(image_code(start[square])), start[square]);
+    }
+    EXPECT_EQ(codes, "1 2 3 4 5 6 8 9 10 11 12 13 ");
+    for (const int code : {0, 7, 14}) EXPECT_EQ(piece_of_image(code), no_piece);
+    EXPECT_EQ(image_files[12], "BlackQueen.svg");
 }
 
 }  // namespace

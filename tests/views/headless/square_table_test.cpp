@@ -1,21 +1,9 @@
 #include "views/board/square_table.h"
 
-#include <stdexcept>
-#include <string>
-
 #include <gtest/gtest.h>
-
-#include "tests/support/thrown_text.h"
 
 namespace velmora {
 namespace {
-
-const std::string start_position =
-    "RNBQKBNR"
-    "PPPPPPPP"
-    "????????????????????????????????"
-    "pppppppp"
-    "rnbqkbnr";
 
 TEST(SquareGeometry, BoardSizeIsRoundedWithinItsLimits) {
     struct Row {
@@ -31,106 +19,71 @@ TEST(SquareGeometry, PointsFindTheirSquare) {
     struct Row {
         const char* name;
         double x, y;
-        std::optional<int> expected;
+        Square expected;
     };
     const CellSize cell{70, 70};
-    for (const Row& row : {Row{"upper left corner is a8", 0, 0, 56}, Row{"lower left is a1", 0, 559.9, 0},
-                           Row{"lower right is h1", 559.9, 559.9, 7}, Row{"inner border", 70, 489, 9},
-                           Row{"left of the board", -0.5, 10, {}}, Row{"above", 10, -0.1, {}},
-                           Row{"on the right edge", 560, 10, {}}, Row{"on the lower edge", 10, 560, {}}}) {
-        EXPECT_EQ(square_at(row.x, row.y, cell), row.expected) << row.name;
+    for (const Row& row :
+         {Row{"upper left corner is a8", 0, 0, Square(56)}, Row{"lower left is a1", 0, 559.9, Square(0)},
+          Row{"lower right is h1", 559.9, 559.9, Square(7)}, Row{"inner border", 70, 489, Square(9)},
+          Row{"left of the board", -0.5, 10, {}}, Row{"above", 10, -0.1, {}},
+          Row{"on the right edge", 560, 10, {}}, Row{"on the lower edge", 10, 560, {}}}) {
+        EXPECT_EQ(square_at(row.x, row.y, cell).value_or(no_square), row.expected) << row.name;
     }
     EXPECT_EQ(square_at(1, 1, {0, 0}), std::nullopt);
 }
 
-TEST(SquareTable, BackgroundAlternatesFromADarkCorner) {
-    const SquareTable table;
-    EXPECT_EQ(table.background(0), 7);
-    EXPECT_EQ(table.background(7), 0);
-    EXPECT_EQ(table.background(8), 0);
-    EXPECT_EQ(table.background(63), 7);
-    EXPECT_EQ(table.code(27), table.background(27));
-}
-
-TEST(SquareTable, LettersBecomeCodes) {
-    SquareTable table;
-    table.set_pieces(start_position);
-    const std::string rank_1 = {4, 2, 3, 5, 6, 3, 2, 4}, rank_8 = {11, 9, 10, 12, 13, 10, 9, 11};
-    for (int file = 0; file < 8; ++file) {
-        EXPECT_EQ(table.code(file), rank_1[std::size_t(file)]);
-        EXPECT_EQ(table.code(8 + file), 1);
-        EXPECT_EQ(table.code(48 + file), 8);
-        EXPECT_EQ(table.code(56 + file), rank_8[std::size_t(file)]);
-    }
-    EXPECT_EQ(table.code(35), table.background(35));
-}
-
-TEST(SquareTable, UnknownLetterThrowsAndChangesNothing) {
-    SquareTable table;
-    table.set_pieces(start_position);
-    const auto before = table.squares();
-    std::string wrong = start_position;
-    wrong[63] = 'x';
-    const std::string expected = "Drawing::set_parent_window(Gtk::Window*)  unknown piece";
-    EXPECT_EQ(test::thrown_text([&] { table.set_pieces(wrong); }), expected);
-    EXPECT_EQ(test::thrown_text([&] { table.set_piece('1', 3); }), expected);
-    EXPECT_EQ(table.squares(), before);
-    EXPECT_THROW(table.set_piece('P', 64), std::out_of_range);
-    EXPECT_THROW(table.set_pieces("????"), std::logic_error);
-}
+constexpr Square c1(2), f1(5), f3(21), g1(6), g3(22);
+const Piece knight(PieceKind::knight, Side::white), pawn(PieceKind::pawn, Side::black);
 
 /// A table with a white knight on g1 and a black pawn on f3.
 SquareTable two_pieces() {
     SquareTable table;
-    table.set_piece('N', 6);
-    table.set_piece('p', 21);
+    table.set_piece(knight, g1);
+    table.set_piece(pawn, f3);
     return table;
 }
 
 TEST(SquareTable, DragEndsWhereItMust) {
+    using Move = std::pair<Square, Square>;
     struct Row {
         const char* name;
-        std::optional<int> press, release;
-        std::optional<std::pair<int, int>> move;
-        int code_on_g1;
+        std::optional<Square> press, release;
+        std::optional<Move> move;
+        bool stays;
     };
-    using Move = std::pair<int, int>;
     for (const Row& row :
-         {Row{"back to its own square", 6, 6, Move{6, 6}, 2},
-          Row{"let go beside the board", 6, {}, Move{6, 6}, 2},
-          Row{"from an empty square to another", 30, 31, Move{31, 31}, 2},
-          Row{"from an empty square to a piece", 30, 6, Move{6, 6}, 2},
-          Row{"press beside the board", {}, 31, Move{31, 31}, 2},
-          Row{"release beside the board without a piece", 30, {}, {}, 2}, Row{"away", 6, 23, Move{6, 23}, 7},
-          Row{"onto another piece", 6, 21, Move{6, 21}, 7}}) {
+         {Row{"back to its own square", g1, g1, Move{g1, g1}, true},
+          Row{"let go beside the board", g1, {}, Move{g1, g1}, true},
+          Row{"from an empty square to another", c1, f1, Move{f1, f1}, true},
+          Row{"from an empty square to a piece", c1, g1, Move{g1, g1}, true},
+          Row{"press beside the board", {}, f1, Move{f1, f1}, true},
+          Row{"release beside the board without a piece", c1, {}, {}, true},
+          Row{"away", g1, g3, Move{g1, g3}, false}, Row{"onto another piece", g1, f3, Move{g1, f3}, false}}) {
         SquareTable table = two_pieces();
         table.begin_drag(row.press, {});
         EXPECT_EQ(table.end_drag(row.release), row.move) << row.name;
-        EXPECT_EQ(table.code(6) == 2, row.code_on_g1 == 2) << row.name;
+        EXPECT_EQ(table.piece_on(g1), row.stays ? knight : no_piece) << row.name;
         EXPECT_FALSE(table.dragging()) << row.name;
     }
 }
 
-TEST(SquareTable, NewPositionDuringADragKeepsTheManInTheAirOrLetsHimGo) {
+TEST(SquareTable, NewPositionDuringADragKeepsThePieceInTheAirOrLetsItGo) {
     SquareTable table = two_pieces();
-    table.begin_drag(6, {});
-    std::string letters(64, '?');
-    letters[6] = 'N';
-    table.set_pieces(letters);
+    const Placement before = table.pieces();
+    table.begin_drag(g1, {});
+    table.set_pieces(before);
     EXPECT_TRUE(table.dragging());
-    EXPECT_EQ(table.code(6), table.background(6)) << "it must not be seen twice";
-    letters[6] = 'r';
-    table.set_pieces(letters);
+    EXPECT_EQ(table.piece_on(g1), no_piece) << "it must not be seen twice";
+    table.set_pieces({});
     EXPECT_FALSE(table.dragging());
-    EXPECT_EQ(table.code(6), 11);
 }
 
-TEST(SquareTable, TurningPutsEverythingOppositeAlsoTheManInTheAir) {
+TEST(SquareTable, TurningPutsEverythingOppositeAlsoThePieceInTheAir) {
     SquareTable table = two_pieces();
-    table.begin_drag(6, {});
+    table.begin_drag(g1, {});
     table.turn();
-    EXPECT_EQ(table.code(57), 2);
-    EXPECT_EQ(table.code(42), 8);
+    EXPECT_EQ(table.piece_on(turned(g1)), knight);
+    EXPECT_EQ(table.piece_on(turned(f3)), pawn);
 }
 
 }  // namespace

@@ -172,7 +172,7 @@ std::optional<Move> Monkey::legal_move(bool without_promotions) {
     return any(moves);
 }
 
-gui::Point Monkey::on_board(int square) {
+gui::Point Monkey::on_board(Square square) {
     const CellSize cell = m_board.drawing().cell();
     const Place corner = corner_of(m_board.drawing().shown_square(square), cell);
     return {corner.x + cell.width / 2.0, corner.y + cell.height / 2.0};
@@ -182,20 +182,20 @@ void Monkey::drag_legal_move() {
     const auto move = legal_move(false);
     if (!move) return;
     note("drag " + move->to_string(false));
-    gui::drag(m_board, on_board(int(move->from().value())), on_board(int(move->to().value())));
+    gui::drag(m_board, on_board(move->from()), on_board(move->to()));
 }
 
 void Monkey::click_legal_move() {
     const auto move = legal_move(false);
     if (!move) return;
     note("click " + move->to_string(false));
-    gui::click(m_board, on_board(int(move->from().value())));
-    gui::click(m_board, on_board(int(move->to().value())));
+    gui::click(m_board, on_board(move->from()));
+    gui::click(m_board, on_board(move->to()));
 }
 
 void Monkey::drag_anywhere() {
-    const int from = int(below(64)), to = one_in(3) ? from : int(below(64));
-    note("drag " + square_name(from) + square_name(to));
+    const Square from(std::int32_t(below(64))), to = one_in(3) ? from : Square(std::int32_t(below(64)));
+    note("drag " + from.name() + to.name());
     gui::drag(m_board, on_board(from), one_in(20) ? gui::Point{-50, 9000} : on_board(to));
 }
 
@@ -351,7 +351,7 @@ void Monkey::begin_comparison() {
     const auto move = legal_move(true);
     note("compare by " + move->to_string(false));
     const auto before = desk.position.fen();
-    gui::drag(m_board, on_board(int(move->from().value())), on_board(int(move->to().value())));
+    gui::drag(m_board, on_board(move->from()), on_board(move->to()));
     if (desk.position.fen() != before) m_check.expect(desk.position.fen());
 }
 

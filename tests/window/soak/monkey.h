@@ -96,7 +96,7 @@ private:
     unsigned any_key();
     const std::string& any_text();
     std::optional<Move> legal_move(bool without_promotions);
-    gui::Point on_board(int square);
+    gui::Point on_board(Square square);
     Gtk::MenuShell& menu_bar() { return dynamic_cast<Gtk::MenuShell&>(*m_window.actions().menu_bar()); }
     std::vector<Gtk::Widget*> usable(Gtk::Widget& root);
 

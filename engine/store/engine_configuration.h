@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "engine/store/option.h"
+
+namespace velmora {
+
+/// What an xboard engine can do and wants, with the values that hold until it says otherwise.
+struct XboardFeatures {
+    bool ping = false;
+    bool setboard = false;
+    bool san = false;
+    bool usermove = false;
+    bool time = false;
+    bool reuse = false;
+    bool colors = true;
+    bool nps = true;
+    bool debug = false;
+    bool smp = false;
+    bool memory = false;
+
+    bool operator==(const XboardFeatures&) const = default;
+};
+
+/// What an engine announced that can be set, and what the user has set.
+struct EngineConfiguration {
+    std::string handicap;  ///< time handicap in per cent, free text
+    Options options;
+    XboardFeatures features;
+    std::string egt = "0";  ///< value of the xboard feature of that name
+
+    /// Inserts under the option's name, or overwrites all but key and `changed`.
+    void add_option(const Option& option);
+};
+
+}  // namespace velmora
