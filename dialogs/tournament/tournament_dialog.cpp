@@ -10,6 +10,7 @@ namespace {
 
 std::vector<std::string> names_of(const std::vector<TournamentParticipant>& participants) {
     std::vector<std::string> names;
+    names.reserve(participants.size());
     for (const auto& participant : participants) names.push_back(participant.name);
     return names;
 }

@@ -16,6 +16,7 @@ namespace {
 
 std::vector<std::string> names_of(const InstalledEngines::Map& engines) {
     std::vector<std::string> names;
+    names.reserve(engines.size());
     for (const auto& [name, engine] : engines) names.push_back(name);
     return names;
 }
