@@ -46,22 +46,23 @@ Interface::Interface(std::string program_path, int board_size)
       m_board(board_size),
       m_board_with_clocks(m_clocks, m_board),
       m_move_entry(m_navigation_bar),
+      m_session([this] { return m_comment.text(); }),
       m_manager(*this, std::move(program_path)),
       m_link(m_manager),
-      m_screen(m_desk, {*this, m_board, m_clocks, m_navigation_bar, m_fen_entry, m_analysis, m_pgn, m_comment,
-                        m_epd}),
+      m_screen(m_session, {*this, m_board, m_clocks, m_navigation_bar, m_fen_entry, m_analysis, m_pgn,
+                           m_comment, m_epd}),
       m_dialogs(*this, m_board),
-      m_comments(m_desk, m_screen),
-      m_engine(m_desk, m_screen, m_dialogs, m_link, [this] { return protocol_of_engine(m_manager); }),
-      m_dispatcher(m_desk, m_screen, m_dialogs, m_comments, m_link, m_engine),
-      m_modes(m_desk, m_screen, m_dialogs, m_comments, m_link, m_engine),
-      m_user_moves(m_desk, m_screen, m_dialogs, m_comments, m_link),
-      m_navigation(m_desk, m_screen, m_dialogs, m_comments, m_modes),
+      m_presenter(m_session, m_screen.all()),
+      m_engine(m_screen, m_dialogs, m_link, [this] { return protocol_of_engine(m_manager); }),
+      m_dispatcher(m_session, m_screen.all(), m_dialogs, m_link, m_engine),
+      m_modes(m_session, m_screen, m_screen, m_screen, m_dialogs, m_link, m_engine),
+      m_user_moves(m_session, m_screen, m_screen, m_screen, m_dialogs, m_link),
+      m_navigation(m_session, m_screen, m_screen, m_dialogs, m_modes),
       m_navigation_keys(m_navigation),
-      m_files(m_desk, m_screen, m_dialogs, m_comments, m_link, m_modes),
-      m_engines(m_desk, m_screen, m_dialogs, m_link, m_modes, m_engine,
+      m_files(m_session, m_screen, m_screen, m_dialogs, m_link, m_modes),
+      m_engines(m_session, m_screen, m_dialogs, m_link, m_modes, m_engine,
                 [this] { return m_manager.get_enginevariables(); }),
-      m_tournaments(m_desk, m_screen, m_dialogs, m_link),
+      m_tournaments(m_session, m_screen, m_dialogs, m_link),
       m_windows(*this,
                 {{"ShowOutput", m_analysis},
                  {"ShowPgnView", m_pgn},
@@ -69,23 +70,22 @@ Interface::Interface(std::string program_path, int board_size)
                  {"ShowEpdCommands", m_epd},
                  {"ShowFEN", m_fen_entry}},
                 [this] {
-                    m_screen.show_game();
-                    m_screen.show_position();
+                    m_session.tell({Change::record, Change::position});
                 }),
-      m_rooms{m_link, m_screen, m_dialogs, m_board, m_modes, m_files, m_engines, m_tournaments, m_windows},
+      m_rooms{m_link, m_session, m_dialogs, m_board, m_modes, m_files, m_engines, m_tournaments, m_windows},
       m_actions(m_rooms) {
     Glib::signal_timeout().connect(sigc::mem_fun(*this, &Interface::on_timeout), tick_ms);
     m_manager_thread = std::thread(std::ref(m_manager));
     m_screen.attach(m_actions);
     lay_out();
-    m_screen.show_position();
+    refresh_board();
     m_screen.select_mode(Mode::human_human);
     connect_views();
     show_all_children();
     m_windows.hide_all();
-    m_screen.set_clock_level(m_desk.level);
-    m_link.send(to_referee::SetLevel{m_desk.level.text()});
-    m_screen.set_sensitive("Ponder", false);
+    m_session.tell({Change::clocks});
+    m_link.send(to_referee::SetLevel{m_session.level().text()});
+    m_screen.set_sensitive(MenuEntry::ponder, false);
     m_engine.show();
 }
 
@@ -120,11 +120,9 @@ void Interface::lay_out() {
 void Interface::connect_views() {
     m_board.signal_move_made().connect([this] {
         const auto [from, to] = m_board.get_move();
-        m_user_moves.on_board(from.value(), to.value());
+        m_user_moves.on_board(from, to);
     });
-    m_board.signal_piece_picked().connect([this] {
-        if (const auto square = m_board.picked_square()) m_user_moves.on_piece_picked(square->value());
-    });
+    m_board.signal_piece_picked().connect([this] { m_user_moves.on_piece_picked(m_board.picked_square()); });
     m_pgn.signal_clicked().connect([this](int offset) {
         if (offset >= 0) m_navigation.to_text_offset(static_cast<std::size_t>(offset));
     });
@@ -139,10 +137,7 @@ void Interface::connect_views() {
     });
     m_windows.on_closed([this](const char* action) { m_actions.set_active(action, false); });
     // What was typed is kept when the box loses the keyboard or its window is closed.
-    m_comment.signal_applied().connect([this] {
-        m_comments.store();
-        m_screen.show_game();
-    });
+    m_comment.signal_applied().connect([this] { m_session.apply_comment(); });
     signal_map().connect([this] { m_windows.remember_size(); });
 }
 

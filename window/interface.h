@@ -30,8 +30,8 @@
 #include "window/menu/secondary_windows.h"
 #include "window/navigation_bar.h"
 #include "window/navigation_keys.h"
-#include "window/session/comment_keeper.h"
-#include "window/session/game_desk.h"
+#include "window/session/game_presenter.h"
+#include "window/session/game_session.h"
 #include "window/session/manager_link.h"
 #include "window/session/message_dispatcher.h"
 #include "window/session/mode_controller.h"
@@ -63,7 +63,7 @@ public:
     /// answered. A line that fails is reported and the next one is taken.
     void process_manager_messages();
     /// Shows the position on the board and in the FEN entry.
-    void refresh_board() { m_screen.show_position(); }
+    void refresh_board() { m_session.tell({Change::position}); }
     /// Shows a message in which underscores stand for blanks.
     void tell_user(const std::string& headline, const std::string& details);
     std::string choose_file(FileKind kind) { return m_dialogs.choose_file(kind); }
@@ -71,7 +71,8 @@ public:
     void open_files(const std::vector<std::string>& paths) { m_files.open(paths); }
 
     Actions& actions() { return m_actions; }
-    const GameDesk& desk() const { return m_desk; }
+    const GameSession& session() const { return m_session; }
+    const SeatedEngine& engine() const { return m_engine; }
 
 protected:
     bool on_delete_event(GdkEventAny* event) override;
@@ -102,14 +103,14 @@ private:
     CommentEditor m_comment;
     EpdCommandsWindow m_epd;
 
-    GameDesk m_desk;
+    GameSession m_session;
     Manager m_manager;
     ManagerLink m_link;
 
     // The rooms, each knowing only those above it.
     MainScreen m_screen;
     MainDialogs m_dialogs;
-    CommentKeeper m_comments;
+    GamePresenter m_presenter;
     SeatedEngine m_engine;
     MessageDispatcher m_dispatcher;
     ModeController m_modes;

@@ -16,24 +16,22 @@
 namespace velmora {
 
 void MainScreen::show_position() {
-    const std::string fen = m_desk.position.fen();
+    const std::string fen = m_session.position().fen();
     m_views.board.set_fen(fen);
-    std::optional<Square> selected;
-    if (m_desk.selected) selected = Square(*m_desk.selected);
-    m_views.board.set_marks(board_marks(m_desk.position, m_desk.last_move(), selected));
+    m_views.board.set_marks(board_marks(m_session.position(), m_session.last_move(), m_session.selected()));
     m_views.fen_entry.set_text(fen);
-    const bool rests = m_desk.only_looks_on();
-    m_views.navigation.set_possible(!rests && m_desk.can_go_back(), !rests && m_desk.can_go_forward());
-    if (m_views.epd.get_visible()) m_views.epd.set_text(m_desk.epd_text());
+    const bool rests = m_session.seats().only_looks_on();
+    m_views.navigation.set_possible(!rests && m_session.can_go_back(), !rests && m_session.can_go_forward());
+    if (m_views.epd.get_visible()) m_views.epd.set_text(m_session.epd_text());
     announce_last_move();
 }
 
-void MainScreen::show_targets(int square) {
-    m_views.board.set_marks(board_marks(m_desk.position, m_desk.last_move(), Square(square)));
+void MainScreen::show_targets(Square square) {
+    m_views.board.set_marks(board_marks(m_session.position(), m_session.last_move(), square));
 }
 
 void MainScreen::announce_last_move() {
-    const std::string text = m_desk.last_move_text();
+    const std::string text = m_session.last_move_text();
     if (text.empty() || text == m_announced) return;
     m_announced = text;
     m_views.board.announce(text);
@@ -48,8 +46,8 @@ void MainScreen::show_game() {
 }
 
 bool MainScreen::refresh_game_text() {
-    m_views.pgn.set_text(m_desk.game.pgn());
-    const auto [begin, end] = m_desk.game.current_text_range();
+    m_views.pgn.set_text(m_session.pgn());
+    const auto [begin, end] = m_session.record().current_text_range();
     m_views.pgn.highlight(static_cast<std::int64_t>(begin), static_cast<std::int64_t>(end));
     return false;
 }
@@ -64,19 +62,24 @@ void MainScreen::select_mode(Mode mode) {
     if (m_actions) m_actions->select_mode(mode);
 }
 
-void MainScreen::set_sensitive(const char* action, bool sensitive) {
-    if (m_actions) m_actions->set_sensitive(action, sensitive);
+void MainScreen::set_sensitive(Mode mode, bool sensitive) {
+    if (m_actions) m_actions->set_sensitive(action_name(mode), sensitive);
 }
 
-void MainScreen::set_arrow(int from, int to, int color) {
-    m_views.board.set_arrow(Square(from), Square(to), ArrowColor(color));
+void MainScreen::set_sensitive(MenuEntry entry, bool sensitive) {
+    if (m_actions) m_actions->set_sensitive(action_name(entry), sensitive);
+}
+
+void MainScreen::set_arrow(Square from, Square to, ArrowColor color) {
+    m_views.board.set_arrow(from, to, color);
 }
 
 void MainScreen::clear_arrows() { m_views.board.clear_arrows(); }
 
-void MainScreen::set_clock_level(const Level& level) { m_views.clocks.set_level(level); }
-
-void MainScreen::reset_clocks() { m_views.clocks.reset(); }
+void MainScreen::reset_clocks(const Level& level) {
+    m_views.clocks.set_level(level);
+    m_views.clocks.reset();
+}
 
 void MainScreen::stop_clocks() { m_views.clocks.stop(); }
 
@@ -89,8 +92,6 @@ void MainScreen::mark_clock(Side side) { m_views.clocks.show_to_move(side); }
 void MainScreen::add_analysis(Side side, const std::string& line) { m_views.analysis.add_line(side, line); }
 
 void MainScreen::clear_analysis() { m_views.analysis.clear(); }
-
-std::string MainScreen::comment_text() const { return m_views.comment.text(); }
 
 void MainScreen::show_comment(const std::string& comment) { m_views.comment.set_text(comment); }
 

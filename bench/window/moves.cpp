@@ -106,7 +106,7 @@ int measure(int moves) {
             gui::find_widget<Gtk::Button>(entry)->clicked();
             press_and_move(user_move);
             drop(user_move);
-            drawn_in_time = gui::pump_until([&] { return window.desk().position.moves().size() == 2; });
+            drawn_in_time = gui::pump_until([&] { return window.session().position().moves().size() == 2; });
             // The first move wakes the navigation buttons, which takes the toolkit some frames; any time
             // after that will do.
             wait_ms(400 + unsigned(random() % 100));
@@ -114,7 +114,7 @@ int measure(int moves) {
             const auto start = now_ns();
             drop(user_move_back);
             drawn_in_time =
-                drawn_in_time && gui::pump_until([&] { return window.desk().position.moves().size() == 4; });
+                drawn_in_time && gui::pump_until([&] { return window.session().position().moves().size() == 4; });
             const auto played = now_ns();
             drawn_in_time = drawn_in_time && gui::pump_until([&] { return frame >= played; });
             there.push_back(double(window.at_engine - start) * 1e-6);

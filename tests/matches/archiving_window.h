@@ -8,11 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/support/recording_sink.h"
-#include "tests/window/recording_screen.h"
-#include "window/session/comment_keeper.h"
-#include "window/session/game_desk.h"
-#include "window/session/message_dispatcher.h"
+#include "tests/window/headless_window.h"
 
 namespace velmora::test {
 
@@ -20,15 +16,9 @@ namespace velmora::test {
 /// the working directory.
 class ArchivingWindow {
 public:
-    /// As the real one stands when a match has been started: it only looks on.
-    ArchivingWindow() {
-        m_screen.select_mode(Mode::tournament);
-        m_desk.set_engine_plays(true, true);
-    }
-
     void process(const std::string& line) {
-        m_dispatcher.process(line);
-        m_screen.calls.clear();
+        m_window.dispatcher.process(line);
+        m_window.screen.calls.clear();
     }
 
     static constexpr const char* archive_name = "Velmora battles.pgn";
@@ -57,13 +47,7 @@ public:
     }
 
 private:
-    GameDesk m_desk;
-    RecordingSink m_referee;
-    ManagerLink m_link{m_referee};
-    RecordingScreen m_screen;
-    CommentKeeper m_comments{m_desk, m_screen};
-    SeatedEngine m_engine{m_desk, m_screen, m_screen, m_link, [] { return Protocol::uci; }};
-    MessageDispatcher m_dispatcher{m_desk, m_screen, m_screen, m_comments, m_link, m_engine};
+    HeadlessWindow m_window{Mode::tournament};  // in which a match has been started
 };
 
 }  // namespace velmora::test

@@ -9,11 +9,9 @@
 
 #include "chess/moves/legal_moves.h"
 #include "game/pgn_file.h"
-#include "tests/support/recording_sink.h"
 #include "tests/support/scratch_directory.h"
-#include "tests/window/recording_screen.h"
+#include "tests/window/headless_window.h"
 #include "window/session/game_archive.h"
-#include "window/session/message_dispatcher.h"
 
 namespace velmora {
 namespace {
@@ -80,13 +78,10 @@ private:
 /// A window's record and archive in a directory of their own.
 class ArchiveTest : public testing::Test {
 protected:
-    ArchiveTest() {
-        std::filesystem::current_path(home.path(""));
-        screen.select_mode(Mode::tournament);
-    }
+    ArchiveTest() { std::filesystem::current_path(home.path("")); }
     ~ArchiveTest() override { std::filesystem::current_path(m_before); }
 
-    void say(const std::string& line) { dispatcher.process(line); }
+    void say(const std::string& line) { window.dispatcher.process(line); }
 
     /// Plays a match game as random as the texts.
     void play(RandomTexts& texts) {
@@ -98,12 +93,14 @@ protected:
         say("round " + texts.words(40));
         say("WhiteElo " + texts.words(90));
         for (auto plies = 1 + texts.below(12); plies > 0; --plies) {
-            const auto moves = legal_moves(desk.position);
+            const auto moves = legal_moves(window.session.position());
             if (moves.empty()) break;
-            const std::string info = desk.side_to_move() == Side::white ? "white_info" : "black_info";
+            const std::string info =
+                window.session.side_to_move() == Side::white ? "white_info" : "black_info";
             const std::size_t lines = texts.below(6) == 0 ? 200 : texts.below(8);
             for (auto count = lines; count > 0; --count) say(info + texts.search_line());
-            if (texts.below(6) == 0) screen.comment += texts.words(texts.below(5) == 0 ? 400 : 10) + "\n%";
+            if (texts.below(6) == 0)
+                window.screen.comment += texts.words(texts.below(5) == 0 ? 400 : 10) + "\n%";
             say("move " + moves[texts.below(moves.size())].to_string(false));
             if (texts.below(4) == 0) say("emt " + texts.words(90));
         }
@@ -115,13 +112,7 @@ protected:
     const std::filesystem::path m_before = std::filesystem::current_path();
     const std::string archive = std::string(default_event) + ".pgn";
 
-    GameDesk desk;
-    RecordingScreen screen;
-    test::RecordingSink referee;
-    ManagerLink link{referee};
-    CommentKeeper comments{desk, screen};
-    SeatedEngine engine{desk, screen, screen, link, [] { return Protocol::uci; }};
-    MessageDispatcher dispatcher{desk, screen, screen, comments, link, engine};
+    test::HeadlessWindow window{Mode::tournament};
 };
 
 TEST_F(ArchiveTest, WhatIsWrittenIsReadBackWhole) {
@@ -136,10 +127,11 @@ TEST_F(ArchiveTest, WhatIsWrittenIsReadBackWhole) {
             RandomTexts texts(static_cast<std::uint32_t>(seed));
             play(texts);
             // The comment of the ending comes back as part of the last move's.
-            const auto ending = desk.game.tree().node(desk.game.current()).result;
+            Game game = window.session.record();
+            const auto ending = game.tree().node(game.current()).result;
             const auto close = ending.rfind('}');
-            if (close != std::string::npos) desk.game.append_comment(" " + ending.substr(1, close - 1));
-            written.push_back(contents(desk.game));
+            if (close != std::string::npos) game.append_comment(" " + ending.substr(1, close - 1));
+            written.push_back(contents(game));
         }
         PgnFile file;
         ASSERT_TRUE(file.open(archive));

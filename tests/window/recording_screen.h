@@ -11,23 +11,49 @@
 namespace velmora {
 
 /// A screen without a display: writes down what it is told to show, and answers what it is asked.
-class RecordingScreen : public Screen, public ScriptedDialogs {
+class RecordingScreen : public BoardView,
+                        public ClockView,
+                        public NotesView,
+                        public WindowFrame,
+                        public ScriptedDialogs {
 public:
     std::vector<std::string> calls;
     std::string comment;  // the comment box
+    std::string title;
+    std::map<std::string, bool> sensitive;  // by the name of the action
     /// What the mode's radio actions bring about, as the real menu connects it.
     std::function<void(Mode, bool)> on_switched;
+    /// Of what is shown whole, only that it is shown.
+    std::function<void()> on_show_position = [] {};
+    std::function<void()> on_show_game = [] {};
 
-    void show_position() override {}
-    void show_targets(int square) override { calls.push_back("targets " + std::to_string(square)); }
-    void show_game() override {}
-    void set_title(const std::string& text) override { title = text; }
-    std::string title;
-    void tell_user(const std::string& headline, const std::string& details) override {
-        calls.push_back("tell " + headline + "|" + details);
+    Screen all() { return {*this, *this, *this, *this}; }
+
+    void show_position() override { on_show_position(); }
+    void show_targets(Square square) override { calls.push_back("targets " + square.name()); }
+    void set_arrow(Square from, Square to, ArrowColor color) override {
+        calls.push_back("arrow " + from.name() + " " + to.name() + " " +
+                        std::to_string(static_cast<int>(color)));
     }
-    void close() override { calls.emplace_back("close"); }
+    void clear_arrows() override { calls.emplace_back("clear arrows"); }
 
+    void reset_clocks(const Level& level) override { calls.push_back("reset clocks " + level.text()); }
+    void stop_clocks() override { calls.emplace_back("stop clocks"); }
+    void start_clock(Side side) override { calls.push_back("start clock" + name(side)); }
+    void set_clock(Side side, int centiseconds) override {
+        calls.push_back("set clock" + name(side) + " " + std::to_string(centiseconds));
+    }
+    void mark_clock(Side side) override { calls.push_back("mark clock" + name(side)); }
+
+    void show_game() override { on_show_game(); }
+    void show_comment(const std::string& text) override { comment = text; }
+    void add_analysis(Side side, const std::string& line) override {
+        calls.push_back("analysis" + name(side) + line);
+    }
+    void clear_analysis() override { calls.emplace_back("clear analysis"); }
+
+    void set_title(const std::string& text) override { title = text; }
+    void close() override { calls.emplace_back("close"); }
     Mode mode() const override { return m_mode; }
     void select_mode(Mode mode) override {
         if (mode == m_mode) return;
@@ -37,31 +63,12 @@ public:
         on_switched(old, false);
         on_switched(mode, true);
     }
-    void set_sensitive(const char* action, bool on) override { sensitive[action] = on; }
-    std::map<std::string, bool> sensitive;
+    void set_sensitive(Mode mode, bool on) override { sensitive[action_name(mode)] = on; }
+    void set_sensitive(MenuEntry entry, bool on) override { sensitive[action_name(entry)] = on; }
 
-    void set_arrow(int from, int to, int color) override {
-        calls.push_back("arrow " + std::to_string(from) + " " + std::to_string(to) + " " +
-                        std::to_string(color));
+    void tell_user(const std::string& headline, const std::string& details) override {
+        calls.push_back("tell " + headline + "|" + details);
     }
-    void clear_arrows() override { calls.emplace_back("clear arrows"); }
-
-    void set_clock_level(const Level& level) override { calls.push_back("clock level " + level.text()); }
-    void reset_clocks() override { calls.emplace_back("reset clocks"); }
-    void stop_clocks() override { calls.emplace_back("stop clocks"); }
-    void start_clock(Side side) override { calls.push_back("start clock" + name(side)); }
-    void set_clock(Side side, int centiseconds) override {
-        calls.push_back("set clock" + name(side) + " " + std::to_string(centiseconds));
-    }
-    void mark_clock(Side side) override { calls.push_back("mark clock" + name(side)); }
-
-    void add_analysis(Side side, const std::string& line) override {
-        calls.push_back("analysis" + name(side) + line);
-    }
-    void clear_analysis() override { calls.emplace_back("clear analysis"); }
-
-    std::string comment_text() const override { return comment; }
-    void show_comment(const std::string& text) override { comment = text; }
 
 private:
     static std::string name(Side side) { return side == Side::white ? " white" : " black"; }

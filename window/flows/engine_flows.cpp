@@ -16,11 +16,11 @@ constexpr const char* placeholder_name = "no_engine_loaded";
 
 }  // namespace
 
-EngineFlows::EngineFlows(GameDesk& desk, Screen& screen, Dialogs& dialogs, ManagerLink& manager,
+EngineFlows::EngineFlows(GameSession& session, WindowFrame& frame, Dialogs& dialogs, ManagerLink& manager,
                          ModeController& modes, SeatedEngine& engine,
                          std::function<EngineVariables()> engine_variables)
-    : m_desk(desk),
-      m_screen(screen),
+    : m_session(session),
+      m_frame(frame),
       m_dialogs(dialogs),
       m_manager(manager),
       m_modes(modes),
@@ -39,7 +39,7 @@ void EngineFlows::send_load(const to_referee::Load& command, const std::string& 
     m_manager.send(command);
     m_engine.begin_load(name, protocol);
     // The referee stands at the start of a game after a load, the board doesn't.
-    if (m_screen.mode() == Mode::tournament) return;
+    if (m_frame.mode() == Mode::tournament) return;
     m_modes.follow_position();
 }
 
@@ -78,12 +78,10 @@ void EngineFlows::install() {
 }
 
 void EngineFlows::choose_time_control() {
-    const auto level = m_dialogs.ask_time_control(m_desk.level);
+    const auto level = m_dialogs.ask_time_control(m_session.level());
     if (!level) return;
-    m_desk.level = *level;
-    m_screen.set_clock_level(m_desk.level);
-    m_screen.reset_clocks();
-    m_manager.send(to_referee::SetLevel{m_desk.level.text()});
+    m_session.set_level(*level);
+    m_manager.send(to_referee::SetLevel{m_session.level().text()});
 }
 
 void EngineFlows::edit_options() {

@@ -5,11 +5,11 @@
 
 #include "engine/store/engine_variables.h"
 #include "window/session/dialogs.h"
-#include "window/session/game_desk.h"
+#include "window/session/game_session.h"
 #include "window/session/manager_link.h"
 #include "window/session/mode_controller.h"
-#include "window/session/screen.h"
 #include "window/session/seated_engine.h"
+#include "window/session/window_frame.h"
 
 namespace velmora {
 
@@ -18,8 +18,9 @@ class EngineFlows {
 public:
     /// @param engine_variables  gives the referee's record of the engine in the first seat; throws
     ///                          std::logic_error when there is none
-    EngineFlows(GameDesk& desk, Screen& screen, Dialogs& dialogs, ManagerLink& manager, ModeController& modes,
-                SeatedEngine& engine, std::function<EngineVariables()> engine_variables);
+    EngineFlows(GameSession& session, WindowFrame& frame, Dialogs& dialogs, ManagerLink& manager,
+                ModeController& modes, SeatedEngine& engine,
+                std::function<EngineVariables()> engine_variables);
 
     void load();
     void load_installed();
@@ -31,8 +32,8 @@ private:
     /// @param name  of the program, for the person
     void send_load(const to_referee::Load& command, const std::string& name, Protocol protocol);
 
-    GameDesk& m_desk;
-    Screen& m_screen;
+    GameSession& m_session;
+    WindowFrame& m_frame;
     Dialogs& m_dialogs;
     ManagerLink& m_manager;
     ModeController& m_modes;

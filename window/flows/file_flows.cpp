@@ -6,7 +6,6 @@
 
 #include "base/atomic_file.h"
 #include "base/regular_file.h"
-#include "game/game_tags.h"
 #include "game/pgn_error.h"
 #include "game/pgn_file.h"
 #include "game/position_lines.h"
@@ -26,7 +25,7 @@ constexpr std::size_t first_position = 1;
 // Games
 
 void FileFlows::load_game() {
-    m_screen.select_mode(Mode::human_human);
+    m_frame.select_mode(Mode::human_human);
     const std::string path = m_dialogs.choose_file(FileKind::load_game);
     if (!path.empty()) load_game_from(path);
 }
@@ -42,15 +41,13 @@ void FileFlows::load_game_from(const std::string& path) {
     const auto offset = m_dialogs.choose_game(path);
     if (!offset) return;
     std::string game_text;
+    // Parsed apart, so that a game that can't be read leaves the one on the board alone.
+    Game game;
     try {
         PgnFile file;
         file.open(path);
         game_text = file.read_game_at(*offset);
-        // Parsed apart, so that a game that can't be read leaves the one on the board alone.
-        Game game;
         game.parse_pgn(game_text);
-        m_comments.store();
-        m_desk.game = std::move(game);
     } catch (const pgn_error& error) {
         std::cerr << "# invalid game: \n" << error.text() << '\n';
         return;
@@ -58,18 +55,14 @@ void FileFlows::load_game_from(const std::string& path) {
         std::cerr << "# invalid game: \n" << game_text << '\n' << error.what() << '\n';
         return;
     }
-    m_desk.selected.reset();
-    m_desk.clear_annotations();
-    m_desk.position.set_fen(m_desk.game.to_start());
-    m_desk.tag_opening_of_main_line();
-    show_loaded();
+    m_session.load(std::move(game));
+    follow_loaded();
 }
 
 void FileFlows::save_game() {
     const std::string path = m_dialogs.choose_file(FileKind::save_game);
     if (path.empty()) return;
-    m_comments.store();
-    const auto fault = GameArchive(path).append(m_desk.game.pgn());
+    const auto fault = GameArchive(path).append(m_session.text_to_save());
     if (fault) m_dialogs.tell_user("The game was not saved", *fault);
 }
 
@@ -77,7 +70,7 @@ void FileFlows::save_game() {
 // Positions
 
 void FileFlows::load_position() {
-    if (m_screen.mode() == Mode::tournament) return;
+    if (m_frame.mode() == Mode::tournament) return;
     const std::string path = m_dialogs.choose_file(FileKind::load_position);
     if (!path.empty()) load_position_from(path);
 }
@@ -98,8 +91,8 @@ void FileFlows::load_previous_position() {
 }
 
 void FileFlows::step_to_position(std::size_t index) {
-    if (m_position_file.empty() || m_screen.mode() == Mode::tournament) return;
-    m_screen.select_mode(Mode::human_human);
+    if (m_position_file.empty() || m_frame.mode() == Mode::tournament) return;
+    m_frame.select_mode(Mode::human_human);
     PositionLines lines(m_position_file);
     std::string line;
     for (std::size_t number = first_position; number <= index; ++number) {
@@ -125,28 +118,18 @@ void FileFlows::set_up(const std::string& line) {
     if (!is_position_line(line)) return;
     const auto fen = readable_fen(line);
     if (!fen) return;
-    m_comments.store();
-    m_desk.loaded_line = line;
-    m_desk.selected.reset();
-    m_desk.clear_annotations();
-    m_desk.reset_record();
-    for (const auto& [tag, value] : roster_tags(line)) m_desk.game.set_tag(tag, tag_safe(value));
-    m_desk.start_from(*fen);
-    show_loaded();
+    m_session.load_position(line, *fen);
+    follow_loaded();
 }
 
-/// A game or a position has come from outside: the views and the referee follow.
-void FileFlows::show_loaded() {
-    m_comments.show();
-    m_screen.clear_arrows();
-    m_screen.show_game();
-    m_screen.mark_clock(m_desk.side_to_move());
-    m_screen.show_position();
+/// A game or a position has come from outside: hints of the old one go, and the referee follows.
+void FileFlows::follow_loaded() {
+    m_board.clear_arrows();
     m_modes.follow_position();
 }
 
 void FileFlows::enter_fen(const std::string& fen) {
-    if (m_screen.mode() == Mode::tournament) return;
+    if (m_frame.mode() == Mode::tournament) return;
     if (const auto readable = readable_fen(fen)) set_up(*readable);
 }
 
@@ -154,7 +137,7 @@ void FileFlows::save_position() {
     const std::string path = m_dialogs.choose_file(FileKind::save_position);
     if (path.empty()) return;
     try {
-        write_file_atomically(path, m_desk.position.fen() + "\n");
+        write_file_atomically(path, m_session.position().fen() + "\n");
     } catch (const std::runtime_error& error) {
         m_dialogs.tell_user("The position was not saved", error.what());
     }
@@ -187,11 +170,11 @@ void FileFlows::open_one(const std::string& path) {
     if (RegularFile(path).is_missing()) return refuse("There is no file " + path);
     switch (kind_of_file(path)) {
         case OpenedFile::game:
-            m_screen.select_mode(Mode::human_human);
+            m_frame.select_mode(Mode::human_human);
             load_game_from(path);
             break;
         case OpenedFile::position:
-            if (m_screen.mode() != Mode::tournament) load_position_from(path);
+            if (m_frame.mode() != Mode::tournament) load_position_from(path);
             break;
         case OpenedFile::book:
             use_polyglot_book(path);

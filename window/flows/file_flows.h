@@ -5,24 +5,24 @@
 #include <string>
 #include <vector>
 
-#include "window/session/comment_keeper.h"
+#include "window/session/board_view.h"
 #include "window/session/dialogs.h"
-#include "window/session/game_desk.h"
+#include "window/session/game_session.h"
 #include "window/session/manager_link.h"
 #include "window/session/mode_controller.h"
-#include "window/session/screen.h"
+#include "window/session/window_frame.h"
 
 namespace velmora {
 
 /// The File menu: games and positions from and to files, and the Polyglot book.
 class FileFlows {
 public:
-    FileFlows(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments, ManagerLink& manager,
-              ModeController& modes)
-        : m_desk(desk),
-          m_screen(screen),
+    FileFlows(GameSession& session, BoardView& board, WindowFrame& frame, Dialogs& dialogs,
+              ManagerLink& manager, ModeController& modes)
+        : m_session(session),
+          m_board(board),
+          m_frame(frame),
           m_dialogs(dialogs),
-          m_comments(comments),
           m_manager(manager),
           m_modes(modes) {}
 
@@ -53,12 +53,12 @@ private:
     /// read.
     std::optional<std::string> readable_fen(const std::string& line);
     void set_up(const std::string& line);
-    void show_loaded();
+    void follow_loaded();
 
-    GameDesk& m_desk;
-    Screen& m_screen;
+    GameSession& m_session;
+    BoardView& m_board;
+    WindowFrame& m_frame;
     Dialogs& m_dialogs;
-    CommentKeeper& m_comments;
     ManagerLink& m_manager;
     ModeController& m_modes;
     std::string m_position_file;       // loaded last

@@ -98,10 +98,8 @@ void TournamentFlows::load() {
 void TournamentFlows::load_named(const std::string& name) {
     try {
         m_tournament.load(name);
-        m_desk.level = m_tournament.level();
-        m_screen.set_clock_level(m_desk.level);
-        m_screen.reset_clocks();
-        m_manager.send(to_referee::SetLevel{m_desk.level.text()});
+        m_session.set_level(m_tournament.level());
+        m_manager.send(to_referee::SetLevel{m_session.level().text()});
     } catch (const std::exception& error) {
         // The referee fails in the same way and tells the person.
         std::cerr << error.what() << '\n';
@@ -110,7 +108,7 @@ void TournamentFlows::load_named(const std::string& name) {
 }
 
 void TournamentFlows::leave() {
-    m_screen.select_mode(Mode::human_human);
+    m_frame.select_mode(Mode::human_human);
     m_manager.send(to_referee::HumanHuman());
 }
 

@@ -32,7 +32,7 @@ ActionRow window_entry(const char* name, const char* label) {
 }
 
 ActionRow mode_entry(Mode mode, const char* label) {
-    return {Kind::radio, mode_actions[static_cast<std::size_t>(mode)], label,
+    return {Kind::radio, action_name(mode), label,
             [mode](Rooms& rooms, bool on) { rooms.modes.on_switched(mode, on); }};
 }
 
@@ -63,8 +63,7 @@ const std::vector<ActionRow>& Actions::table() {
         entry("Flip", "Flip View",
               [](Rooms& rooms) {
                   rooms.board.flip();
-                  rooms.screen.show_game();
-                  rooms.screen.show_position();
+                  rooms.session.tell({Change::record, Change::position});
               }),
         window_entry("ShowOutput", "Show Engine Output"),
         window_entry("ShowPgnView", "Show PGN"),

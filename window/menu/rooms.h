@@ -5,9 +5,9 @@
 #include "window/flows/tournament_flows.h"
 #include "window/menu/secondary_windows.h"
 #include "window/session/dialogs.h"
+#include "window/session/game_session.h"
 #include "window/session/manager_link.h"
 #include "window/session/mode_controller.h"
-#include "window/session/screen.h"
 
 namespace velmora {
 
@@ -16,7 +16,7 @@ class ChessBoard;
 /// What the menu's entries call into; owned by the Interface.
 struct Rooms {
     ManagerLink& manager;
-    Screen& screen;
+    GameSession& session;
     Dialogs& dialogs;
     ChessBoard& board;
     ModeController& modes;

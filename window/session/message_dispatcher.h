@@ -4,28 +4,22 @@
 
 #include "channel/to_window.h"
 #include "chess/board/side.h"
-#include "window/session/comment_keeper.h"
 #include "window/session/dialogs.h"
-#include "window/session/game_desk.h"
+#include "window/session/game_session.h"
 #include "window/session/manager_link.h"
 #include "window/session/screen.h"
 #include "window/session/seated_engine.h"
 
 namespace velmora {
 
-/// Carries out the referee's lines on the desk and the screen, one function a line.
+/// Carries out the referee's lines on the session and the screen, one function a line.
 ///
 /// The board changes only where the mode lets the referee move it.
 class MessageDispatcher {
 public:
-    MessageDispatcher(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments,
-                      ManagerLink& manager, SeatedEngine& engine)
-        : m_desk(desk),
-          m_screen(screen),
-          m_dialogs(dialogs),
-          m_comments(comments),
-          m_manager(manager),
-          m_engine(engine) {}
+    MessageDispatcher(GameSession& session, const Screen& screen, Dialogs& dialogs, ManagerLink& manager,
+                      SeatedEngine& engine)
+        : m_session(session), m_screen(screen), m_dialogs(dialogs), m_manager(manager), m_engine(engine) {}
 
     /// Handles one line; a line whose first word is none of the language is ignored.
     /// @throws whatever a handler throws; the caller's loop contains it
@@ -63,15 +57,12 @@ private:
     // Lines cross on their way: one that the referee wrote before it heard of the person's last step would
     // set the board back, while the referee goes on to follow that step. Such lines are dropped.
     bool awaits_move() const;
-    bool awaits_take_back() const { return m_screen.mode() == Mode::learn_openings; }
+    bool awaits_take_back() const { return m_screen.frame.mode() == Mode::learn_openings; }
     bool awaits_start() const;
 
-    void attach_annotation(Side side);
-
-    GameDesk& m_desk;
-    Screen& m_screen;
+    GameSession& m_session;
+    Screen m_screen;
     Dialogs& m_dialogs;
-    CommentKeeper& m_comments;
     ManagerLink& m_manager;
     SeatedEngine& m_engine;
 };

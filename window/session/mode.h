@@ -21,4 +21,16 @@ inline constexpr std::size_t mode_count = 6;
 inline constexpr std::array<const char*, mode_count> mode_actions = {
     "Setup", "HumanHuman", "HumanComputer", "AnalyzePosition", "LearnOpenings", "Tournament"};
 
+/// The entries of the menu that are of use only at times.
+enum class MenuEntry : std::size_t { start_thinking, ponder, install_engine, engine_options };
+
+/// The names of their actions, by MenuEntry.
+inline constexpr std::array<const char*, 4> menu_entry_actions = {"StartThinking", "Ponder", "Install",
+                                                                  "Engine1_options"};
+
+constexpr const char* action_name(Mode mode) { return mode_actions[static_cast<std::size_t>(mode)]; }
+constexpr const char* action_name(MenuEntry entry) {
+    return menu_entry_actions[static_cast<std::size_t>(entry)];
+}
+
 }  // namespace velmora

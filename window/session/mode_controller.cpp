@@ -9,35 +9,33 @@ void ModeController::on_switched(Mode mode, bool on) {
         &ModeController::setup,          &ModeController::human_human,
         &ModeController::human_computer, &ModeController::analyze_position,
         &ModeController::learn_openings, &ModeController::tournament};
-    m_desk.selected.reset();
+    m_session.select(std::nullopt);
     (this->*handlers[static_cast<std::size_t>(mode)])(on);
-    m_screen.show_position();
 }
 
 void ModeController::follow_position() {
     send_position();
-    const Mode mode = m_screen.mode();
+    const Mode mode = m_frame.mode();
     if (mode == Mode::human_computer) leave_move_to_person();
     if (mode == Mode::analyze_position) m_manager.send(to_referee::AnalyzePosition());
 }
 
 /// Whichever side is to move, it is the person's, and the engine takes the other: nobody else would begin.
 void ModeController::leave_move_to_person() {
-    const Side engine = opposite(m_desk.side_to_move());
-    m_desk.set_engine_plays(engine == Side::white, engine == Side::black);
-    m_desk.clocks_held = false;
+    const Side engine = opposite(m_session.side_to_move());
+    m_session.seat(Seats::with_engine(engine));
+    m_session.hold_clocks(false);
     m_manager.send(to_referee::PlayOther());
-    m_screen.stop_clocks();
-    m_screen.mark_clock(m_desk.side_to_move());
+    m_clocks.stop_clocks();
+    m_clocks.mark_clock(m_session.side_to_move());
 }
 
-void ModeController::send_position() { m_manager.send(to_referee::SetBoard{m_desk.position.fen()}); }
+void ModeController::send_position() { m_manager.send(to_referee::SetBoard{m_session.position().fen()}); }
 
 void ModeController::setup(bool on) {
-    m_screen.set_sensitive("StartThinking", false);
-    m_desk.setup = on;
+    m_frame.set_sensitive(MenuEntry::start_thinking, false);
     if (on) {
-        m_desk.position.set_rights(0);
+        m_session.clear_rights();
     } else {
         send_position();
     }
@@ -45,26 +43,26 @@ void ModeController::setup(bool on) {
 
 void ModeController::human_human(bool on) {
     if (!on) return;
-    m_screen.set_sensitive("StartThinking", false);
-    m_desk.set_engine_plays(false, false);
-    m_desk.clear_annotations();
-    m_screen.stop_clocks();
-    m_desk.clocks_held = true;
+    m_frame.set_sensitive(MenuEntry::start_thinking, false);
+    m_session.seat(Seats::of_people());
+    m_session.forget_search();
+    m_clocks.stop_clocks();
+    m_session.hold_clocks(true);
     m_manager.send(to_referee::HumanHuman());
-    m_screen.mark_clock(m_desk.side_to_move());
+    m_clocks.mark_clock(m_session.side_to_move());
 }
 
 void ModeController::human_computer(bool on) {
-    m_screen.set_sensitive("StartThinking", on);
-    m_screen.set_sensitive("Ponder", on);
+    m_frame.set_sensitive(MenuEntry::start_thinking, on);
+    m_frame.set_sensitive(MenuEntry::ponder, on);
     if (on) follow_position();
 }
 
 void ModeController::analyze_position(bool on) {
     if (!on) return;
-    m_screen.set_sensitive("StartThinking", false);
-    m_desk.clocks_held = true;
-    m_desk.set_engine_plays(false, false);
+    m_frame.set_sensitive(MenuEntry::start_thinking, false);
+    m_session.hold_clocks(true);
+    m_session.seat(Seats::of_people());
     follow_position();
 }
 
@@ -76,13 +74,13 @@ void ModeController::learn_openings(bool on) {
     const int mask = m_dialogs.choose_hints();
     if (mask == 0) {
         // A drill without hints is none. Without a mode of its own the referee would go on with the last.
-        m_screen.select_mode(Mode::human_human);
+        m_frame.select_mode(Mode::human_human);
         return;
     }
-    m_screen.set_sensitive("StartThinking", false);
-    m_desk.clocks_held = true;
-    m_desk.set_engine_plays(false, false);
-    m_screen.clear_arrows();
+    m_frame.set_sensitive(MenuEntry::start_thinking, false);
+    m_session.hold_clocks(true);
+    m_session.seat(Seats::of_people());
+    m_board.clear_arrows();
     m_manager.send(to_referee::LearnOpenings{mask});
     // The referee has not followed the moves of a game between people: the drill starts from what is on the
     // board.
@@ -94,49 +92,40 @@ void ModeController::tournament(bool on) {
         m_engine.leave_match();
         return;
     }
-    m_screen.set_sensitive("StartThinking", false);
+    m_frame.set_sensitive(MenuEntry::start_thinking, false);
     // The board of a match only looks on; its clocks follow the moves.
-    m_desk.set_engine_plays(true, true);
-    m_desk.clocks_held = false;
+    m_session.seat(Seats::of_engines());
+    m_session.hold_clocks(false);
     m_manager.send(to_referee::StartTournament());
     m_engine.begin_match();
 }
 
 bool ModeController::awaits_engine() const {
-    const Mode mode = m_screen.mode();
+    const Mode mode = m_frame.mode();
     return mode == Mode::tournament || mode == Mode::analyze_position ||
-           (mode == Mode::human_computer && m_desk.engine_to_move());
+           (mode == Mode::human_computer && m_session.engine_to_move());
 }
 
 void ModeController::start_thinking() {
-    if (m_screen.mode() != Mode::human_computer) return;
-    const Side engine = m_desk.side_to_move();
-    m_desk.set_engine_plays(engine == Side::white, engine == Side::black);
-    m_desk.clocks_held = false;
+    if (m_frame.mode() != Mode::human_computer) return;
+    const Side engine = m_session.side_to_move();
+    m_session.seat(Seats::with_engine(engine));
+    m_session.hold_clocks(false);
     m_manager.send(to_referee::Go());
-    m_screen.start_clock(engine);
+    m_clocks.start_clock(engine);
 }
 
 void ModeController::new_game() {
-    m_desk.position.new_game();
-    m_desk.selected.reset();
-    m_screen.set_clock_level(m_desk.level);
-    m_screen.reset_clocks();
-    m_screen.stop_clocks();
-    m_screen.mark_clock(Side::white);
-    m_screen.clear_arrows();
+    m_clocks.stop_clocks();
+    m_board.clear_arrows();
     m_manager.send(to_referee::NewGame());
-    m_desk.reset_record();
-    m_desk.clear_annotations();
-    m_comments.show();
-    m_screen.show_game();
-    m_screen.show_position();
+    m_session.new_game();
     if (m_engine.is_there()) {
-        m_desk.set_engine_plays(false, true);
-        m_screen.select_mode(Mode::human_computer);
-        m_screen.set_sensitive("StartThinking", true);
+        m_session.seat(Seats::with_engine(Side::black));
+        m_frame.select_mode(Mode::human_computer);
+        m_frame.set_sensitive(MenuEntry::start_thinking, true);
     } else {
-        m_screen.select_mode(Mode::human_human);
+        m_frame.select_mode(Mode::human_human);
     }
 }
 

@@ -1,23 +1,25 @@
 #pragma once
 
-#include "window/session/comment_keeper.h"
+#include "window/session/board_view.h"
+#include "window/session/clock_view.h"
 #include "window/session/dialogs.h"
-#include "window/session/game_desk.h"
+#include "window/session/game_session.h"
 #include "window/session/manager_link.h"
-#include "window/session/screen.h"
 #include "window/session/seated_engine.h"
+#include "window/session/window_frame.h"
 
 namespace velmora {
 
 /// What the six radio actions, "Start thinking" and "New game" bring about.
 class ModeController {
 public:
-    ModeController(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments,
-                   ManagerLink& manager, SeatedEngine& engine)
-        : m_desk(desk),
-          m_screen(screen),
+    ModeController(GameSession& session, BoardView& board, ClockView& clocks, WindowFrame& frame,
+                   Dialogs& dialogs, ManagerLink& manager, SeatedEngine& engine)
+        : m_session(session),
+          m_board(board),
+          m_clocks(clocks),
+          m_frame(frame),
           m_dialogs(dialogs),
-          m_comments(comments),
           m_manager(manager),
           m_engine(engine) {}
 
@@ -46,10 +48,11 @@ private:
     void send_position();
     void leave_move_to_person();
 
-    GameDesk& m_desk;
-    Screen& m_screen;
+    GameSession& m_session;
+    BoardView& m_board;
+    ClockView& m_clocks;
+    WindowFrame& m_frame;
     Dialogs& m_dialogs;
-    CommentKeeper& m_comments;
     ManagerLink& m_manager;
     SeatedEngine& m_engine;
 };

@@ -1,22 +1,21 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 
-#include "window/session/comment_keeper.h"
+#include "window/session/board_view.h"
 #include "window/session/dialogs.h"
-#include "window/session/game_desk.h"
+#include "window/session/game_session.h"
 #include "window/session/mode_controller.h"
-#include "window/session/screen.h"
+#include "window/session/window_frame.h"
 
 namespace velmora {
 
 /// Steps through the record: the four buttons under the board and clicks into the PGN text.
 class Navigation {
 public:
-    Navigation(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments,
+    Navigation(GameSession& session, BoardView& board, WindowFrame& frame, Dialogs& dialogs,
                ModeController& modes)
-        : m_desk(desk), m_screen(screen), m_dialogs(dialogs), m_comments(comments), m_modes(modes) {}
+        : m_session(session), m_board(board), m_frame(frame), m_dialogs(dialogs), m_modes(modes) {}
 
     void to_start();
     void back();
@@ -27,16 +26,13 @@ public:
     void to_text_offset(std::size_t offset);
 
 private:
-    /// Moves the record's current node and gives the FEN there, empty when there is no such move.
-    using Step = std::function<std::string(Game&)>;
+    void press(const GameSession::Step& step);
+    void go(const GameSession::Step& step);
 
-    void press(const Step& step);
-    void go(const Step& step);
-
-    GameDesk& m_desk;
-    Screen& m_screen;
+    GameSession& m_session;
+    BoardView& m_board;
+    WindowFrame& m_frame;
     Dialogs& m_dialogs;
-    CommentKeeper& m_comments;
     ModeController& m_modes;
 };
 

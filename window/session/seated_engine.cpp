@@ -4,13 +4,9 @@
 
 namespace velmora {
 
-SeatedEngine::SeatedEngine(GameDesk& desk, Screen& screen, Dialogs& dialogs, const ManagerLink& manager,
+SeatedEngine::SeatedEngine(WindowFrame& frame, Dialogs& dialogs, const ManagerLink& manager,
                            std::function<std::optional<Protocol>()> protocol)
-    : m_desk(desk),
-      m_screen(screen),
-      m_dialogs(dialogs),
-      m_manager(manager),
-      m_protocol(std::move(protocol)) {}
+    : m_frame(frame), m_dialogs(dialogs), m_manager(manager), m_protocol(std::move(protocol)) {}
 
 void SeatedEngine::begin_load(const std::string& name, Protocol asked_for) {
     m_search = Search::engine;
@@ -28,12 +24,12 @@ void SeatedEngine::begin_match() {
 void SeatedEngine::leave_match() {
     if (m_search == Search::match) m_search = Search::none;
     m_there = m_protocol().has_value();
-    if (!m_there) m_desk.engine1_name = m_title = no_engine_title;
+    if (!m_there) m_name = m_title = no_engine_title;
     show();
 }
 
 void SeatedEngine::take_name(const std::string& name) {
-    m_desk.engine1_name = m_title = name;
+    m_name = m_title = name;
     const bool answers = m_search == Search::engine && m_manager.referee_took_load();
     if (answers) m_search = Search::none;
     settle();
@@ -50,9 +46,9 @@ void SeatedEngine::end_search() {
 void SeatedEngine::settle() {
     m_there = m_protocol().has_value();
     show();
-    const Mode mode = m_screen.mode();
+    const Mode mode = m_frame.mode();
     const bool needs_engine = mode == Mode::human_computer || mode == Mode::analyze_position;
-    if (needs_engine && !m_there && m_search == Search::none) m_screen.select_mode(Mode::human_human);
+    if (needs_engine && !m_there && m_search == Search::none) m_frame.select_mode(Mode::human_human);
 }
 
 void SeatedEngine::tell_of_silence() {
@@ -68,14 +64,14 @@ void SeatedEngine::set_title(const std::string& title) {
 }
 
 void SeatedEngine::show() {
-    m_screen.set_title(m_search == Search::none ? m_title : "Loading " + m_sought + "...");
-    for (const char* action : {"Install", "Engine1_options"}) {
-        m_screen.set_sensitive(action, m_search == Search::none);
+    m_frame.set_title(m_search == Search::none ? m_title : "Loading " + m_sought + "...");
+    for (const MenuEntry entry : {MenuEntry::install_engine, MenuEntry::engine_options}) {
+        m_frame.set_sensitive(entry, m_search == Search::none);
     }
     for (const Mode mode : {Mode::human_computer, Mode::analyze_position}) {
-        m_screen.set_sensitive(mode_actions[static_cast<std::size_t>(mode)], is_there());
+        m_frame.set_sensitive(mode, is_there());
     }
-    m_screen.set_sensitive("StartThinking", is_there() && m_screen.mode() == Mode::human_computer);
+    m_frame.set_sensitive(MenuEntry::start_thinking, is_there() && m_frame.mode() == Mode::human_computer);
 }
 
 }  // namespace velmora

@@ -6,11 +6,13 @@
 
 #include "engine/store/engine_variables.h"
 #include "window/session/dialogs.h"
-#include "window/session/game_desk.h"
 #include "window/session/manager_link.h"
-#include "window/session/screen.h"
+#include "window/session/window_frame.h"
 
 namespace velmora {
+
+/// The title of a window without an engine, which also stands for the name of the engine that isn't there.
+inline constexpr const char* no_engine_title = "Velmora (no engine loaded)";
 
 /// What the window knows of the engine in the referee's first seat, and what follows from that on the screen:
 /// the title, and which entries of the menu are of use.
@@ -21,7 +23,7 @@ class SeatedEngine {
 public:
     /// @param protocol  asks the referee which protocol the engine in the first seat speaks; nothing when
     ///                  nobody sits there
-    SeatedEngine(GameDesk& desk, Screen& screen, Dialogs& dialogs, const ManagerLink& manager,
+    SeatedEngine(WindowFrame& frame, Dialogs& dialogs, const ManagerLink& manager,
                  std::function<std::optional<Protocol>()> protocol);
 
     /// "load" has been sent, for a program that is known to the person by this name.
@@ -39,6 +41,9 @@ public:
     /// Whether an engine sits there and none is being looked for.
     bool is_there() const { return m_there && m_search == Search::none; }
 
+    /// The name by which it was given, whether it is still there or not.
+    const std::string& name() const { return m_name; }
+
     /// The title that stands while no engine is being looked for.
     void set_title(const std::string& title);
 
@@ -51,8 +56,7 @@ private:
     void settle();
     void tell_of_silence();
 
-    GameDesk& m_desk;
-    Screen& m_screen;
+    WindowFrame& m_frame;
     Dialogs& m_dialogs;
     const ManagerLink& m_manager;
     const std::function<std::optional<Protocol>()> m_protocol;
@@ -60,6 +64,7 @@ private:
     std::string m_sought;                         // the name of what is being looked for
     Protocol m_asked_for = Protocol::autodetect;  // how it is to be talked to
     bool m_there = false;                         // whether somebody sat there when it was last heard of
+    std::string m_name = no_engine_title;
     std::string m_title = no_engine_title;
 };
 

@@ -3,11 +3,9 @@
 #include "base/stopwatch.h"
 #include "chess/board/piece.h"
 #include "chess/moves/position.h"
-#include "window/session/comment_keeper.h"
 #include "window/session/dialogs.h"
-#include "window/session/game_desk.h"
+#include "window/session/game_session.h"
 #include "window/session/manager_link.h"
-#include "window/session/screen.h"
 
 namespace velmora {
 
@@ -15,21 +13,20 @@ namespace velmora {
 class SetupEditor {
 public:
     /// @param click_timer  restarted when the chooser has closed
-    SetupEditor(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments,
-                ManagerLink& manager, Stopwatch& click_timer);
+    SetupEditor(GameSession& session, Dialogs& dialogs, ManagerLink& manager, Stopwatch& click_timer)
+        : m_session(session), m_dialogs(dialogs), m_manager(manager), m_click_timer(click_timer) {}
 
     /// One drag from `from` to `to`, or one click when both are the same square.
-    void edit(int from, int to);
+    void edit(Square from, Square to);
 
 private:
-    Piece move_piece(ChessPosition& board, int from, int to);
-    Piece place_chosen(ChessPosition& board, int square);
+    Piece edit(ChessPosition& board, Square from, Square to);
+    Piece move_piece(ChessPosition& board, Square from, Square to);
+    Piece place_chosen(ChessPosition& board, Square square);
     void take_over(ChessPosition& board, Piece touched);
 
-    GameDesk& m_desk;
-    Screen& m_screen;
+    GameSession& m_session;
     Dialogs& m_dialogs;
-    CommentKeeper& m_comments;
     ManagerLink& m_manager;
     Stopwatch& m_click_timer;
 };

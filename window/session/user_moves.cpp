@@ -16,28 +16,27 @@ bool fits_choice(const Move& move, PieceKind chosen) {
 
 }  // namespace
 
-UserMoves::UserMoves(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments,
-                     ManagerLink& manager, double click_delay_s)
-    : m_desk(desk),
-      m_screen(screen),
+UserMoves::UserMoves(GameSession& session, BoardView& board, ClockView& clocks, const WindowFrame& frame,
+                     Dialogs& dialogs, ManagerLink& manager, double click_delay_s)
+    : m_session(session),
+      m_board(board),
+      m_clocks(clocks),
+      m_frame(frame),
       m_dialogs(dialogs),
-      m_comments(comments),
       m_manager(manager),
-      m_setup(desk, screen, dialogs, comments, manager, m_click_timer),
+      m_setup(session, dialogs, manager, m_click_timer),
       m_click_delay_s(click_delay_s) {
     m_click_timer.start();
 }
 
-void UserMoves::on_board(int from, int to) {
+void UserMoves::on_board(Square from, Square to) {
+    // Where nothing comes of it, a piece that was dragged goes back.
     if (m_click_timer.elapsed() < m_click_delay_s) {
-        m_screen.show_position();
-        return;
-    }
-    if (m_desk.setup) {
+        m_session.tell({Change::position});
+    } else if (sets_up()) {
         m_setup.edit(from, to);
     } else if (!may_move()) {
-        m_screen.mark_clock(m_desk.side_to_move());
-        m_screen.show_position();
+        m_session.tell({Change::turn, Change::position});
     } else if (from == to) {
         on_click(to);
     } else {
@@ -46,88 +45,72 @@ void UserMoves::on_board(int from, int to) {
 }
 
 std::string UserMoves::on_typed(const std::string& text) {
-    if (m_desk.setup) return "The board is being set up";
+    if (sets_up()) return "The board is being set up";
     if (!may_move()) return "It is not your move";
-    const auto move = read_typed_move(m_desk.position, text);
+    const auto move = read_typed_move(m_session.position(), text);
     if (!move) return "\"" + text + "\" is no legal move here";
-    m_desk.selected.reset();
     make(*move);
-    m_screen.show_position();
     return {};
 }
 
-void UserMoves::on_piece_picked(std::optional<int> square) {
-    if (square && !m_desk.setup && may_move() && is_own_piece(*square)) m_screen.show_targets(*square);
+void UserMoves::on_piece_picked(std::optional<Square> square) {
+    if (square && !sets_up() && may_move() && is_own_piece(*square)) m_board.show_targets(*square);
 }
 
-void UserMoves::on_click(int square) {
-    const auto selected = m_desk.selected;
+void UserMoves::on_click(Square square) {
+    const auto selected = m_session.selected();
+    const auto is_there = [this](Square on, PieceKind kind) {
+        return m_session.position().piece_on(on).kind() == kind;
+    };
     if (selected && *selected != square && !is_own_piece(square)) {
         play(*selected, square);
-    } else if (selected && *selected != square && m_desk.position.piece_on(Square(square)).is_rook() &&
-               m_desk.position.piece_on(Square(*selected)).is_king()) {
+    } else if (selected && *selected != square && is_there(square, PieceKind::rook) &&
+               is_there(*selected, PieceKind::king)) {
         // Castling can be shown by the rook; when it is none, the click picks up the rook.
-        const auto moves_before = m_desk.game.current();
-        play(*selected, square);
-        if (m_desk.game.current() == moves_before) select(square);
+        if (!play(*selected, square)) m_session.select(square);
     } else if (is_own_piece(square) && selected != square) {
-        select(square);
+        m_session.select(square);
     } else {
-        select(std::nullopt);
+        m_session.select(std::nullopt);
     }
 }
 
-bool UserMoves::may_move() const { return !m_desk.engine_to_move(); }
-
-bool UserMoves::is_own_piece(int square) const {
-    const Piece piece = m_desk.position.piece_on(Square(square));
-    return piece != Piece(0) && piece.is_white() == (m_desk.side_to_move() == Side::white);
+bool UserMoves::is_own_piece(Square square) const {
+    const Piece piece = m_session.position().piece_on(square);
+    return piece != no_piece && piece.side() == m_session.side_to_move();
 }
 
-void UserMoves::select(std::optional<int> square) {
-    m_desk.selected = square;
-    m_screen.show_position();
-}
-
-PieceKind UserMoves::choose_promotion(int from, int to) {
-    const Piece piece = m_desk.position.piece_on(Square(from));
-    const int rank = to / 8;
-    const bool promotes = piece.is_pawn() && (rank == 0 || rank == 7);
+PieceKind UserMoves::choose_promotion(Square from, Square to) {
+    const Piece piece = m_session.position().piece_on(from);
+    const bool promotes = piece.is_pawn() && (to.rank() == 0 || to.rank() == 7);
     return promotes ? m_dialogs.choose_promotion(piece.side()) : PieceKind::none;
 }
 
-void UserMoves::play(int from, int to) {
-    m_desk.selected.reset();
+/// False, and nothing picked up any more, where there is no such move.
+bool UserMoves::play(Square from, Square to) {
     const PieceKind promoted = choose_promotion(from, to);
-    const std::string squares = Square(from).name() + Square(to).name();
-    std::optional<Move> chosen;
-    for (const Move& move : legal_moves(m_desk.position)) {
-        const bool by_squares =
-            move.from() == Square(from) && move.to() == Square(to) && fits_choice(move, promoted);
+    const std::string squares = from.name() + to.name();
+    for (const Move& move : legal_moves(m_session.position())) {
+        const bool by_squares = move.from() == from && move.to() == to && fits_choice(move, promoted);
         // Castling is stored as king takes rook; its printed form names the king's destination.
         if (by_squares || move.to_string(false) == squares) {
-            chosen = move;
-            break;
+            make(move);
+            return true;
         }
     }
-    if (chosen) make(*chosen);
-    m_screen.show_position();
+    m_session.select(std::nullopt);
+    return false;
 }
 
 void UserMoves::make(const Move& move) {
-    if (!m_desk.clocks_held) m_screen.start_clock(opposite(m_desk.side_to_move()));
-    m_comments.store();
+    if (!m_session.clocks_held()) m_clocks.start_clock(opposite(m_session.side_to_move()));
+    // The referee first: its engine can begin while the board is drawn.
+    m_manager.send(to_referee::UserMove{move.to_string(false)});
     try {
-        m_desk.play(move);
+        m_session.play(move);
     } catch (...) {
         std::cerr << "make move failed\n";
         throw;
-    }
-    m_manager.send(to_referee::UserMove{move.to_string(false)});
-    m_comments.show();
-    m_screen.show_game();
-    if (m_desk.clocks_held || m_screen.mode() == Mode::analyze_position) {
-        m_screen.mark_clock(m_desk.side_to_move());
     }
 }
 

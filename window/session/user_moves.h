@@ -4,12 +4,14 @@
 #include <string>
 
 #include "base/stopwatch.h"
-#include "window/session/comment_keeper.h"
+#include "chess/board/square.h"
+#include "window/session/board_view.h"
+#include "window/session/clock_view.h"
 #include "window/session/dialogs.h"
-#include "window/session/game_desk.h"
+#include "window/session/game_session.h"
 #include "window/session/manager_link.h"
-#include "window/session/screen.h"
 #include "window/session/setup_editor.h"
+#include "window/session/window_frame.h"
 
 namespace velmora {
 
@@ -20,31 +22,32 @@ public:
     /// click that closed a dialog is none on the board.
     static constexpr double default_click_delay_s = 0.5;
 
-    UserMoves(GameDesk& desk, Screen& screen, Dialogs& dialogs, CommentKeeper& comments, ManagerLink& manager,
-              double click_delay_s = default_click_delay_s);
+    UserMoves(GameSession& session, BoardView& board, ClockView& clocks, const WindowFrame& frame,
+              Dialogs& dialogs, ManagerLink& manager, double click_delay_s = default_click_delay_s);
 
     /// The board reports a drag from `from` to `to`, or a click when both are the same square.
-    void on_board(int from, int to);
+    void on_board(Square from, Square to);
 
     /// A move has been typed. Gives what is wrong with it; empty when it has been played.
     std::string on_typed(const std::string& text);
 
     /// A piece has been picked up: its targets are shown until it is dropped.
-    void on_piece_picked(std::optional<int> square);
+    void on_piece_picked(std::optional<Square> square);
 
 private:
-    void on_click(int square);
-    void play(int from, int to);
+    void on_click(Square square);
+    bool play(Square from, Square to);
     void make(const Move& move);
-    bool may_move() const;
-    bool is_own_piece(int square) const;
-    PieceKind choose_promotion(int from, int to);
-    void select(std::optional<int> square);
+    bool sets_up() const { return m_frame.mode() == Mode::setup; }
+    bool may_move() const { return !m_session.engine_to_move(); }
+    bool is_own_piece(Square square) const;
+    PieceKind choose_promotion(Square from, Square to);
 
-    GameDesk& m_desk;
-    Screen& m_screen;
+    GameSession& m_session;
+    BoardView& m_board;
+    ClockView& m_clocks;
+    const WindowFrame& m_frame;
     Dialogs& m_dialogs;
-    CommentKeeper& m_comments;
     ManagerLink& m_manager;
     SetupEditor m_setup;
     Stopwatch m_click_timer;  // runs since the start or since the piece chooser closed

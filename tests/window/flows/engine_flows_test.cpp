@@ -10,7 +10,7 @@ namespace {
 class EngineFlowsTest : public FlowsTest {
 protected:
     std::optional<EngineVariables> seated;
-    EngineFlows engines{desk, screen, dialogs, link, modes, engine, [this] {
+    EngineFlows engines{session, screen, dialogs, link, modes, engine, [this] {
                             return seated ? *seated : throw std::logic_error("nobody");
                         }};
 };
@@ -24,7 +24,7 @@ TEST_F(EngineFlowsTest, AnEngineIsLoadedByFileOrByName) {
     engines.load_installed();
     EXPECT_THAT(referee.take(), IsEmpty()) << "a question was left, or nothing was chosen";
 
-    const std::string board = "0 setboard " + desk.position.fen();
+    const std::string board = "0 setboard " + session.position().fen();
     dialogs.protocol = Protocol::xboard_v2;
     engines.load();
     EXPECT_THAT(referee.take(), ElementsAre("0 load 3 filename /opt/some engine", board));
@@ -112,8 +112,8 @@ TEST_F(EngineFlowsTest, TheTimeControlGoesToClocksAndReferee) {
     dialogs.time_control = Level("fixed_depth 7");
     engines.choose_time_control();
     EXPECT_THAT(referee.take(), ElementsAre("0 level fixed_depth 7"));
-    EXPECT_THAT(screen.calls, ElementsAre("clock level fixed_depth 7", "reset clocks"));
-    EXPECT_EQ(desk.level.text(), "fixed_depth 7");
+    EXPECT_THAT(screen.calls, ElementsAre("reset clocks fixed_depth 7"));
+    EXPECT_EQ(session.level().text(), "fixed_depth 7");
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ protected:
                                                second_fen + "\nnonsense\n8/8/8/8/8/8/8/8 w - - 0 1\n");
     }
 
-    FileFlows files{desk, screen, dialogs, comments, link, modes};
+    FileFlows files{session, screen, screen, dialogs, link, modes};
 };
 
 TEST_F(FileFlowsTest, TheChosenGameTakesThePlaceOfTheOneOnTheBoard) {
@@ -35,20 +35,20 @@ TEST_F(FileFlowsTest, TheChosenGameTakesThePlaceOfTheOneOnTheBoard) {
     dialogs.game = first_game.size();
     files.load_game();
     EXPECT_THAT(referee.take(), ElementsAre("0 setboard 4k3/8/8/8/8/8/4P3/4K3 b - - 0 30"));
-    EXPECT_EQ(desk.game.tag("White"), "Cid");
+    EXPECT_EQ(session.record().tag("White"), "Cid");
     EXPECT_EQ(screen.comment, "Late");
     EXPECT_THAT(screen.calls, testing::IsSupersetOf({"clear arrows", "mark clock black"}));
 
     dialogs.game = 0;
-    for (const char* moves : {"(1. d4) *\n", "1. e4\xE9 e5 *\n"}) {
+    for (const char* movetext : {"(1. d4) *\n", "1. e4\xE9 e5 *\n"}) {
         dialogs.files[FileKind::load_game] =
-            home.write("bad.pgn", std::string("[White \"Dan\"]\n\n") + moves);
+            home.write("bad.pgn", std::string("[White \"Dan\"]\n\n") + movetext);
         testing::internal::CaptureStderr();
         files.load_game();
         EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::StartsWith("# invalid game: \n"))
-            << moves;
+            << movetext;
     }
-    EXPECT_EQ(desk.game.tag("White"), "Cid");
+    EXPECT_EQ(session.record().tag("White"), "Cid");
     EXPECT_THAT(referee.take(), IsEmpty());
 }
 
@@ -60,8 +60,8 @@ TEST_F(FileFlowsTest, PositionsOfAFileOneAfterTheOther) {
     dialogs.position = ChosenPosition{1, "4k3/8/8/8/8/8/4P3/4K3 w - - bm e4; id \"first\";"};
     files.load_position();
     EXPECT_THAT(referee.take(), ElementsAre("0 setboard " + first_fen));
-    EXPECT_EQ(desk.game.tag("Event") + "|" + desk.game.tag("FEN"), "first|" + first_fen);
-    EXPECT_THAT(desk.epd_text(), HasSubstr("bm e4;"));
+    EXPECT_EQ(session.record().tag("Event") + "|" + session.record().tag("FEN"), "first|" + first_fen);
+    EXPECT_THAT(session.epd_text(), HasSubstr("bm e4;"));
     files.load_next_position();
     EXPECT_THAT(referee.take(), ElementsAre("0 setboard " + second_fen));
     files.load_next_position();  // nonsense: nothing happens
@@ -85,11 +85,11 @@ TEST_F(FileFlowsTest, WhatIsSavedStandsInTheFile) {
     dialogs.files[FileKind::save_game] = home.path("saved.pgn");
     files.save_game();
     files.save_game();
-    EXPECT_EQ(home.content("saved.pgn"), desk.game.pgn() + desk.game.pgn());
-    EXPECT_THAT(desk.game.pgn(), HasSubstr("{typed}"));
+    EXPECT_EQ(home.content("saved.pgn"), session.pgn() + session.pgn());
+    EXPECT_THAT(session.pgn(), HasSubstr("{typed}"));
     dialogs.files[FileKind::save_position] = home.path("saved.fen");
     files.save_position();
-    EXPECT_EQ(home.content("saved.fen"), desk.position.fen() + "\n");
+    EXPECT_EQ(home.content("saved.fen"), session.position().fen() + "\n");
     for (const char* name : {"full.pgn", "full.fen"}) {
         std::filesystem::create_symlink("/dev/full", home.path(name));
     }
@@ -105,9 +105,9 @@ TEST_F(FileFlowsTest, WhatIsSavedStandsInTheFile) {
 }
 
 TEST_F(FileFlowsTest, ATypedFenThatCannotBeReadIsToldAndChangesNothing) {
-    const auto before = desk.position.fen();
+    const auto before = session.position().fen();
     files.enter_fen("rnbqkbnr/8/8/8/8/8/8/RNBQ1BNR w - - 0 1");
-    EXPECT_EQ(desk.position.fen(), before);
+    EXPECT_EQ(session.position().fen(), before);
     EXPECT_THAT(dialogs.told, ElementsAre(testing::EndsWith("error number of kings")));
     files.enter_fen(second_fen);
     EXPECT_THAT(referee.take(), ElementsAre("0 setboard " + second_fen));

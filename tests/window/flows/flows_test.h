@@ -1,16 +1,12 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/support/recording_sink.h"
 #include "tests/support/scratch_directory.h"
-#include "tests/window/recording_screen.h"
-#include "tests/window/scripted_dialogs.h"
-#include "window/session/mode_controller.h"
+#include "tests/window/headless_window.h"
 
 namespace velmora {
 
@@ -18,14 +14,10 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// What the flows work on, in a directory of its own, with nobody in the referee's seat.
-class FlowsTest : public testing::Test {
+/// A window without a display in a directory of its own, with nobody in the referee's seat.
+class FlowsTest : public testing::Test, protected test::HeadlessWindow {
 protected:
-    FlowsTest() {
-        std::filesystem::current_path(home.path(""));
-        screen.on_switched = [this](Mode mode, bool on) { modes.on_switched(mode, on); };
-        select(Mode::human_human);
-    }
+    FlowsTest() : HeadlessWindow(Mode::human_human) { std::filesystem::current_path(home.path("")); }
     ~FlowsTest() override { std::filesystem::current_path(m_before); }
 
     /// Selects a mode, and forgets what that brought about.
@@ -36,14 +28,7 @@ protected:
     }
 
     const ScratchDirectory home;
-    GameDesk desk;
-    RecordingScreen screen;
     ScriptedDialogs dialogs;
-    test::RecordingSink referee;
-    ManagerLink link{referee};
-    CommentKeeper comments{desk, screen};
-    SeatedEngine engine{desk, screen, dialogs, link, [] { return std::optional<Protocol>(); }};
-    ModeController modes{desk, screen, dialogs, comments, link, engine};
 
 private:
     const std::filesystem::path m_before = std::filesystem::current_path();

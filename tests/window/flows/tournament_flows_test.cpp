@@ -33,7 +33,7 @@ protected:
         tournaments.load();
     }
 
-    TournamentFlows tournaments{desk, screen, dialogs, link};
+    TournamentFlows tournaments{session, screen, dialogs, link};
 };
 
 TEST_F(TournamentFlowsTest, WhatIsEnteredIsWhatIsPlayed) {
@@ -91,7 +91,7 @@ TEST_F(TournamentFlowsTest, ALoadedTournamentBringsItsTimeControl) {
     referee.take();
     choose(TournamentChoice::Action::load, "May cup");
     EXPECT_THAT(referee.take(), ElementsAre("0 level sudden_death 0 0:10 0.1", "0 load_tournament May cup"));
-    EXPECT_THAT(screen.calls, ElementsAre("clock level sudden_death 0 0:10 0.1", "reset clocks"));
+    EXPECT_THAT(screen.calls, ElementsAre("reset clocks sudden_death 0 0:10 0.1"));
     testing::internal::CaptureStderr();
     choose(TournamentChoice::Action::load, "none");
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("none.trn doesn't exist!"));

@@ -165,7 +165,7 @@ void Monkey::close_all() {
 
 std::optional<Move> Monkey::legal_move(bool without_promotions) {
     std::vector<Move> moves;
-    for (const Move& move : legal_moves(m_window.desk().position)) {
+    for (const Move& move : legal_moves(m_window.session().position())) {
         if (!without_promotions || move.to_string(false).size() == 4) moves.push_back(move);
     }
     if (moves.empty()) return std::nullopt;
@@ -304,15 +304,14 @@ void Monkey::restart_the_logs() {
 
 /// Whether the engine that the window names has a process.
 bool Monkey::is_seated() const {
-    return !m_place.processes_of(m_window.desk().engine1_name == "Alpha" ? "alpha" : "gamma").empty();
+    return !m_place.processes_of(m_window.engine().name() == "Alpha" ? "alpha" : "gamma").empty();
 }
 
 /// Sees to an engine that speaks UCI and a mode in which the referee tells it its position, one step a call;
 /// true when all is there.
 bool Monkey::is_ready_to_compare() {
-    const GameDesk& desk = m_window.desk();
     const Mode mode = m_window.actions().mode();
-    const bool speaks_uci = desk.engine1_name == "Alpha" || desk.engine1_name == "Gamma";
+    const bool speaks_uci = m_window.engine().name() == "Alpha" || m_window.engine().name() == "Gamma";
     // An engine that was killed leaves its name standing.
     if (!speaks_uci || (!m_check.is_under_way() && !is_seated())) {
         if (!std::exchange(m_wants_alpha, true)) {
@@ -333,10 +332,10 @@ bool Monkey::is_ready_to_compare() {
 
 /// Makes a move, or hands the move to the engine: either way the referee has to tell the engine its position.
 void Monkey::begin_comparison() {
-    const GameDesk& desk = m_window.desk();
+    const GameSession& session = m_window.session();
     const bool ready = is_ready_to_compare();
     if (!ready) m_check.disturb();
-    if (!ready || desk.engine_to_move() || !m_check.is_quiet() || !is_seated()) {
+    if (!ready || session.engine_to_move() || !m_check.is_quiet() || !is_seated()) {
         // The engine's name, or its move, comes with a later line of the referee.
         if (--m_patience < 0) m_compares = m_wants_alpha = false;
         return;
@@ -344,15 +343,15 @@ void Monkey::begin_comparison() {
     m_compares = false;
     m_check.prepare();
     if (m_window.actions().mode() == Mode::human_computer && one_in(2)) {
-        m_check.expect(desk.position.fen());
+        m_check.expect(session.position().fen());
         activate("Start thinking");
         return;
     }
     const auto move = legal_move(true);
     note("compare by " + move->to_string(false));
-    const auto before = desk.position.fen();
+    const auto before = session.position().fen();
     gui::drag(m_board, on_board(move->from()), on_board(move->to()));
-    if (desk.position.fen() != before) m_check.expect(desk.position.fen());
+    if (session.position().fen() != before) m_check.expect(session.position().fen());
 }
 
 void Monkey::look_for_the_position() {

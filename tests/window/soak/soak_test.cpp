@@ -132,7 +132,7 @@ TEST(Soak, AMonkeyFindsNoFault) {
         window.actions().set_active("Debug", true);
         window.send_to_manager("load 1 filename " + place.path("alpha.engine"));
         ASSERT_TRUE(
-            gui::pump_until([&] { return window.desk().engine1_name == "Alpha"; }, std::chrono::seconds(30)));
+            gui::pump_until([&] { return window.engine().name() == "Alpha"; }, std::chrono::seconds(30)));
         Monkey monkey(window, place, static_cast<std::uint32_t>(seed), actions);
         {
             const Watchdog watchdog(monkey);

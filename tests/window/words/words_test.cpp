@@ -133,7 +133,7 @@ TEST_F(WordsTest, TheWindows) {
     const double cell = board.drawing().cell().width;
     const auto steps_back = [&](Gtk::Window& window) {
         gui::press_key(window, GDK_KEY_Left);
-        const bool stepped = !m_window->desk().can_go_back();
+        const bool stepped = !m_window->session().can_go_back();
         if (stepped) gui::press_key(window, GDK_KEY_End);
         return stepped;
     };
@@ -141,7 +141,7 @@ TEST_F(WordsTest, TheWindows) {
     fen_field.grab_focus();
     EXPECT_TRUE(gui::pump_until([&] {  // the first presses after the start don't count
         gui::drag(board, {4.5 * cell, 6.5 * cell}, {4.5 * cell, 4.5 * cell});
-        return m_window->desk().can_go_back();
+        return m_window->session().can_go_back();
     }));
     EXPECT_TRUE(steps_back(*m_window));
     fen_field.grab_focus();

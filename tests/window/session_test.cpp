@@ -1,5 +1,5 @@
-// The rooms of the window on a desk without a display: lines from the referee, the person's moves, modes,
-// set-up and navigation, against what goes to the referee and what stands on the desk.
+// The session and the rooms of the window without a display: lines from the referee, the person's moves,
+// modes, set-up and navigation, against what goes to the referee and what the game is then.
 
 #include <filesystem>
 
@@ -7,13 +7,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/positions.h"
-#include "tests/support/recording_sink.h"
 #include "tests/support/scratch_directory.h"
-#include "tests/window/recording_screen.h"
-#include "window/session/message_dispatcher.h"
-#include "window/session/mode_controller.h"
-#include "window/session/navigation.h"
-#include "window/session/user_moves.h"
+#include "tests/window/headless_window.h"
 
 namespace velmora {
 namespace {
@@ -26,19 +21,21 @@ using testing::IsEmpty;
 
 const std::string after_e4 = "rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq - 0 1";
 
-int square(const char* name) {
-    const Square s{std::string(name)};
-    return s.rank() * 8 + s.file();
-}
-
-class DeskTest : public testing::Test {
+class SessionTest : public testing::Test, protected test::HeadlessWindow {
 protected:
-    DeskTest() {
+    SessionTest() : HeadlessWindow(Mode::human_human) {
         std::filesystem::current_path(m_home.path(""));
-        screen.on_switched = [this](Mode mode, bool on) { modes.on_switched(mode, on); };
-        select(Mode::human_human);
+        screen.on_show_position = [this] { m_shown_fen = session.position().fen(); };
+        screen.on_show_game = [this] { m_shown_node = session.record().current(); };
     }
-    ~DeskTest() override { std::filesystem::current_path(m_before); }
+    ~SessionTest() override { std::filesystem::current_path(m_before); }
+
+    /// Whatever has happened: the views show the game as it is.
+    void TearDown() override {
+        EXPECT_EQ(m_shown_fen, fen());
+        EXPECT_EQ(m_shown_node, session.record().current());
+        EXPECT_EQ(screen.comment, session.record().comment());
+    }
 
     /// Lines that the referee has written when it had taken all that was sent.
     void lines(std::initializer_list<const char*> texts) { process(texts, referee.count()); }
@@ -50,107 +47,106 @@ protected:
             dispatcher.process(text);
         }
     }
-    /// A drag on the board, past the delay in which a click after the start doesn't count.
-    void drag(const char* from, const char* to) { moves.on_board(square(from), square(to)); }
+    void drag(const char* from, const char* to) {
+        moves.on_board(Square(std::string(from)), Square(std::string(to)));
+    }
+    void click(const char* square) { drag(square, square); }
 
+    std::string fen() const { return session.position().fen(); }
+    Piece piece_on(const char* square) const {
+        return session.position().piece_on(Square(std::string(square)));
+    }
     /// The values of tags of the game, "|" between.
     std::string tags(std::initializer_list<const char*> names) {
         std::string values;
         for (const char* name : names) {
             if (!values.empty()) values += '|';
-            values += desk.game.tag(name);
+            values += session.record().tag(name);
         }
         return values;
     }
-    /// Selects a mode in which the referee moves the pieces, and forgets what that brought about.
+    /// Selects a mode and forgets what that brought about.
     void select(Mode mode) {
         screen.select_mode(mode);
         referee.take();
         screen.calls.clear();
     }
-
-    void load(const char* name, Protocol asked_for) {
+    void load_engine(const char* name, Protocol asked_for) {
         link.send(to_referee::Load());
         engine.begin_load(name, asked_for);
+    }
+    void load_game(const char* pgn) {
+        Game game;
+        game.parse_pgn(pgn);
+        session.load(std::move(game));
     }
 
     const ScratchDirectory m_home;
     const std::filesystem::path m_before = std::filesystem::current_path();
-
-    GameDesk desk;
-    RecordingScreen screen;
-    test::RecordingSink referee;
-    std::optional<Protocol> seat;  // what the engine speaks that sits there
-    ManagerLink link{referee};
-    CommentKeeper comments{desk, screen};
-    SeatedEngine engine{desk, screen, screen, link, [this] { return seat; }};
-    MessageDispatcher dispatcher{desk, screen, screen, comments, link, engine};
-    ModeController modes{desk, screen, screen, comments, link, engine};
-    UserMoves moves{desk, screen, screen, comments, link, 0.0};
-    Navigation navigation{desk, screen, screen, comments, modes};
+    std::string m_shown_fen = test::start_fen;
+    std::int32_t m_shown_node = 0;
 };
 
 // -- Lines from the referee
 
-TEST_F(DeskTest, AnEngineMoveCarriesItsAnnotationAndStartsTheOtherClock) {
+TEST_F(SessionTest, AnEngineMoveCarriesItsAnnotationAndStartsTheOtherClock) {
     select(Mode::tournament);
     lines({"white_info  depth 5 score cp 20", "white_info  currmove e2e4 currmovenumber 1", "move e2e4"});
-    EXPECT_EQ(desk.position.fen(), after_e4);
-    EXPECT_EQ(desk.game.comment(), "[%eval 0.2][%depth 5]");
+    EXPECT_EQ(fen(), after_e4);
+    EXPECT_EQ(session.record().comment(), "[%eval 0.2][%depth 5]");
     EXPECT_EQ(screen.comment, "[%eval 0.2][%depth 5]");
-    EXPECT_EQ(desk.annotation[Side::white], "") << "the next move's begins anew";
     EXPECT_THAT(screen.calls, ElementsAre("analysis white  depth 5 score cp 20\n", "start clock black"));
     EXPECT_EQ(tags({"ECO", "Opening"}), "B00|King's pawn opening");
     lines({"emt 1234"});
-    EXPECT_EQ(desk.game.comment(), "[%eval 0.2][%depth 5][%time 1234]");
+    EXPECT_EQ(session.record().comment(), "[%eval 0.2][%depth 5][%time 1234]");
 }
 
-TEST_F(DeskTest, AMoveThatDoesNotFitChangesNothing) {
+TEST_F(SessionTest, AMoveThatDoesNotFitChangesNothing) {
     select(Mode::tournament);
     lines({"move e2e5", "move", "move xyz", "move e7e5"});
-    EXPECT_EQ(desk.position.moves().size(), 0U);
-    EXPECT_TRUE(desk.game.is_empty());
+    EXPECT_EQ(fen(), test::start_fen);
+    EXPECT_TRUE(session.record().is_empty());
 }
 
-TEST_F(DeskTest, LinesThatCrossedAStepOfThePersonAreDropped) {
+TEST_F(SessionTest, LinesThatCrossedAStepOfThePersonAreDropped) {
     // Each fits the board that is shown, but the referee has the person's step still to come.
     select(Mode::human_computer);
     drag("e2", "e4");
     navigation.to_start();
-    const auto shown = desk.position.fen();
+    const auto shown = fen();
     crossed_lines({"move d2d4", "setboard 4k3/8/8/8/8/8/8/4KR2 b - - 0 1", "takeback", "new"});
-    EXPECT_EQ(desk.position.fen(), shown);
-    EXPECT_FALSE(desk.game.is_empty());
+    EXPECT_EQ(fen(), shown);
+    EXPECT_FALSE(session.record().is_empty());
     // The echo of a new game in which the person has moved already.
     seat = Protocol::uci;
     lines({"engine1name Some Engine"});
     modes.new_game();
-    desk.set_engine_plays(false, true);
+    session.seat(Seats::with_engine(Side::black));
     drag("d2", "d4");
     crossed_lines({"new"});
-    EXPECT_EQ(desk.position.moves_text(), "d2d4");
+    EXPECT_EQ(session.position().moves_text(), "d2d4");
     lines({"move d7d5"});
-    EXPECT_EQ(desk.position.moves_text(), "d2d4 d7d5");
+    EXPECT_EQ(session.position().moves_text(), "d2d4 d7d5");
     // The engine has answered already when it is told to move: it takes the other side, too.
     drag("c2", "c4");
     modes.start_thinking();
     crossed_lines({"move d5c4"});
     lines({"move e2e3"});
-    EXPECT_EQ(desk.position.moves_text(), "d2d4 d7d5 c2c4 d5c4 e2e3");
-    EXPECT_TRUE(desk.engine_plays[Side::white]);
-    EXPECT_FALSE(desk.engine_plays[Side::black]);
+    EXPECT_EQ(session.position().moves_text(), "d2d4 d7d5 c2c4 d5c4 e2e3");
+    EXPECT_TRUE(session.seats().engine_plays(Side::white));
+    EXPECT_FALSE(session.seats().engine_plays(Side::black));
     // An answer to the game before, when the person has gone back and played on; the names come with "go".
     modes.start_thinking();
     navigation.to_start();
     select(Mode::human_computer);
     drag("e2", "e4");
     crossed_lines({"blackname Human", "whitename Some Engine", "move e7e5"});
-    EXPECT_EQ(desk.position.moves_text(), "e2e4");
+    EXPECT_EQ(session.position().moves_text(), "e2e4");
     lines({"move c7c5"});
-    EXPECT_EQ(desk.position.moves_text(), "e2e4 c7c5");
+    EXPECT_EQ(session.position().moves_text(), "e2e4 c7c5");
 }
 
-TEST_F(DeskTest, AnEmptyAnnotationLeavesACommentAlone) {
+TEST_F(SessionTest, AnEmptyAnnotationLeavesACommentAlone) {
     select(Mode::tournament);
     lines({"move e2e4"});
     screen.comment = "mine";
@@ -158,10 +154,10 @@ TEST_F(DeskTest, AnEmptyAnnotationLeavesACommentAlone) {
     navigation.back();
     select(Mode::tournament);
     lines({"move e2e4"});
-    EXPECT_EQ(desk.game.comment(), "mine");
+    EXPECT_EQ(session.record().comment(), "mine");
 }
 
-TEST_F(DeskTest, AStartThatCrossedAPositionOfOursIsToldTheRefereeAgain) {
+TEST_F(SessionTest, AStartThatCrossedAPositionOfOursIsToldTheRefereeAgain) {
     constexpr const char* chess960 = "setboard bbqnnrkr/pppppppp/8/8/8/8/PPPPPPPP/BBQNNRKR w FHfh - 0 1";
     seat = Protocol::uci;
     lines({"engine1name Alpha"});
@@ -172,10 +168,10 @@ TEST_F(DeskTest, AStartThatCrossedAPositionOfOursIsToldTheRefereeAgain) {
     EXPECT_THAT(referee.take(), IsEmpty());
     select(Mode::human_human);
     modes.new_game();
-    EXPECT_THAT(referee.take(), ElementsAre("0 new", "0 setboard " + desk.position.fen(), "0 playother"));
+    EXPECT_THAT(referee.take(), ElementsAre("0 new", "0 setboard " + fen(), "0 playother"));
     process({"new", chess960}, referee.count() - 2);
     EXPECT_THAT(referee.take(), ElementsAre("0 " + std::string(chess960)));
-    EXPECT_EQ("setboard " + desk.position.fen(), chess960);
+    EXPECT_EQ("setboard " + fen(), chess960);
     // The start of the first of two new games.
     modes.new_game();
     modes.new_game();
@@ -183,33 +179,33 @@ TEST_F(DeskTest, AStartThatCrossedAPositionOfOursIsToldTheRefereeAgain) {
     crossed_lines({"new", chess960});
     EXPECT_THAT(referee.take(), ElementsAre("0 " + std::string(chess960)));
     crossed_lines({"new", "setboard bbnqnrkr/pppppppp/8/8/8/8/PPPPPPPP/BBNQNRKR w HFhf - 0 1"});
-    EXPECT_EQ("setboard " + desk.position.fen(), chess960);
+    EXPECT_EQ("setboard " + fen(), chess960);
 }
 
-TEST_F(DeskTest, TheClockOfASetBoardIsThatOfTheSideNotToMove) {
+TEST_F(SessionTest, TheClockOfASetBoardIsThatOfTheSideNotToMove) {
     select(Mode::tournament);
     lines({"setboard 4k3/8/8/8/8/8/8/4K2R w K - 17 40"});
-    EXPECT_EQ(desk.position.fen(), "4k3/8/8/8/8/8/8/4K2R w K - 0 1");
+    EXPECT_EQ(fen(), "4k3/8/8/8/8/8/8/4K2R w K - 0 1");
     EXPECT_EQ(tags({"SetUp", "FEN"}), "1|4k3/8/8/8/8/8/8/4K2R w K - 0 1");
     EXPECT_THAT(screen.calls, Contains("start clock black"));
 }
 
-TEST_F(DeskTest, TakingBackGoesNoFurtherThanTheStart) {
+TEST_F(SessionTest, TakingBackGoesNoFurtherThanTheStart) {
     select(Mode::learn_openings);
     drag("e2", "e4");
     lines({"takeback", "takeback"});
-    EXPECT_EQ(desk.position.fen(), ChessPosition(desk.position).start_fen());
-    EXPECT_EQ(desk.game.current(), 0);
+    EXPECT_EQ(fen(), test::start_fen);
+    EXPECT_EQ(session.record().current(), 0);
 }
 
-TEST_F(DeskTest, AFinishedGameIsArchivedWithNamesTimeControlAndEnding) {
+TEST_F(SessionTest, AFinishedGameIsArchivedWithNamesTimeControlAndEnding) {
     select(Mode::tournament);
     lines({"level sessions 40 5 2", "whitename  A \"quoted\" name ", "blackname", "WhiteElo 2600",
            "move f2f3", "move e7e5", "move g2g4", "move d8h4", "0-1 {Black mates}"});
     EXPECT_EQ(screen.title, "A \"quoted\" name  ???");
     EXPECT_THAT(screen.calls, Contains("stop clocks"));
     const auto archive = m_home.content("Velmora battles.pgn");
-    EXPECT_EQ(archive, desk.game.pgn());
+    EXPECT_EQ(archive, session.pgn());
     for (const char* part : {"[White \"A 'quoted' name\"]", "[Black \"???\"]", "[WhiteElo \"2600\"]",
                              "[TimeControl \"40/300+2\"]", "[Result \"0-1\"]", "{Black mates} 0-1"}) {
         EXPECT_THAT(archive, HasSubstr(part));
@@ -218,24 +214,25 @@ TEST_F(DeskTest, AFinishedGameIsArchivedWithNamesTimeControlAndEnding) {
     EXPECT_EQ(m_home.content("Velmora battles.pgn"), archive) << "a game without moves is not archived";
 }
 
-TEST_F(DeskTest, NewGivesTheDefaultTextsWhateverTheTournamentWasCalled) {
+TEST_F(SessionTest, NewGivesTheDefaultTextsWhateverTheTournamentWasCalled) {
     select(Mode::tournament);
     lines({"event  Big one", "site  Here", "round 3.2", "white_info score cp 5"});
     EXPECT_EQ(tags({"Event", "Site", "Round"}), "Big one|Here|3.2");
     lines({"new"});
     EXPECT_EQ(tags({"Event", "Site", "Round"}), "Velmora battles|the North Sea|3.2");
-    EXPECT_EQ(desk.annotation[Side::white], "");
-    EXPECT_FALSE(desk.clocks_held);
+    lines({"move e2e4"});
+    EXPECT_EQ(session.record().comment(), "") << "what was said in the game before is forgotten";
+    EXPECT_FALSE(session.clocks_held());
 }
 
-TEST_F(DeskTest, WhatIsShownAroundTheBoard) {
+TEST_F(SessionTest, WhatIsShownAroundTheBoard) {
     lines({"wtime 12349", "btime -5", "telluser Polyglotbook: no more moves", "set_arrow 12 28 g",
            "set_arrow 1 2 r", "set_arrow 3 4 b", "clear_arrows", "engine1name  Alpha 1.0 ",
            "level fixed_depth 7", "quit"});
     EXPECT_THAT(screen.calls,
                 ElementsAre("set clock white 1234", "set clock black 0", "tell Polyglotbook:| no more moves",
-                            "arrow 12 28 1", "arrow 1 2 0", "arrow 3 4 2", "clear arrows",
-                            "clock level fixed_depth 7", "reset clocks", "close"));
+                            "arrow e2 e4 1", "arrow b1 c1 0", "arrow d1 e1 2", "clear arrows",
+                            "reset clocks fixed_depth 7", "close"));
     EXPECT_EQ(screen.title, "Alpha 1.0");
     screen.calls.clear();
     link.send(to_referee::Quit());
@@ -243,7 +240,7 @@ TEST_F(DeskTest, WhatIsShownAroundTheBoard) {
     EXPECT_THAT(screen.calls, IsEmpty()) << "nothing holds up the end";
 }
 
-TEST_F(DeskTest, ResetFallsBackToTwoPeopleOnlyForTheMode) {
+TEST_F(SessionTest, ResetFallsBackToTwoPeopleOnlyForTheMode) {
     screen.select_mode(Mode::analyze_position);
     lines({"reset board"});
     EXPECT_EQ(screen.mode(), Mode::analyze_position);
@@ -253,23 +250,23 @@ TEST_F(DeskTest, ResetFallsBackToTwoPeopleOnlyForTheMode) {
 
 // -- Modes
 
-TEST_F(DeskTest, WhatEachModeSends) {
+TEST_F(SessionTest, WhatEachModeSends) {
     seat = Protocol::uci;
-    desk.engine1_name = "Alpha";
-    const std::string board = "0 setboard " + desk.position.fen();
+    const std::string board = "0 setboard " + fen();
     EXPECT_FALSE(modes.awaits_engine());
     screen.select_mode(Mode::human_computer);
     EXPECT_THAT(referee.take(), ElementsAre(board, "0 playother"));
-    EXPECT_TRUE(desk.engine_plays[Side::black] && !modes.awaits_engine());
+    EXPECT_TRUE(session.seats().engine_plays(Side::black) && !modes.awaits_engine());
     EXPECT_TRUE(screen.sensitive["StartThinking"] && screen.sensitive["Ponder"]);
-    desk.position.set_fen(after_e4);  // from elsewhere: whichever side is to move there is the person's
+    session.start_from(after_e4);  // from elsewhere: whichever side is to move there is the person's
     modes.follow_position();
     EXPECT_THAT(referee.take(), ElementsAre("0 setboard " + after_e4, "0 playother"));
-    EXPECT_TRUE(desk.engine_plays[Side::white] && !desk.engine_plays[Side::black]);
-    desk.position.new_game();
+    EXPECT_TRUE(session.seats().engine_plays(Side::white) && !session.seats().engine_plays(Side::black));
+    session.new_game();
     modes.start_thinking();
     EXPECT_THAT(referee.take(), ElementsAre("0 go"));
-    EXPECT_TRUE(desk.engine_plays[Side::white] && !desk.engine_plays[Side::black] && modes.awaits_engine());
+    EXPECT_TRUE(session.seats().engine_plays(Side::white) && !session.seats().engine_plays(Side::black) &&
+                modes.awaits_engine());
     screen.select_mode(Mode::analyze_position);
     EXPECT_TRUE(modes.awaits_engine());
     EXPECT_THAT(referee.take(), ElementsAre(board, "0 analyzeposition"));
@@ -284,23 +281,22 @@ TEST_F(DeskTest, WhatEachModeSends) {
     EXPECT_FALSE(modes.awaits_engine());
     screen.select_mode(Mode::tournament);
     EXPECT_THAT(referee.take(), ElementsAre("0 learnopenings 0", "0 start_tournament"));
-    EXPECT_TRUE(desk.engine_plays[Side::white] && desk.engine_plays[Side::black] && !desk.clocks_held);
+    EXPECT_TRUE(session.seats().engine_plays(Side::white) && session.seats().engine_plays(Side::black) &&
+                !session.clocks_held());
     EXPECT_TRUE(modes.awaits_engine());
     screen.select_mode(Mode::human_human);
     EXPECT_THAT(referee.take(), ElementsAre("0 human_human"));
-    EXPECT_TRUE(desk.clocks_held);
+    EXPECT_TRUE(session.clocks_held());
     modes.start_thinking();
     EXPECT_THAT(referee.take(), IsEmpty());
-    EXPECT_EQ(desk.engine1_name, "Alpha");
     // A match without a game to play leaves nobody in the seat.
     select(Mode::tournament);
     seat.reset();
     lines({"tournament_finished"});
-    EXPECT_EQ(desk.engine1_name, no_engine_title);
     EXPECT_EQ(screen.title, no_engine_title);
 }
 
-TEST_F(DeskTest, TitleAndMenuTellOfTheEngineThatIsLookedFor) {
+TEST_F(SessionTest, TitleAndMenuTellOfTheEngineThatIsLookedFor) {
     const auto menu = [&] {
         std::string all;
         for (const auto* action : {"Install", "Engine1_options", "HumanComputer", "AnalyzePosition"})
@@ -309,7 +305,7 @@ TEST_F(DeskTest, TitleAndMenuTellOfTheEngineThatIsLookedFor) {
     };
     engine.show();
     EXPECT_EQ(menu(), "++--");
-    load("alpha", Protocol::uci);
+    load_engine("alpha", Protocol::uci);
     EXPECT_EQ(screen.title, "Loading alpha...");
     crossed_lines({"engine1name Earlier", "whitename Earlier", "telluser engine1 crashed"});
     EXPECT_EQ(screen.title, "Loading alpha...");
@@ -321,7 +317,7 @@ TEST_F(DeskTest, TitleAndMenuTellOfTheEngineThatIsLookedFor) {
     // A load that fails leaves nobody, and no mode that needs somebody.
     for (const Mode mode : {Mode::human_computer, Mode::analyze_position, Mode::setup}) {
         select(mode);
-        load("beta", Protocol::uci);
+        load_engine("beta", Protocol::uci);
         EXPECT_FALSE(screen.sensitive["StartThinking"]);
         seat.reset();
         lines({"engine1name ???", "telluser beta failed"});
@@ -331,7 +327,7 @@ TEST_F(DeskTest, TitleAndMenuTellOfTheEngineThatIsLookedFor) {
         lines({"engine1name Alpha"});
     }
     // What went wrong in a way of its own ends the search as well.
-    load("gamma", Protocol::uci);
+    load_engine("gamma", Protocol::uci);
     lines({"telluser Error: no more threads"});
     EXPECT_EQ(screen.title, "Alpha");
     // A match looks for two engines, and one name is not the end of it.
@@ -346,81 +342,81 @@ TEST_F(DeskTest, TitleAndMenuTellOfTheEngineThatIsLookedFor) {
     EXPECT_EQ(menu(), "++++");
 }
 
-TEST_F(DeskTest, AProgramThatGivesNoAnswerIsSaidToBeOne) {
+TEST_F(SessionTest, AProgramThatGivesNoAnswerIsSaidToBeOne) {
     for (const auto& [asked_for, found] : {std::pair(Protocol::autodetect, Protocol::xboard_v1),
                                            {Protocol::autodetect, Protocol::xboard_v2},
                                            {Protocol::xboard_v1, Protocol::xboard_v1}}) {
         seat = found;
-        load("cat", asked_for);
+        load_engine("cat", asked_for);
         lines({"engine1name "});
         EXPECT_TRUE(screen.sensitive["HumanComputer"]) << "somebody sits there, by whatever name";
     }
     EXPECT_THAT(screen.calls, ElementsAre(testing::StartsWith("tell No answer from cat|")));
 }
 
-TEST_F(DeskTest, NewGameGoesAgainstTheEngineOnlyWhenThereIsOne) {
+TEST_F(SessionTest, NewGameGoesAgainstTheEngineOnlyWhenThereIsOne) {
     select(Mode::tournament);
     modes.new_game();
     EXPECT_EQ(screen.mode(), Mode::human_human);
     screen.calls.clear();
     modes.new_game();
-    EXPECT_THAT(screen.calls, ElementsAre("clock level " + desk.level.text(), "reset clocks", "stop clocks",
-                                          "mark clock white", "clear arrows"))
+    EXPECT_THAT(screen.calls, ElementsAre("stop clocks", "clear arrows",
+                                          "reset clocks " + session.level().text(), "mark clock white"))
         << "the game before may have been one against the clock";
     seat = Protocol::uci;
     lines({"engine1name Alpha", "move e2e4"});
     referee.take();
     modes.new_game();
     EXPECT_EQ(screen.mode(), Mode::human_computer);
-    EXPECT_TRUE(desk.engine_plays[Side::black]);
-    EXPECT_TRUE(desk.game.is_empty());
-    EXPECT_THAT(referee.take(), ElementsAre("0 new", "0 setboard " + desk.position.fen(), "0 playother"));
+    EXPECT_TRUE(session.seats().engine_plays(Side::black));
+    EXPECT_TRUE(session.record().is_empty());
+    EXPECT_THAT(referee.take(), ElementsAre("0 new", "0 setboard " + fen(), "0 playother"));
 }
 
 // -- The person at the board
 
-TEST_F(DeskTest, DragsPlayLegalMovesOnly) {
+TEST_F(SessionTest, DragsPlayLegalMovesOnly) {
     drag("e2", "e5");
     EXPECT_THAT(referee.take(), IsEmpty());
     drag("e2", "e4");
     EXPECT_THAT(referee.take(), ElementsAre("0 usermove e2e4"));
-    EXPECT_EQ(desk.position.fen(), after_e4);
+    EXPECT_EQ(fen(), after_e4);
     EXPECT_THAT(screen.calls, ElementsAre("mark clock black")) << "between people no clock runs";
 }
 
-TEST_F(DeskTest, ClickAndClickIsAMove) {
-    drag("e7", "e7");
-    EXPECT_FALSE(desk.selected);
-    drag("e2", "e2");
-    EXPECT_EQ(desk.selected, square("e2"));
-    drag("d2", "d2");
-    EXPECT_EQ(desk.selected, square("d2"));
-    drag("a5", "a5");
-    EXPECT_FALSE(desk.selected) << "a click elsewhere lets go";
-    drag("e2", "e2");
-    drag("e4", "e4");
+TEST_F(SessionTest, ClickAndClickIsAMove) {
+    click("e7");
+    EXPECT_FALSE(session.selected());
+    click("e2");
+    EXPECT_EQ(session.selected(), Square("e2"));
+    click("d2");
+    EXPECT_EQ(session.selected(), Square("d2"));
+    click("a5");
+    EXPECT_FALSE(session.selected()) << "a click elsewhere lets go";
+    click("e2");
+    click("e4");
     EXPECT_THAT(referee.take(), ElementsAre("0 usermove e2e4"));
 }
 
-TEST_F(DeskTest, CastlingByTheRookOrByTheKingsSquare) {
+TEST_F(SessionTest, CastlingByTheRookOrByTheKingsSquare) {
     for (const char* to : {"g1", "h1"}) {
-        desk.start_from("4k3/8/8/8/8/8/8/R3K2R w KQ - 0 1");
+        session.start_from("4k3/8/8/8/8/8/8/R3K2R w KQ - 0 1");
         drag("e1", to);
         EXPECT_THAT(referee.take(), ElementsAre("0 usermove e1g1")) << to;
     }
     for (const char* rights : {"KQ", "-"}) {
-        desk.start_from("4k3/8/8/8/8/8/8/R3K2R w " + std::string(rights) + " - 0 1");
-        drag("e1", "e1");
-        drag("a1", "a1");
+        session.start_from("4k3/8/8/8/8/8/8/R3K2R w " + std::string(rights) + " - 0 1");
+        click("e1");
+        click("a1");
     }
     EXPECT_THAT(referee.take(), ElementsAre("0 usermove e1c1"));
-    EXPECT_EQ(desk.selected, square("a1")) << "a rook that can't castle is picked up";
+    EXPECT_EQ(session.selected(), Square("a1")) << "a rook that can't castle is picked up";
 }
 
-TEST_F(DeskTest, PromotionTakesTheChoosersAnswer) {
+TEST_F(SessionTest, PromotionTakesTheChoosersAnswer) {
     for (const PieceKind answer : {PieceKind::queen, PieceKind::rook, PieceKind::bishop, PieceKind::knight,
                                    PieceKind::none}) {  // a closed chooser makes no move
-        desk.start_from("8/P3k3/8/8/8/8/8/4K3 w - - 0 1");
+        session.start_from("8/P3k3/8/8/8/8/8/4K3 w - - 0 1");
         screen.promotion_answer = answer;
         drag("a7", "a8");
     }
@@ -428,7 +424,7 @@ TEST_F(DeskTest, PromotionTakesTheChoosersAnswer) {
                 ElementsAre("0 usermove a7a8q", "0 usermove a7a8r", "0 usermove a7a8b", "0 usermove a7a8n"));
 }
 
-TEST_F(DeskTest, TypedMovesAreReadInEachForm) {
+TEST_F(SessionTest, TypedMovesAreReadInEachForm) {
     const char* const start = test::start_fen.c_str();
     const char* const rooks = "r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1";
     const char* const pawn = "7k/P7/8/8/8/8/8/4K3 w - - 0 1";
@@ -456,26 +452,26 @@ TEST_F(DeskTest, TypedMovesAreReadInEachForm) {
         {"4k3/8/8/8/8/8/4q3/4K3 w - - 0 1", "Kf1", nullptr},
     };
     for (const auto& row : rows) {
-        desk.start_from(row.fen);
+        session.start_from(row.fen);
         const std::string complaint = moves.on_typed(row.typed);
         EXPECT_EQ(complaint, row.sent ? "" : "\"" + std::string(row.typed) + "\" is no legal move here");
         EXPECT_THAT(referee.take(), row.sent ? Lines{row.sent} : Lines{}) << row.typed;
     }
-    desk.start_from("4k3/8/8/8/8/8/8/4K3 w - - 0 1");
-    desk.set_engine_plays(true, false);
+    session.start_from("4k3/8/8/8/8/8/8/4K3 w - - 0 1");
+    session.seat(Seats::with_engine(Side::white));
     EXPECT_EQ(moves.on_typed("Kd1"), "It is not your move");
-    desk.setup = true;
+    select(Mode::setup);
     EXPECT_EQ(moves.on_typed("Kd1"), "The board is being set up");
 }
 
-TEST_F(DeskTest, TheEnginesMenAreNotThePersons) {
-    desk.engine_plays[Side::white] = true;
+TEST_F(SessionTest, TheEnginesPiecesAreNotThePersons) {
+    session.seat(Seats::with_engine(Side::white));
     drag("e2", "e4");
     EXPECT_THAT(referee.take(), IsEmpty());
     EXPECT_THAT(screen.calls, ElementsAre("mark clock white"));
 }
 
-TEST_F(DeskTest, TypedCommentsStayWithTheirMoves) {
+TEST_F(SessionTest, TypedCommentsStayWithTheirMoves) {
     drag("e2", "e4");
     screen.comment = "best {by test}";
     drag("e7", "e5");
@@ -489,36 +485,36 @@ TEST_F(DeskTest, TypedCommentsStayWithTheirMoves) {
 
 // -- Set-up
 
-TEST_F(DeskTest, SetUpBuildsAPositionThatThenPlays) {
+TEST_F(SessionTest, SetUpBuildsAPositionThatThenPlays) {
     screen.select_mode(Mode::setup);
     referee.take();
-    EXPECT_EQ(desk.position.rights(), 0);
-    drag("e2", "e2");  // a white piece while White is to move: the side changes
-    EXPECT_EQ(desk.position.fen(), "rnbqkbnr/pppppppp/8/8/8/8/PPPP1PPP/RNBQKBNR b - - 0 1");
-    EXPECT_THAT(referee.take(), ElementsAre("0 setboard " + desk.position.fen()));
-    drag("e1", "e1");  // kings stay
+    EXPECT_EQ(session.position().rights(), 0);
+    click("e2");  // a white piece while White is to move: the side changes
+    EXPECT_EQ(fen(), "rnbqkbnr/pppppppp/8/8/8/8/PPPP1PPP/RNBQKBNR b - - 0 1");
+    EXPECT_THAT(referee.take(), ElementsAre("0 setboard " + fen()));
+    click("e1");  // kings stay
     drag("d1", "e8");
     EXPECT_THAT(referee.take(), IsEmpty());
     screen.piece_answer = Piece(PieceKind::king, Side::black);  // the black king moves instead of doubling
-    drag("e5", "e5");
-    EXPECT_EQ(desk.position.fen(), "rnbq1bnr/pppppppp/8/4k3/8/8/PPPP1PPP/RNBQKBNR w - - 0 1");
+    click("e5");
+    EXPECT_EQ(fen(), "rnbq1bnr/pppppppp/8/4k3/8/8/PPPP1PPP/RNBQKBNR w - - 0 1");
     screen.piece_answer = Piece(PieceKind::pawn, Side::white);  // no pawn on the last rank
-    drag("e8", "e8");
-    EXPECT_EQ(desk.position.piece_on(Square("e8")), Piece(0));
+    click("e8");
+    EXPECT_EQ(piece_on("e8"), no_piece);
     drag("a7", "a1");  // the target goes, the pawn may not stand there, the source is emptied
-    EXPECT_EQ(desk.position.fen(), "rnbq1bnr/1ppppppp/8/4k3/8/8/PPPP1PPP/1NBQKBNR w - - 0 1");
-    EXPECT_EQ(tags({"SetUp", "FEN"}), "1|" + desk.position.fen());
+    EXPECT_EQ(fen(), "rnbq1bnr/1ppppppp/8/4k3/8/8/PPPP1PPP/1NBQKBNR w - - 0 1");
+    EXPECT_EQ(tags({"SetUp", "FEN"}), "1|" + fen());
     screen.select_mode(Mode::human_human);
     referee.take();
     drag("d2", "d4");
     EXPECT_THAT(referee.take(), ElementsAre("0 usermove d2d4"));
     navigation.to_start();
-    EXPECT_EQ(desk.position.fen(), "rnbq1bnr/1ppppppp/8/4k3/8/8/PPPP1PPP/1NBQKBNR w - - 0 1");
+    EXPECT_EQ(fen(), "rnbq1bnr/1ppppppp/8/4k3/8/8/PPPP1PPP/1NBQKBNR w - - 0 1");
 }
 
 // -- Navigation
 
-TEST_F(DeskTest, SteppingKeepsTheRefereeInStep) {
+TEST_F(SessionTest, SteppingKeepsTheRefereeInStep) {
     drag("e2", "e4");
     drag("e7", "e5");
     navigation.back();
@@ -528,40 +524,40 @@ TEST_F(DeskTest, SteppingKeepsTheRefereeInStep) {
     navigation.forward();
     EXPECT_THAT(referee.take(), ElementsAre("0 setboard " + after_e4));
     navigation.to_end();
-    EXPECT_EQ(desk.position.piece_on(Square("e5")), Piece(9)) << "the main line is the first move played";
+    EXPECT_EQ(piece_on("e5"), Piece(PieceKind::pawn, Side::black))
+        << "the main line is the first move played";
     navigation.to_end();
-    EXPECT_FALSE(desk.can_go_forward());
+    EXPECT_FALSE(session.can_go_forward());
     screen.select_mode(Mode::analyze_position);
     referee.take();
     navigation.back();
     EXPECT_THAT(referee.take(), ElementsAre("0 setboard " + after_e4, "0 analyzeposition"));
     EXPECT_EQ(screen.mode(), Mode::analyze_position);
-    EXPECT_EQ(desk.game.tag("Opening"), "King's pawn opening");
-    const auto offset = desk.game.pgn().find("c5");
+    EXPECT_EQ(session.record().tag("Opening"), "King's pawn opening");
+    const auto offset = session.pgn().find("c5");
     navigation.to_text_offset(offset + 1);
-    EXPECT_EQ(desk.position.piece_on(Square("c5")), Piece(9));
+    EXPECT_EQ(piece_on("c5"), Piece(PieceKind::pawn, Side::black));
 }
 
-TEST_F(DeskTest, ButtonsRestInAMatch) {
+TEST_F(SessionTest, ButtonsRestInAMatch) {
     drag("e2", "e4");
-    desk.set_engine_plays(true, true);
+    session.seat(Seats::of_engines());
     referee.take();
     navigation.back();
     EXPECT_THAT(referee.take(), IsEmpty());
-    EXPECT_EQ(desk.position.fen(), after_e4);
+    EXPECT_EQ(fen(), after_e4);
 }
 
-TEST_F(DeskTest, AMoveThatCannotBePlayedIsReported) {
-    desk.game.parse_pgn("1. e4 e5 2. Qxe5 *");
-    desk.position.set_fen(desk.game.to_start());
+TEST_F(SessionTest, AMoveThatCannotBePlayedIsReported) {
+    load_game("1. e4 e5 2. Qxe5 *");
     navigation.to_end();
     EXPECT_THAT(screen.calls, Contains("tell 2. Qxe5 can't be played here|"));
-    EXPECT_EQ(desk.position.fen(), desk.game.fen());
-    EXPECT_EQ(desk.position.piece_on(Square("e5")), Piece(9));
+    EXPECT_EQ(fen(), session.record().fen());
+    EXPECT_EQ(piece_on("e5"), Piece(PieceKind::pawn, Side::black));
     referee.take();
     navigation.forward();
     EXPECT_THAT(referee.take(), IsEmpty()) << "where no step is made, nobody is moved";
-    desk.game.parse_pgn("[SetUp \"1\"]\n[FEN \"4k3/8/8/8/8/8/8/4K3 b - - 0 30\"]\n\n30... Qh8 *");
+    load_game("[SetUp \"1\"]\n[FEN \"4k3/8/8/8/8/8/8/4K3 b - - 0 30\"]\n\n30... Qh8 *");
     navigation.forward();
     EXPECT_EQ(screen.calls.back(), "tell 30... Qh8 can't be played here|");
 }

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+
+#include "game/game.h"
+#include "openings/eco.h"
+
+namespace velmora {
+
+/// Sets the tags "ECO" and "Opening" when the position with this key has a name.
+void tag_opening(Game& record, const Eco& openings, std::uint64_t key);
+
+/// Sets the same two tags from the last position of the main line that has a name.
+void tag_opening_of_main_line(Game& record, const Eco& openings);
+
+}  // namespace velmora
