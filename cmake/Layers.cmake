@@ -53,9 +53,9 @@ velmora_layer(dialogs/time TOOLKIT BELOW dialogs/parts engine/time)
 velmora_layer(dialogs/tournament TOOLKIT BELOW dialogs/time tournament)
 velmora_layer(dialogs TOOLKIT BELOW dialogs/parts)
 velmora_layer(window/session BELOW manager)
-velmora_layer(window/flows TOOLKIT BELOW window/session dialogs)
+velmora_layer(window/flows BELOW window/session)
 velmora_layer(window/menu TOOLKIT BELOW window/flows views)
-velmora_layer(window TOOLKIT BELOW window/menu)
+velmora_layer(window TOOLKIT BELOW window/menu dialogs)
 velmora_layer(tools BELOW manager)
 
 # What isn't part of the program. The tests of a folder see what the folder sees; tests/support serves them all.

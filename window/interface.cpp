@@ -54,31 +54,30 @@ Interface::Interface(std::string program_path, int board_size)
                            m_comment, m_epd}),
       m_dialogs(*this, m_board),
       m_presenter(m_session, m_screen.all()),
-      m_chooser(*this),
       m_engine(m_screen, m_dialogs, m_link, [this] { return protocol_of_engine(m_manager); }),
       m_dispatcher(m_session, m_screen.all(), m_dialogs, m_link, m_engine),
       m_modes(m_session, m_screen, m_screen, m_screen, m_dialogs, m_link, m_engine),
       m_user_moves(m_session, m_screen, m_screen, m_screen, m_dialogs, m_link),
       m_navigation(m_session, m_screen, m_screen, m_dialogs, m_modes),
       m_navigation_keys(m_navigation),
-      m_files(*this, m_session, m_screen, m_screen, m_dialogs, m_link, m_modes, m_chooser),
-      m_engines(*this, m_session, m_screen, m_dialogs, m_link, m_modes, m_engine, m_chooser,
+      m_files(m_session, m_screen, m_screen, m_dialogs, m_link, m_modes),
+      m_engines(m_session, m_screen, m_dialogs, m_link, m_modes, m_engine,
                 [this] { return m_manager.get_enginevariables(); }),
-      m_tournaments(*this, m_session, m_screen, m_dialogs, m_link),
-      m_windows(*this, m_board,
-                {{{&m_analysis, "ShowOutput"},
-                  {&m_pgn, "ShowPgnView"},
-                  {&m_comment, "ShowCommentEditor"},
-                  {&m_epd, "ShowEpdCommands"},
-                  {&m_fen_entry, "ShowFEN"}}},
+      m_tournaments(m_session, m_screen, m_dialogs, m_link),
+      m_windows(*this,
+                {{"ShowOutput", m_analysis},
+                 {"ShowPgnView", m_pgn},
+                 {"ShowCommentEditor", m_comment},
+                 {"ShowEpdCommands", m_epd},
+                 {"ShowFEN", m_fen_entry}},
                 [this] {
                     m_session.tell({Change::record, Change::position});
                 }),
-      m_rooms{m_link, m_modes, m_files, m_engines, m_tournaments, m_windows},
+      m_rooms{m_link, m_session, m_dialogs, m_board, m_modes, m_files, m_engines, m_tournaments, m_windows},
       m_actions(m_rooms) {
     Glib::signal_timeout().connect(sigc::mem_fun(*this, &Interface::on_timeout), tick_ms);
     m_manager_thread = std::thread(std::ref(m_manager));
-    m_screen.attach(m_actions, m_windows);
+    m_screen.attach(m_actions);
     lay_out();
     refresh_board();
     m_screen.select_mode(Mode::human_human);
@@ -113,12 +112,7 @@ void Interface::lay_out() {
     m_box.pack_start(m_navigation_bar, Gtk::PACK_SHRINK);
     m_box.pack_start(m_fen_entry, Gtk::PACK_SHRINK);
     add(m_box);
-    for (Gtk::Window* window : {static_cast<Gtk::Window*>(&m_analysis), static_cast<Gtk::Window*>(&m_pgn),
-                                static_cast<Gtk::Window*>(&m_comment), static_cast<Gtk::Window*>(&m_epd)}) {
-        window->set_transient_for(*this);
-        window->set_type_hint(Gdk::WINDOW_TYPE_HINT_UTILITY);
-        m_navigation_keys.attach(*window);
-    }
+    for (Gtk::Window* window : m_windows.windows()) m_navigation_keys.attach(*window);
     m_navigation_keys.attach(*this);
     m_navigation_bar.connect(m_navigation);
     drag_dest_set({Gtk::TargetEntry("text/uri-list")}, Gtk::DEST_DEFAULT_ALL, Gdk::ACTION_COPY);

@@ -21,7 +21,6 @@
 #include "views/text/move_entry.h"
 #include "views/text/pgn_view.h"
 #include "window/flows/engine_flows.h"
-#include "window/flows/file_chooser.h"
 #include "window/flows/file_flows.h"
 #include "window/flows/tournament_flows.h"
 #include "window/main_dialogs.h"
@@ -67,7 +66,7 @@ public:
     void refresh_board() { m_session.tell({Change::position}); }
     /// Shows a message in which underscores stand for blanks.
     void tell_user(const std::string& headline, const std::string& details);
-    std::string choose_file(FileKind kind) { return m_chooser.choose(kind); }
+    std::string choose_file(FileKind kind) { return m_dialogs.choose_file(kind); }
     /// Opens a game, position or book file by the flow of its kind; of several, the first.
     void open_files(const std::vector<std::string>& paths) { m_files.open(paths); }
 
@@ -112,7 +111,6 @@ private:
     MainScreen m_screen;
     MainDialogs m_dialogs;
     GamePresenter m_presenter;
-    FileChooser m_chooser;
     SeatedEngine m_engine;
     MessageDispatcher m_dispatcher;
     ModeController m_modes;

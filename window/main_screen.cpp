@@ -15,11 +15,6 @@
 
 namespace velmora {
 
-void MainScreen::attach(Actions& actions, SecondaryWindows& windows) {
-    m_actions = &actions;
-    m_windows = &windows;
-}
-
 void MainScreen::show_position() {
     const std::string fen = m_session.position().fen();
     m_views.board.set_fen(fen);
@@ -27,7 +22,7 @@ void MainScreen::show_position() {
     m_views.fen_entry.set_text(fen);
     const bool rests = m_session.seats().only_looks_on();
     m_views.navigation.set_possible(!rests && m_session.can_go_back(), !rests && m_session.can_go_forward());
-    if (m_windows && m_windows->is_shown(SecondaryWindow::epd)) m_views.epd.set_text(m_session.epd_text());
+    if (m_views.epd.get_visible()) m_views.epd.set_text(m_session.epd_text());
     announce_last_move();
 }
 
@@ -46,7 +41,7 @@ void MainScreen::show_game() {
     // The text of a long game is made anew each time: only for somebody who looks at it, and once for all
     // that a tick brings. Behind the redraws, or a fast match would leave a slow machine no time for the
     // board.
-    if (!m_windows || !m_windows->is_shown(SecondaryWindow::pgn) || m_game_text_due.connected()) return;
+    if (!m_views.pgn.get_visible() || m_game_text_due.connected()) return;
     m_game_text_due = Glib::signal_idle().connect(sigc::mem_fun(*this, &MainScreen::refresh_game_text));
 }
 

@@ -7,7 +7,6 @@
 #include <sigc++/trackable.h>
 
 #include "window/menu/actions.h"
-#include "window/menu/secondary_windows.h"
 #include "window/session/game_session.h"
 #include "window/session/screen.h"
 
@@ -46,7 +45,7 @@ public:
     MainScreen(GameSession& session, Views views) : m_session(session), m_views(views) {}
 
     /// The menu is built after the screen, since its entries need the rooms that need the screen.
-    void attach(Actions& actions, SecondaryWindows& windows);
+    void attach(Actions& actions) { m_actions = &actions; }
 
     Screen all() { return {*this, *this, *this, *this}; }
 
@@ -78,10 +77,9 @@ private:
 
     GameSession& m_session;
     Views m_views;
-    Actions* m_actions = nullptr;           // null until attach()
-    SecondaryWindows* m_windows = nullptr;  // likewise
-    sigc::connection m_game_text_due;       // waits for the loop to have nothing better to do
-    std::string m_announced;                // the FEN of the position whose last move was said
+    Actions* m_actions = nullptr;      // null until attach()
+    sigc::connection m_game_text_due;  // waits for the loop to have nothing better to do
+    std::string m_announced;           // the FEN of the position whose last move was said
 };
 
 }  // namespace velmora

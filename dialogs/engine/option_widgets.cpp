@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "dialogs/engine/option_lists.h"
+#include "engine/store/option_lists.h"
 #include "views/text/shown_text.h"
 
 namespace velmora {

@@ -9,8 +9,8 @@
 
 namespace velmora {
 
-std::optional<int> choose_protocol(Gtk::Window& parent) {
-    // In the order of the numbers.
+std::optional<Protocol> choose_protocol(Gtk::Window& parent) {
+    // In the order of the protocols' numbers.
     constexpr std::array labels{"autodetect", "uci", "xboard v1", "xboard v2"};
 
     ModalDialog dialog("Protocol", parent);
@@ -24,7 +24,7 @@ std::optional<int> choose_protocol(Gtk::Window& parent) {
     dialog.set_default_response(Gtk::RESPONSE_OK);
     if (dialog.run() != Gtk::RESPONSE_OK) return std::nullopt;
     for (std::size_t i = 0; i < buttons.size(); ++i) {
-        if (buttons[i].get_active()) return static_cast<int>(i);
+        if (buttons[i].get_active()) return static_cast<Protocol>(i);
     }
     return std::nullopt;
 }

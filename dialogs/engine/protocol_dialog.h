@@ -4,10 +4,12 @@
 
 #include <gtkmm/window.h>
 
+#include "engine/store/engine_variables.h"
+
 namespace velmora {
 
-/// The dialog "Protocol": how to talk to a new engine, 0 autodetect (preselected), 1 uci, 2 xboard v1,
-/// 3 xboard v2; nothing when the user leaves it without "OK".
-std::optional<int> choose_protocol(Gtk::Window& parent);
+/// The dialog "Protocol": how to talk to a new engine, beginning with autodetect; nothing when the user
+/// leaves it without "OK".
+std::optional<Protocol> choose_protocol(Gtk::Window& parent);
 
 }  // namespace velmora

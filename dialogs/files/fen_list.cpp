@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-#include "dialogs/files/position_lines.h"
+#include "game/position_lines.h"
 #include "views/text/shown_text.h"
 
 namespace velmora {

@@ -1,36 +1,27 @@
 #include "dialogs/tournament/tournament_dialog.h"
 
-#include <algorithm>
-#include <iterator>
-#include <stdexcept>
-
 #include <gtkmm/filefilter.h>
 
 #include "base/text.h"
-#include "tournament/tournament_store.h"
 #include "views/text/shown_text.h"
 
 namespace velmora {
 namespace {
 
-/// The names of a range, as `name` finds them in its elements.
-template <class Range, class Name>
-std::vector<std::string> names_of(const Range& range, Name name) {
+std::vector<std::string> names_of(const std::vector<TournamentParticipant>& participants) {
     std::vector<std::string> names;
-    std::transform(range.begin(), range.end(), std::back_inserter(names), name);
+    names.reserve(participants.size());
+    for (const auto& participant : participants) names.push_back(participant.name);
     return names;
 }
 
 }  // namespace
 
 TournamentDialog::TournamentDialog(Gtk::Window& parent, const Tournament& tournament,
-                                   const InstalledEngines::Map& installed)
+                                   const std::vector<std::string>& installed)
     : ModalDialog("Tournament", parent),
       m_original(tournament),
-      m_installed(installed),
-      m_participants(
-          names_of(installed, [](const auto& entry) { return entry.first; }),
-          names_of(tournament.participants_list(), [](const auto& participant) { return participant.name; })),
+      m_participants(installed, names_of(tournament.participants_list())),
       m_time_control(tournament.level()) {
     set_ordinary_size(600, 440);
     add_event_page(tournament);
@@ -128,26 +119,21 @@ int TournamentDialog::run() {
     return answer;
 }
 
-void TournamentDialog::store(Tournament& tournament) {
-    tournament.set_rounds(text::WordReader(m_rounds.get_text().raw()).integer<std::int32_t>().value_or(0));
-    tournament.set_event(entered_event());
-    tournament.set_site(m_site.get_text().raw());
-    tournament.set_opening_book(m_book);
-    tournament.set_type(static_cast<TournamentType>(m_type.get_active_row_number()));
-    tournament.remove_all();
+TournamentData TournamentDialog::entered() {
+    TournamentData data;
+    data.rounds = text::WordReader(m_rounds.get_text().raw()).integer<std::int32_t>().value_or(0);
+    data.event = entered_event();
+    data.site = m_site.get_text().raw();
+    data.opening_book = m_book;
+    data.type = static_cast<TournamentType>(m_type.get_active_row_number());
     for (const auto& name : m_participants.chosen()) {
-        const auto engine = m_installed.find(name);
-        TournamentParticipant participant;
-        if (engine != m_installed.end()) participant = participant_of(engine->second);
-        participant.name = name;
-        tournament.add_participant(participant);
+        data.add_participant({.name = name});
     }
-    tournament.set_level(m_time_control.level());
-    tournament.make_schedule();
-    tournament.set_random_order(m_random_order.get_active());
-    tournament.set_both_colors(m_both_colors.get_active());
-    tournament.set_ignore_time_loss(m_ignore_time_loss.get_active());
-    if (const auto fault = tournament_store::name_fault(tournament.event())) throw std::logic_error(*fault);
+    data.level = m_time_control.level();
+    data.random_order = m_random_order.get_active();
+    data.both_colors = m_both_colors.get_active();
+    data.ignore_time_loss = m_ignore_time_loss.get_active();
+    return data;
 }
 
 }  // namespace velmora

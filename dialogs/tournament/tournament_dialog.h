@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <string>
+#include <vector>
 
 #include <gtkmm/box.h>
 #include <gtkmm/button.h>
@@ -16,32 +17,30 @@
 #include "dialogs/parts/modal_dialog.h"
 #include "dialogs/time/time_control_panel.h"
 #include "dialogs/tournament/participants_panel.h"
-#include "engine/store/installed_engines.h"
 #include "tournament/tournament.h"
+#include "tournament/tournament_data.h"
 
 namespace velmora {
 
 /// The dialog "Tournament", in which a tournament is made or changed.
 ///
-/// It only asks: whoever runs it stores the answers into a tournament, saves that and has it played.
+/// It only asks: whoever runs it takes what was entered, saves it and has it played.
 class TournamentDialog : public ModalDialog {
 public:
     enum Answer { cancel = 0, ok = 1 };
 
     /// Begins with the values of `tournament`, but for an event whose file holds the results of another
     /// tournament: instead of it a free one is proposed.
+    /// @param installed  the names of the engines that can take part
     TournamentDialog(Gtk::Window& parent, const Tournament& tournament,
-                     const InstalledEngines::Map& installed);
+                     const std::vector<std::string>& installed);
 
     /// Asks until there is an answer. "OK" with an event whose file holds the results of another tournament
     /// is none: a free event is proposed instead.
     int run();
 
-    /// Puts the user's values into `tournament` and makes its schedule.
-    ///
-    /// Throws what Tournament::make_schedule() throws, with the flags not yet set, and std::logic_error with
-    /// words for the user when the event can't be the name of a file; then all values have been stored.
-    void store(Tournament& tournament);
+    /// The user's values, without a schedule; of the participants the names alone.
+    TournamentData entered();
 
 private:
     void add_event_page(const Tournament& tournament);
@@ -50,7 +49,6 @@ private:
     bool propose_free_event();
 
     const Tournament m_original;
-    const InstalledEngines::Map m_installed;
     Gtk::Notebook m_pages;
 
     Gtk::Grid m_event_page;

@@ -6,6 +6,7 @@
 #include <gtkmm/box.h>
 
 #include "dialogs/parts/numbered_list.h"
+#include "tournament/tournament_choice.h"
 
 namespace velmora {
 
@@ -32,13 +33,6 @@ private:
 
     const std::vector<std::string> m_names;  // in row order, as they stand on disk
     NumberedList m_list;
-};
-
-/// What the user wants done with a tournament.
-struct TournamentChoice {
-    enum class Action { none, remove, cancel, load };
-    Action action = Action::none;
-    std::string name;  ///< for `remove` and `load`
 };
 
 /// The dialog "Load Tournament". "LOAD" without a selected row leaves it open; "DELETE" without one, and

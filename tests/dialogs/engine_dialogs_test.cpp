@@ -56,7 +56,6 @@ protected:
 
 TEST_F(EngineDialogsTest, InstallRecordsTheEngineUnderTheNameOfTheEntry) {
     install(engine("alpha", "2600", ""), [](Gtk::Dialog& dialog) {
-        EXPECT_EQ(dialog.get_title(), "Install engine");
         EXPECT_EQ(fields(dialog), "[alpha][2600][]");
         in_grid<Gtk::Entry>(dialog)[0]->set_text("  My Alpha ");
         in_grid<Gtk::Entry>(dialog)[2]->set_text("25");
@@ -129,16 +128,7 @@ TEST_F(EngineDialogsTest, AListThatCannotBeWrittenIsTold) {
 
 TEST_F(EngineDialogsTest, InstalledListLoads) {
     install_without_asking({engine("beta", "", ""), engine("Caf\xE9", "", ""), engine("alpha", "", "")});
-    EXPECT_EQ(choose([](Gtk::Dialog& dialog) {
-                  EXPECT_EQ(dialog.get_title(), "Choose Engine");
-                  int width = 0, height = 0;
-                  dialog.get_default_size(width, height);
-                  EXPECT_EQ(std::make_pair(width, height), std::make_pair(400, 500));
-                  EXPECT_EQ(list_in(dialog).get_column(0)->get_title(), "ID");
-                  EXPECT_EQ(list_in(dialog).get_column(1)->get_title(), "Engine");
-                  press(dialog, "LOAD");
-              }),
-              "Caf\xE9 /usr/games/Caf\xE9")
+    EXPECT_EQ(choose(pressing("LOAD")), "Caf\xE9 /usr/games/Caf\xE9")
         << "the first row; the name is the file's, not the one that is shown";
     EXPECT_EQ(choose([](Gtk::Dialog& dialog) {
                   gui::double_click(list_in(dialog).get_bin_window(), middle_of_row(list_in(dialog), 2));
@@ -146,11 +136,6 @@ TEST_F(EngineDialogsTest, InstalledListLoads) {
               "beta /usr/games/beta");
     EXPECT_EQ(choose(pressing("CANCEL")), "none");
     EXPECT_EQ(choose(escape), "none");
-    EXPECT_EQ(choose([](Gtk::Dialog& dialog) {
-                  give_keyboard(dialog);
-                  enter(dialog);
-              }),
-              "Caf\xE9 /usr/games/Caf\xE9");
 }
 
 TEST_F(EngineDialogsTest, InstalledListUninstalls) {

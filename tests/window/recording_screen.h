@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "window/session/dialogs.h"
+#include "tests/window/scripted_dialogs.h"
 #include "window/session/screen.h"
 
 namespace velmora {
@@ -15,15 +15,12 @@ class RecordingScreen : public BoardView,
                         public ClockView,
                         public NotesView,
                         public WindowFrame,
-                        public Dialogs {
+                        public ScriptedDialogs {
 public:
     std::vector<std::string> calls;
     std::string comment;  // the comment box
     std::string title;
     std::map<std::string, bool> sensitive;  // by the name of the action
-    Piece piece_answer;
-    PieceKind promotion_answer = PieceKind::none;
-    int hints_answer = 3;
     /// What the mode's radio actions bring about, as the real menu connects it.
     std::function<void(Mode, bool)> on_switched;
     /// Of what is shown whole, only that it is shown.
@@ -69,9 +66,6 @@ public:
     void tell_user(const std::string& headline, const std::string& details) override {
         calls.push_back("tell " + headline + "|" + details);
     }
-    Piece choose_piece() override { return piece_answer; }
-    PieceKind choose_promotion(Side /*side*/) override { return promotion_answer; }
-    int choose_hints() override { return hints_answer; }
 
 private:
     static std::string name(Side side) { return side == Side::white ? " white" : " black"; }

@@ -5,12 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "dialogs/engine/install_dialog.h"
-#include "dialogs/engine/installed_list.h"
-#include "dialogs/engine/option_lists.h"
-#include "dialogs/engine/options_dialog.h"
-#include "dialogs/engine/protocol_dialog.h"
-#include "dialogs/time/time_control_dialog.h"
+#include "engine/store/option_lists.h"
 
 namespace velmora {
 
@@ -21,17 +16,15 @@ constexpr const char* placeholder_name = "no_engine_loaded";
 
 }  // namespace
 
-EngineFlows::EngineFlows(Gtk::Window& parent, GameSession& session, WindowFrame& frame, Dialogs& dialogs,
-                         ManagerLink& manager, ModeController& modes, SeatedEngine& engine,
-                         FileChooser& chooser, std::function<EngineVariables()> engine_variables)
-    : m_parent(parent),
-      m_session(session),
+EngineFlows::EngineFlows(GameSession& session, WindowFrame& frame, Dialogs& dialogs, ManagerLink& manager,
+                         ModeController& modes, SeatedEngine& engine,
+                         std::function<EngineVariables()> engine_variables)
+    : m_session(session),
       m_frame(frame),
       m_dialogs(dialogs),
       m_manager(manager),
       m_modes(modes),
       m_engine(engine),
-      m_chooser(chooser),
       m_engine_variables([ask = std::move(engine_variables)] {
           try {
               return ask();
@@ -51,17 +44,17 @@ void EngineFlows::send_load(const to_referee::Load& command, const std::string& 
 }
 
 void EngineFlows::load() {
-    const std::string path = m_chooser.choose(FileKind::engine);
+    const std::string path = m_dialogs.choose_file(FileKind::engine);
     if (path.empty()) return;
-    const auto protocol = choose_protocol(m_parent);
+    const auto protocol = m_dialogs.choose_protocol();
     if (!protocol) return;
-    send_load({*protocol, to_referee::Load::Source::filename, path}, std::filesystem::path(path).filename(),
-              static_cast<Protocol>(*protocol));
+    send_load({static_cast<int>(*protocol), to_referee::Load::Source::filename, path},
+              std::filesystem::path(path).filename(), *protocol);
 }
 
 void EngineFlows::load_installed() {
     try {
-        const auto engine = InstalledList(m_parent).choose();
+        const auto engine = m_dialogs.choose_installed();
         if (engine && !engine->name.empty()) {
             send_load({0, to_referee::Load::Source::name, engine->name}, engine->name, engine->protocol);
         }
@@ -78,14 +71,14 @@ void EngineFlows::install() {
         return;
     }
     try {
-        InstallDialog(m_parent, engine).install();
+        m_dialogs.install(engine);
     } catch (const std::exception& error) {
         m_dialogs.tell_user("The engine was not installed", error.what());
     }
 }
 
 void EngineFlows::choose_time_control() {
-    const auto level = ask_time_control(m_parent, m_session.level());
+    const auto level = m_dialogs.ask_time_control(m_session.level());
     if (!level) return;
     m_session.set_level(*level);
     m_manager.send(to_referee::SetLevel{m_session.level().text()});
@@ -98,9 +91,9 @@ void EngineFlows::edit_options() {
         return;
     }
     const std::vector<Option> before = option_lists::for_dialog(engine.options);
-    std::vector<Option> after = before;
+    std::vector<Option> after;
     try {
-        OptionsDialog("Set Options", m_parent, after).run();
+        after = m_dialogs.edit_options(before);
     } catch (const std::exception& error) {
         m_dialogs.tell_user("The options can't be shown", error.what());
         return;

@@ -3,10 +3,7 @@
 #include <functional>
 #include <string>
 
-#include <gtkmm/window.h>
-
 #include "engine/store/engine_variables.h"
-#include "window/flows/file_chooser.h"
 #include "window/session/dialogs.h"
 #include "window/session/game_session.h"
 #include "window/session/manager_link.h"
@@ -21,8 +18,8 @@ class EngineFlows {
 public:
     /// @param engine_variables  gives the referee's record of the engine in the first seat; throws
     ///                          std::logic_error when there is none
-    EngineFlows(Gtk::Window& parent, GameSession& session, WindowFrame& frame, Dialogs& dialogs,
-                ManagerLink& manager, ModeController& modes, SeatedEngine& engine, FileChooser& chooser,
+    EngineFlows(GameSession& session, WindowFrame& frame, Dialogs& dialogs, ManagerLink& manager,
+                ModeController& modes, SeatedEngine& engine,
                 std::function<EngineVariables()> engine_variables);
 
     void load();
@@ -35,14 +32,12 @@ private:
     /// @param name  of the program, for the person
     void send_load(const to_referee::Load& command, const std::string& name, Protocol protocol);
 
-    Gtk::Window& m_parent;
     GameSession& m_session;
     WindowFrame& m_frame;
     Dialogs& m_dialogs;
     ManagerLink& m_manager;
     ModeController& m_modes;
     SeatedEngine& m_engine;
-    FileChooser& m_chooser;
     const std::function<EngineVariables()> m_engine_variables;
 };
 

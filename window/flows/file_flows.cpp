@@ -6,11 +6,9 @@
 
 #include "base/atomic_file.h"
 #include "base/regular_file.h"
-#include "dialogs/files/fen_list.h"
-#include "dialogs/files/game_list.h"
-#include "dialogs/files/position_lines.h"
 #include "game/pgn_error.h"
 #include "game/pgn_file.h"
+#include "game/position_lines.h"
 #include "window/flows/opened_file.h"
 #include "window/session/game_archive.h"
 #include "window/session/position_line.h"
@@ -28,7 +26,7 @@ constexpr std::size_t first_position = 1;
 
 void FileFlows::load_game() {
     m_frame.select_mode(Mode::human_human);
-    const std::string path = m_chooser.choose(FileKind::load_game);
+    const std::string path = m_dialogs.choose_file(FileKind::load_game);
     if (!path.empty()) load_game_from(path);
 }
 
@@ -40,15 +38,15 @@ bool FileFlows::is_readable(const std::string& path) {
 
 void FileFlows::load_game_from(const std::string& path) {
     if (!is_readable(path)) return;
-    GameList list;
-    if (list.choose_game(m_parent, path) <= 0) return;
+    const auto offset = m_dialogs.choose_game(path);
+    if (!offset) return;
     std::string game_text;
     // Parsed apart, so that a game that can't be read leaves the one on the board alone.
     Game game;
     try {
         PgnFile file;
         file.open(path);
-        game_text = file.read_game_at(list.chosen_offset());
+        game_text = file.read_game_at(*offset);
         game.parse_pgn(game_text);
     } catch (const pgn_error& error) {
         std::cerr << "# invalid game: \n" << error.text() << '\n';
@@ -62,7 +60,7 @@ void FileFlows::load_game_from(const std::string& path) {
 }
 
 void FileFlows::save_game() {
-    const std::string path = m_chooser.choose(FileKind::save_game);
+    const std::string path = m_dialogs.choose_file(FileKind::save_game);
     if (path.empty()) return;
     const auto fault = GameArchive(path).append(m_session.text_to_save());
     if (fault) m_dialogs.tell_user("The game was not saved", *fault);
@@ -73,18 +71,17 @@ void FileFlows::save_game() {
 
 void FileFlows::load_position() {
     if (m_frame.mode() == Mode::tournament) return;
-    const std::string path = m_chooser.choose(FileKind::load_position);
+    const std::string path = m_dialogs.choose_file(FileKind::load_position);
     if (!path.empty()) load_position_from(path);
 }
 
 void FileFlows::load_position_from(const std::string& path) {
     if (!is_readable(path)) return;
-    std::string line;
-    const int number = FenList().choose_position(m_parent, path, line);
-    if (number <= 0) return;
+    const auto position = m_dialogs.choose_position(path);
+    if (!position) return;
     m_position_file = path;
-    m_position_index = static_cast<std::size_t>(number);
-    set_up(line);
+    m_position_index = position->number;
+    set_up(position->line);
 }
 
 void FileFlows::load_next_position() { step_to_position(m_position_index + 1); }
@@ -137,7 +134,7 @@ void FileFlows::enter_fen(const std::string& fen) {
 }
 
 void FileFlows::save_position() {
-    const std::string path = m_chooser.choose(FileKind::save_position);
+    const std::string path = m_dialogs.choose_file(FileKind::save_position);
     if (path.empty()) return;
     try {
         write_file_atomically(path, m_session.position().fen() + "\n");
@@ -150,7 +147,7 @@ void FileFlows::save_position() {
 // Books, and files from outside
 
 void FileFlows::choose_polyglot_book() {
-    const std::string path = m_chooser.choose(FileKind::polyglot_book);
+    const std::string path = m_dialogs.choose_file(FileKind::polyglot_book);
     if (!path.empty()) use_polyglot_book(path);
 }
 

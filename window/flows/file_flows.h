@@ -5,9 +5,6 @@
 #include <string>
 #include <vector>
 
-#include <gtkmm/window.h>
-
-#include "window/flows/file_chooser.h"
 #include "window/session/board_view.h"
 #include "window/session/dialogs.h"
 #include "window/session/game_session.h"
@@ -20,16 +17,14 @@ namespace velmora {
 /// The File menu: games and positions from and to files, and the Polyglot book.
 class FileFlows {
 public:
-    FileFlows(Gtk::Window& parent, GameSession& session, BoardView& board, WindowFrame& frame,
-              Dialogs& dialogs, ManagerLink& manager, ModeController& modes, FileChooser& chooser)
-        : m_parent(parent),
-          m_session(session),
+    FileFlows(GameSession& session, BoardView& board, WindowFrame& frame, Dialogs& dialogs,
+              ManagerLink& manager, ModeController& modes)
+        : m_session(session),
           m_board(board),
           m_frame(frame),
           m_dialogs(dialogs),
           m_manager(manager),
-          m_modes(modes),
-          m_chooser(chooser) {}
+          m_modes(modes) {}
 
     void load_game();
     void save_game();
@@ -60,14 +55,12 @@ private:
     void set_up(const std::string& line);
     void follow_loaded();
 
-    Gtk::Window& m_parent;
     GameSession& m_session;
     BoardView& m_board;
     WindowFrame& m_frame;
     Dialogs& m_dialogs;
     ManagerLink& m_manager;
     ModeController& m_modes;
-    FileChooser& m_chooser;
     std::string m_position_file;       // loaded last
     std::size_t m_position_index = 0;  // of its line, from 1
 };

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gtkmm/window.h>
-
 #include "tournament/tournament.h"
 #include "window/session/dialogs.h"
 #include "window/session/game_session.h"
@@ -13,9 +11,8 @@ namespace velmora {
 /// The Tournament menu: making, editing, choosing and deleting tournaments.
 class TournamentFlows {
 public:
-    TournamentFlows(Gtk::Window& parent, GameSession& session, WindowFrame& frame, Dialogs& dialogs,
-                    ManagerLink& manager)
-        : m_parent(parent), m_session(session), m_frame(frame), m_dialogs(dialogs), m_manager(manager) {}
+    TournamentFlows(GameSession& session, WindowFrame& frame, Dialogs& dialogs, ManagerLink& manager)
+        : m_session(session), m_frame(frame), m_dialogs(dialogs), m_manager(manager) {}
 
     void edit();
     void load();
@@ -24,7 +21,6 @@ private:
     void load_named(const std::string& name);
     void leave();
 
-    Gtk::Window& m_parent;
     GameSession& m_session;
     WindowFrame& m_frame;
     Dialogs& m_dialogs;

@@ -4,6 +4,7 @@
 
 #include <glibmm/error.h>
 
+#include "views/board/chess_board.h"
 #include "window/menu/rooms.h"
 
 namespace velmora {
@@ -12,133 +13,113 @@ namespace {
 
 using Kind = ActionRow::Kind;
 
-template <Mode mode>
-void switch_mode(Rooms& rooms, bool on) {
-    rooms.modes.on_switched(mode, on);
+const ActionRow separator{};
+
+ActionRow menu(const char* name, const char* label) { return {Kind::menu, name, label}; }
+
+ActionRow entry(const char* name, const char* label, void (*choose)(Rooms& rooms),
+                const char* accelerator = "") {
+    return {Kind::plain, name, label, [choose](Rooms& rooms, bool) { choose(rooms); }, accelerator};
 }
 
-template <SecondaryWindow window>
-void show_window(Rooms& rooms, bool on) {
-    rooms.windows.show(window, on);
+ActionRow switch_entry(const char* name, const char* label, void (*change)(Rooms& rooms, bool on)) {
+    return {Kind::toggle, name, label, change};
+}
+
+/// The toggle of the secondary window that SecondaryWindows knows by the action's name.
+ActionRow window_entry(const char* name, const char* label) {
+    return {Kind::toggle, name, label, [name](Rooms& rooms, bool on) { rooms.windows.show(name, on); }};
+}
+
+ActionRow mode_entry(Mode mode, const char* label) {
+    return {Kind::radio, action_name(mode), label,
+            [mode](Rooms& rooms, bool on) { rooms.modes.on_switched(mode, on); }};
 }
 
 }  // namespace
 
 const std::vector<ActionRow>& Actions::table() {
     static const std::vector<ActionRow> rows = {
-        {"FileMenu", "_File"},
-        {"NewGame", "New game", Kind::plain, [](Rooms& rooms, bool) { rooms.modes.new_game(); }},
-        {"LoadGame", "Load game", Kind::plain, [](Rooms& rooms, bool) { rooms.files.load_game(); }},
-        {"SaveGame", "Save game", Kind::plain, [](Rooms& rooms, bool) { rooms.files.save_game(); }},
-        {"LoadPosition", "Load position", Kind::plain,
-         [](Rooms& rooms, bool) { rooms.files.load_position(); }},
-        {"LoadNextPosition", "Load next position", Kind::plain,
-         [](Rooms& rooms, bool) { rooms.files.load_next_position(); }, "<control>n"},
-        {"LoadPreviousPosition", "Load previous position", Kind::plain,
-         [](Rooms& rooms, bool) { rooms.files.load_previous_position(); }, "<control>p"},
-        {"SavePosition", "Save position", Kind::plain,
-         [](Rooms& rooms, bool) { rooms.files.save_position(); }},
-        {"PolyglotBook", "Polyglot book", Kind::plain,
-         [](Rooms& rooms, bool) { rooms.files.choose_polyglot_book(); }},
-        {"Quit", "Quit", Kind::plain, [](Rooms& rooms, bool) { rooms.manager.send(to_referee::Quit()); }},
-        {"ViewMenu", "View"},
-        {"Flip", "Flip View", Kind::plain, [](Rooms& rooms, bool) { rooms.windows.flip_board(); }},
-        {"ShowOutput", "Show Engine Output", Kind::toggle, show_window<SecondaryWindow::analysis>},
-        {"ShowPgnView", "Show PGN", Kind::toggle, show_window<SecondaryWindow::pgn>},
-        {"ShowCommentEditor", "Show Comment Editor", Kind::toggle, show_window<SecondaryWindow::comment>},
-        {"ShowEpdCommands", "Show EPD Code", Kind::toggle, show_window<SecondaryWindow::epd>},
-        {"ShowFEN", "Show FEN", Kind::toggle, show_window<SecondaryWindow::fen>},
-        {"ModeMenu", "Mode"},
-        {"Setup", "Setup", Kind::radio, switch_mode<Mode::setup>},
-        {"HumanHuman", "Human - human", Kind::radio, switch_mode<Mode::human_human>},
-        {"HumanComputer", "Human - computer", Kind::radio, switch_mode<Mode::human_computer>},
-        {"AnalyzePosition", "Analysis", Kind::radio, switch_mode<Mode::analyze_position>},
-        {"LearnOpenings", "Learn Opening", Kind::radio, switch_mode<Mode::learn_openings>},
-        {"Tournament", "Tournament", Kind::radio, switch_mode<Mode::tournament>},
-        {"StartThinking", "Start thinking", Kind::plain,
-         [](Rooms& rooms, bool) { rooms.modes.start_thinking(); }},
-        {"TournamentMenu", "Tournament"},
-        {"New", "New / Edit", Kind::plain, [](Rooms& rooms, bool) { rooms.tournaments.edit(); }},
-        {"Load", "Load", Kind::plain, [](Rooms& rooms, bool) { rooms.tournaments.load(); }},
-        {"EngineMenu", "Engine"},
-        {"Engine1", "Load engine...", Kind::plain, [](Rooms& rooms, bool) { rooms.engines.load(); }},
-        {"Install", "Install engine...", Kind::plain, [](Rooms& rooms, bool) { rooms.engines.install(); }},
-        {"LoadInstalled", "Load installed engine...", Kind::plain,
-         [](Rooms& rooms, bool) { rooms.engines.load_installed(); }},
-        {"OptionMenu", "Options"},
-        {"TimeControl", "Time Control...", Kind::plain,
-         [](Rooms& rooms, bool) { rooms.engines.choose_time_control(); }},
-        {"Engine1_options", "Engine...", Kind::plain,
-         [](Rooms& rooms, bool) { rooms.engines.edit_options(); }},
-        {"Ponder", "Ponder", Kind::toggle,
-         [](Rooms& rooms, bool on) { rooms.manager.send(to_referee::Ponder{on}); }},
-        {"Debug", "Debug", Kind::toggle,
-         [](Rooms& rooms, bool on) {
-             rooms.manager.set_logging(on);
-             rooms.manager.send(to_referee::Debug{on});
-         }},
-        {"InfoMenu", "Info"},
-        {"About", "About...", Kind::plain, [](Rooms& rooms, bool) { rooms.windows.about(); }},
+        menu("FileMenu", "_File"),
+        entry("NewGame", "New game", [](Rooms& rooms) { rooms.modes.new_game(); }),
+        separator,
+        entry("LoadGame", "Load game", [](Rooms& rooms) { rooms.files.load_game(); }),
+        entry("SaveGame", "Save game", [](Rooms& rooms) { rooms.files.save_game(); }),
+        separator,
+        entry("LoadPosition", "Load position", [](Rooms& rooms) { rooms.files.load_position(); }),
+        entry(
+            "LoadNextPosition", "Load next position", [](Rooms& rooms) { rooms.files.load_next_position(); },
+            "<control>n"),
+        entry(
+            "LoadPreviousPosition", "Load previous position",
+            [](Rooms& rooms) { rooms.files.load_previous_position(); }, "<control>p"),
+        entry("SavePosition", "Save position", [](Rooms& rooms) { rooms.files.save_position(); }),
+        separator,
+        entry("PolyglotBook", "Polyglot book", [](Rooms& rooms) { rooms.files.choose_polyglot_book(); }),
+        separator,
+        entry("Quit", "Quit", [](Rooms& rooms) { rooms.manager.send(to_referee::Quit()); }),
+
+        menu("ViewMenu", "View"),
+        entry("Flip", "Flip View",
+              [](Rooms& rooms) {
+                  rooms.board.flip();
+                  rooms.session.tell({Change::record, Change::position});
+              }),
+        window_entry("ShowOutput", "Show Engine Output"),
+        window_entry("ShowPgnView", "Show PGN"),
+        window_entry("ShowCommentEditor", "Show Comment Editor"),
+        window_entry("ShowEpdCommands", "Show EPD Code"),
+        window_entry("ShowFEN", "Show FEN"),
+
+        menu("ModeMenu", "Mode"),
+        mode_entry(Mode::setup, "Setup"),
+        mode_entry(Mode::human_human, "Human - human"),
+        mode_entry(Mode::human_computer, "Human - computer"),
+        mode_entry(Mode::analyze_position, "Analysis"),
+        mode_entry(Mode::learn_openings, "Learn Opening"),
+        mode_entry(Mode::tournament, "Tournament"),
+        separator,
+        entry("StartThinking", "Start thinking", [](Rooms& rooms) { rooms.modes.start_thinking(); }),
+
+        menu("TournamentMenu", "Tournament"),
+        entry("New", "New / Edit", [](Rooms& rooms) { rooms.tournaments.edit(); }),
+        entry("Load", "Load", [](Rooms& rooms) { rooms.tournaments.load(); }),
+
+        menu("EngineMenu", "Engine"),
+        entry("Engine1", "Load engine...", [](Rooms& rooms) { rooms.engines.load(); }),
+        entry("Install", "Install engine...", [](Rooms& rooms) { rooms.engines.install(); }),
+        entry("LoadInstalled", "Load installed engine...",
+              [](Rooms& rooms) { rooms.engines.load_installed(); }),
+
+        menu("OptionMenu", "Options"),
+        entry("TimeControl", "Time Control...", [](Rooms& rooms) { rooms.engines.choose_time_control(); }),
+        entry("Engine1_options", "Engine...", [](Rooms& rooms) { rooms.engines.edit_options(); }),
+        switch_entry("Ponder", "Ponder",
+                     [](Rooms& rooms, bool on) { rooms.manager.send(to_referee::Ponder{on}); }),
+        switch_entry("Debug", "Debug",
+                     [](Rooms& rooms, bool on) {
+                         rooms.manager.set_logging(on);
+                         rooms.manager.send(to_referee::Debug{on});
+                     }),
+
+        menu("InfoMenu", "Info"),
+        entry("About", "About...", [](Rooms& rooms) { rooms.dialogs.about(); }),
     };
     return rows;
 }
 
-const char* Actions::ui_string() {
-    return R"(<ui>
-  <menubar name="MenuBar">
-    <menu action="FileMenu">
-      <menuitem action="NewGame"/>
-      <separator/>
-      <menuitem action="LoadGame"/>
-      <menuitem action="SaveGame"/>
-      <separator/>
-      <menuitem action="LoadPosition"/>
-      <menuitem action="LoadNextPosition"/>
-      <menuitem action="LoadPreviousPosition"/>
-      <menuitem action="SavePosition"/>
-      <separator/>
-      <menuitem action="PolyglotBook"/>
-      <separator/>
-      <menuitem action="Quit"/>
-    </menu>
-    <menu action="ViewMenu">
-      <menuitem action="Flip"/>
-      <menuitem action="ShowOutput"/>
-      <menuitem action="ShowPgnView"/>
-      <menuitem action="ShowCommentEditor"/>
-      <menuitem action="ShowEpdCommands"/>
-      <menuitem action="ShowFEN"/>
-    </menu>
-    <menu action="ModeMenu">
-      <menuitem action="Setup"/>
-      <menuitem action="HumanHuman"/>
-      <menuitem action="HumanComputer"/>
-      <menuitem action="AnalyzePosition"/>
-      <menuitem action="LearnOpenings"/>
-      <menuitem action="Tournament"/>
-      <separator/>
-      <menuitem action="StartThinking"/>
-    </menu>
-    <menu action="TournamentMenu">
-      <menuitem action="New"/>
-      <menuitem action="Load"/>
-    </menu>
-    <menu action="EngineMenu">
-      <menuitem action="Engine1"/>
-      <menuitem action="Install"/>
-      <menuitem action="LoadInstalled"/>
-    </menu>
-    <menu action="OptionMenu">
-      <menuitem action="TimeControl"/>
-      <menuitem action="Engine1_options"/>
-      <menuitem action="Ponder"/>
-      <menuitem action="Debug"/>
-    </menu>
-    <menu action="InfoMenu">
-      <menuitem action="About"/>
-    </menu>
-  </menubar>
-</ui>)";
+std::string Actions::ui_string() {
+    std::string menus;
+    for (const ActionRow& row : table()) {
+        if (row.kind == Kind::separator) {
+            menus += "<separator/>";
+        } else if (row.kind == Kind::menu) {
+            menus += std::string(menus.empty() ? "" : "</menu>") + "<menu action=\"" + row.name + "\">";
+        } else {
+            menus += std::string("<menuitem action=\"") + row.name + "\"/>";
+        }
+    }
+    return R"(<ui><menubar name="MenuBar">)" + menus + "</menu></menubar></ui>";
 }
 
 Actions::Actions(Rooms& rooms)
@@ -155,10 +136,12 @@ Actions::Actions(Rooms& rooms)
 void Actions::add(const ActionRow& row) {
     Glib::RefPtr<Gtk::Action> action;
     switch (row.kind) {
+        case Kind::separator:
+            return;
         case Kind::menu:
         case Kind::plain: {
             action = Gtk::Action::create(row.name, row.label);
-            if (row.run) action->signal_activate().connect([this, run = row.run] { run(m_rooms, true); });
+            if (row.run) action->signal_activate().connect([this, &row] { row.run(m_rooms, true); });
             break;
         }
         case Kind::toggle:
@@ -171,7 +154,7 @@ void Actions::add(const ActionRow& row) {
             }
             // One signal serves a radio action: of the two that change, the one switched off is told first.
             toggle->signal_toggled().connect(
-                [this, run = row.run, state = toggle.get()] { run(m_rooms, state->get_active()); });
+                [this, &row, state = toggle.get()] { row.run(m_rooms, state->get_active()); });
             action = toggle;
             break;
         }

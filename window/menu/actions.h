@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <string>
 #include <vector>
 
 #include <gtkmm/actiongroup.h>
@@ -13,15 +15,18 @@ namespace velmora {
 
 struct Rooms;
 
-/// What a menu entry is made from.
+/// One row of the table that menu bar and actions are made from.
+///
+/// A row of kind `menu` begins a menu; those behind it, up to the next of its kind, are what it shows from
+/// top to bottom.
 struct ActionRow {
-    enum class Kind { menu, plain, toggle, radio };
+    enum class Kind { menu, separator, plain, toggle, radio };
 
-    const char* name;  ///< in the UI string
-    const char* label;
-    Kind kind = Kind::menu;
-    /// What it calls; `on` is the state of a toggle or radio action, true for a plain one. Null for a menu.
-    void (*run)(Rooms& rooms, bool on) = nullptr;
+    Kind kind = Kind::separator;
+    const char* name = "";  ///< of the action; a separator has none
+    const char* label = "";
+    /// What it brings about; `on` is the state of a toggle or radio action, true for a plain one.
+    std::function<void(Rooms& rooms, bool on)> run = {};
     const char* accelerator = "";
 };
 
@@ -33,7 +38,8 @@ public:
     explicit Actions(Rooms& rooms);
 
     static const std::vector<ActionRow>& table();
-    static const char* ui_string();
+    /// The menus and entries of the table in the toolkit's language.
+    static std::string ui_string();
 
     /// The menu bar, null when it could not be built.
     Gtk::Widget* menu_bar();

@@ -4,14 +4,21 @@
 #include "window/flows/file_flows.h"
 #include "window/flows/tournament_flows.h"
 #include "window/menu/secondary_windows.h"
+#include "window/session/dialogs.h"
+#include "window/session/game_session.h"
 #include "window/session/manager_link.h"
 #include "window/session/mode_controller.h"
 
 namespace velmora {
 
+class ChessBoard;
+
 /// What the menu's entries call into; owned by the Interface.
 struct Rooms {
     ManagerLink& manager;
+    GameSession& session;
+    Dialogs& dialogs;
+    ChessBoard& board;
     ModeController& modes;
     FileFlows& files;
     EngineFlows& engines;

@@ -1,12 +1,10 @@
 #include "window/menu/secondary_windows.h"
 
+#include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include <gdkmm/monitor.h>
-
-#include "dialogs/about_dialog.h"
-#include "views/board/chess_board.h"
-#include "views/board/data_directory.h"
 
 namespace velmora {
 
@@ -20,24 +18,29 @@ ScreenBox frame_of(const Glib::RefPtr<const Gdk::Window>& window) {
 
 }  // namespace
 
-SecondaryWindows::SecondaryWindows(Gtk::Window& main, ChessBoard& board, const std::array<Part, count>& parts,
+SecondaryWindows::SecondaryWindows(Gtk::Window& main, const std::vector<Part>& parts,
                                    std::function<void()> refresh)
-    : m_main(main), m_board(board), m_parts(parts), m_refresh(std::move(refresh)) {}
+    : m_main(main), m_refresh(std::move(refresh)) {
+    for (const Part& part : parts) m_parts.push_back({part, dynamic_cast<Gtk::Window*>(&part.widget)});
+    for (Gtk::Window* window : windows()) {
+        window->set_transient_for(main);
+        window->set_type_hint(Gdk::WINDOW_TYPE_HINT_UTILITY);
+    }
+}
 
-void SecondaryWindows::show(SecondaryWindow window, bool on) {
-    const auto index = static_cast<std::size_t>(window);
-    auto* const widget = m_parts[index].widget;
+void SecondaryWindows::show(std::string_view action, bool on) {
+    const auto found =
+        std::ranges::find(m_parts, action, [](const Known& known) { return known.part.action; });
+    if (found == m_parts.end()) throw std::logic_error("no window has the action " + std::string(action));
     if (on) {
-        if (auto* const shown = dynamic_cast<Gtk::Window*>(widget)) {
-            // Where the person puts it later, it stays.
-            if (!m_placed[index]) place(*shown, static_cast<int>(index));
-            m_placed[index] = true;
-        }
-        widget->show_all();
+        // Where the person puts it later, it stays.
+        if (found->window && !found->placed) place(*found->window, static_cast<int>(found - m_parts.begin()));
+        found->placed = true;
+        found->part.widget.show_all();
         m_refresh();
     } else {
-        widget->hide();
-        if (window == SecondaryWindow::fen && m_width > 0) m_main.resize(m_width, m_height);
+        found->part.widget.hide();
+        if (!found->window && m_width > 0) m_main.resize(m_width, m_height);
     }
 }
 
@@ -63,37 +66,31 @@ void SecondaryWindows::place(Gtk::Window& window, int index) {
 /// The frames of the secondary windows that are shown.
 std::vector<ScreenBox> SecondaryWindows::open_windows() const {
     std::vector<ScreenBox> open;
-    for (const Part& part : m_parts) {
-        const auto* const window = dynamic_cast<const Gtk::Window*>(part.widget);
-        if (window && window->get_visible() && window->get_window()) {
-            open.push_back(frame_of(window->get_window()));
-        }
+    for (Gtk::Window* window : windows()) {
+        if (window->get_visible() && window->get_window()) open.push_back(frame_of(window->get_window()));
     }
     return open;
 }
 
 void SecondaryWindows::hide_all() {
-    for (const Part& part : m_parts) part.widget->hide();
+    for (Known& known : m_parts) known.part.widget.hide();
 }
 
-bool SecondaryWindows::is_shown(SecondaryWindow window) const {
-    return m_parts[static_cast<std::size_t>(window)].widget->get_visible();
+std::vector<Gtk::Window*> SecondaryWindows::windows() const {
+    std::vector<Gtk::Window*> found;
+    for (const Known& known : m_parts) {
+        if (known.window) found.push_back(known.window);
+    }
+    return found;
 }
 
 void SecondaryWindows::remember_size() {
     if (m_width == 0) m_main.get_size(m_width, m_height);
 }
 
-void SecondaryWindows::flip_board() {
-    m_board.flip();
-    m_refresh();
-}
-
-void SecondaryWindows::about() { show_about(m_main, image_path("velmora_100x50.svg")); }
-
 void SecondaryWindows::on_closed(const std::function<void(const char* action)>& clear) {
-    for (const Part& part : m_parts) {
-        part.widget->signal_hide().connect([clear, action = part.action] { clear(action); });
+    for (Known& known : m_parts) {
+        known.part.widget.signal_hide().connect([clear, action = known.part.action] { clear(action); });
     }
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <functional>
+#include <string_view>
 #include <vector>
 
 #include <gtkmm/window.h>
@@ -11,46 +10,47 @@
 
 namespace velmora {
 
-class ChessBoard;
-
-/// What the View menu shows and hides.
-enum class SecondaryWindow : std::size_t { analysis, pgn, comment, epd, fen };
-
 /// Shows and hides what is not on the screen at the start, and keeps the menu's toggles true.
+///
+/// A part is a window beside the main one or a strip in it, and is known by the name of its toggle action
+/// alone: whoever adds one names it here and in the menu's table.
 class SecondaryWindows {
 public:
     struct Part {
-        Gtk::Widget* widget;  ///< a window, or the FEN strip in the main window
-        const char* action;   ///< its toggle action
+        const char* action;   ///< the name of its toggle action
+        Gtk::Widget& widget;  ///< a window, or a strip in the main window
     };
-    static constexpr std::size_t count = 5;
 
+    /// Makes windows of the main window out of the parts that are windows.
     /// @param refresh  fills a part with the present game before it is shown
-    SecondaryWindows(Gtk::Window& main, ChessBoard& board, const std::array<Part, count>& parts,
-                     std::function<void()> refresh);
+    SecondaryWindows(Gtk::Window& main, const std::vector<Part>& parts, std::function<void()> refresh);
 
-    void show(SecondaryWindow window, bool on);
+    void show(std::string_view action, bool on);
     void hide_all();
-    bool is_shown(SecondaryWindow window) const;
 
-    /// Notes the main window's size as first shown, to which hiding the FEN strip returns.
+    /// The parts that are windows of their own.
+    std::vector<Gtk::Window*> windows() const;
+
+    /// Notes the main window's size as first shown, to which hiding a strip returns.
     void remember_size();
-
-    void flip_board();
-    void about();
 
     /// Calls `clear(action)` whenever the person closes a window by its frame.
     void on_closed(const std::function<void(const char* action)>& clear);
 
 private:
+    /// A part and what is known of it; `window` is null for a strip.
+    struct Known {
+        Part part;
+        Gtk::Window* window;
+        bool placed = false;
+    };
+
     void place(Gtk::Window& window, int index);
     std::vector<ScreenBox> open_windows() const;
 
     Gtk::Window& m_main;
-    ChessBoard& m_board;
-    const std::array<Part, count> m_parts;
+    std::vector<Known> m_parts;
     const std::function<void()> m_refresh;
-    std::array<bool, count> m_placed{};
     int m_width = 0;
     int m_height = 0;
 };

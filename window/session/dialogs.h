@@ -1,22 +1,58 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "chess/board/piece.h"
 #include "chess/board/side.h"
+#include "engine/store/engine_variables.h"
+#include "engine/store/option.h"
+#include "engine/time/level.h"
+#include "tournament/tournament.h"
+#include "tournament/tournament_choice.h"
+#include "tournament/tournament_data.h"
 
 namespace velmora {
 
-/// What the window's logic asks a person: a value in, a value out.
+/// What a file is chosen for; decides open or save, title and filters.
+enum class FileKind : std::size_t {
+    load_position = 0,
+    save_position = 1,
+    load_game = 2,
+    tournament_openings = 3,
+    save_game = 4,
+    engine = 5,
+    polyglot_book = 6,
+};
+
+/// A line of a file of positions.
+struct ChosenPosition {
+    std::size_t number = 0;  ///< among the lines that are not empty, from 1
+    std::string line;        ///< as it stands in the file
+};
+
+/// How the dialog about a tournament was left.
+struct TournamentEdit {
+    enum class Action { none, cancel, ok };
+    Action action = Action::none;
+    TournamentData entered;  ///< with `ok`: settings and names of participants, without games
+};
+
+/// All that the window's logic asks a person, value in and value out.
 ///
-/// Each call waits until it is answered. The logic knows questions, not the windows that put them; so it runs
-/// with a double that answers by itself.
+/// Each call waits for the answer, in the real window with a modal dialog; so what asks runs without a
+/// display as well, against an implementation that has its answers ready. Nothing, or an empty text, means
+/// that the person has left the question without an answer.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
 
-    /// Shows a message. Both texts are shown as they stand.
+    /// Shows a message and waits until it is answered. Both texts are shown as they stand.
     virtual void tell_user(const std::string& headline, const std::string& details) = 0;
+    virtual void about() = 0;
 
     /// What to put on a square in the set-up; no_piece for nothing.
     virtual Piece choose_piece() = 0;
@@ -24,6 +60,29 @@ public:
     virtual PieceKind choose_promotion(Side side) = 0;
     /// Which hints to show: bit 0 White's moves, bit 1 Black's; 0 for none or a cancelled dialog.
     virtual int choose_hints() = 0;
+
+    /// The chosen path, empty for none.
+    virtual std::string choose_file(FileKind kind) = 0;
+    /// Lets the person choose a game of a PGN file: where it begins, in bytes from the start of the file.
+    virtual std::optional<std::uint64_t> choose_game(const std::string& path) = 0;
+    virtual std::optional<ChosenPosition> choose_position(const std::string& path) = 0;
+
+    virtual std::optional<Protocol> choose_protocol() = 0;
+    /// Lets the person choose an installed engine or uninstall one. Throws std::runtime_error when the list
+    /// is there and can't be read.
+    virtual std::optional<EngineVariables> choose_installed() = 0;
+    /// Asks for name, Elo and handicap and puts the engine into the list of installed ones. Throws as
+    /// choose_installed() does.
+    virtual void install(const EngineVariables& engine) = 0;
+    /// The options with what the person has done to them. Throws std::invalid_argument for a spin option
+    /// without numbers, see option_lists::for_dialog().
+    virtual std::vector<Option> edit_options(std::vector<Option> options) = 0;
+    virtual std::optional<Level> ask_time_control(const Level& level) = 0;
+
+    /// @param installed  the names of the engines that can take part
+    virtual TournamentEdit edit_tournament(const Tournament& tournament,
+                                           const std::vector<std::string>& installed) = 0;
+    virtual TournamentChoice choose_tournament(const std::vector<std::string>& names) = 0;
 };
 
 }  // namespace velmora

@@ -1,6 +1,6 @@
 // The file chooser in the middle of its work. A complaint of the toolkit ends the program.
 
-#include "window/flows/file_chooser.h"
+#include "window/file_chooser.h"
 
 #include <algorithm>
 

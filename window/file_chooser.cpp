@@ -1,4 +1,4 @@
-#include "window/flows/file_chooser.h"
+#include "window/file_chooser.h"
 
 #include <array>
 #include <vector>

@@ -1,24 +1,14 @@
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <string>
 
 #include <gtkmm/filechooserdialog.h>
 #include <gtkmm/window.h>
 
-namespace velmora {
+#include "window/session/dialogs.h"
 
-/// What a file is chosen for; decides open or save, title and filters.
-enum class FileKind : std::size_t {
-    load_position = 0,
-    save_position = 1,
-    load_game = 2,
-    tournament_openings = 3,
-    save_game = 4,
-    engine = 5,
-    polyglot_book = 6,
-};
+namespace velmora {
 
 /// The one file dialog of the program. It opens in the folder used last; engines are first looked for where
 /// the system keeps its games.

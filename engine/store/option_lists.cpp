@@ -1,4 +1,4 @@
-#include "dialogs/engine/option_lists.h"
+#include "engine/store/option_lists.h"
 
 #include <algorithm>
 

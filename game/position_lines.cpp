@@ -1,4 +1,4 @@
-#include "dialogs/files/position_lines.h"
+#include "game/position_lines.h"
 
 namespace velmora {
 

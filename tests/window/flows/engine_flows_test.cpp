@@ -1,0 +1,120 @@
+#include "window/flows/engine_flows.h"
+
+#include <stdexcept>
+
+#include "tests/window/flows/flows_test.h"
+
+namespace velmora {
+namespace {
+
+class EngineFlowsTest : public FlowsTest {
+protected:
+    std::optional<EngineVariables> seated;
+    EngineFlows engines{session, screen, dialogs, link, modes, engine, [this] {
+                            return seated ? *seated : throw std::logic_error("nobody");
+                        }};
+};
+
+TEST_F(EngineFlowsTest, AnEngineIsLoadedByFileOrByName) {
+    engines.load();
+    dialogs.files[FileKind::engine] = "/opt/some engine";
+    engines.load();
+    engines.load_installed();
+    dialogs.engine.emplace();
+    engines.load_installed();
+    EXPECT_THAT(referee.take(), IsEmpty()) << "a question was left, or nothing was chosen";
+
+    const std::string board = "0 setboard " + session.position().fen();
+    dialogs.protocol = Protocol::xboard_v2;
+    engines.load();
+    EXPECT_THAT(referee.take(), ElementsAre("0 load 3 filename /opt/some engine", board));
+    EXPECT_EQ(screen.title, "Loading some engine...");
+    dialogs.engine->name = "Some name";
+    screen.select_mode(Mode::analyze_position);
+    referee.take();
+    engines.load_installed();
+    EXPECT_THAT(referee.take(), ElementsAre("0 load 0 name Some name", board, "0 analyzeposition"));
+    EXPECT_EQ(screen.title, "Loading Some name...");
+    select(Mode::tournament);
+    engines.load_installed();
+    EXPECT_THAT(referee.take(), ElementsAre("0 load 0 name Some name")) << "the match has its own position";
+}
+
+TEST_F(EngineFlowsTest, WithoutAnEngineOrItsListThePersonIsTold) {
+    engines.install();
+    engines.edit_options();
+    dialogs.broken = true;
+    dialogs.do_to_options = [](auto&) { throw std::invalid_argument("no number"); };
+    engines.load_installed();
+    seated.emplace().name = "Alpha";
+    engines.install();
+    engines.edit_options();
+    EXPECT_THAT(
+        dialogs.told,
+        ElementsAre("No engine to install|you should first load an engine\n before installialling an engine",
+                    "No engine found|use menu 'Engine' to load an engine'",
+                    "The list of engines can't be used|no list", "The engine was not installed|no list",
+                    "The options can't be shown|no number"));
+    dialogs.broken = false;
+    engines.install();
+    EXPECT_THAT(dialogs.installed, ElementsAre("Alpha"));
+    EXPECT_THAT(referee.take(), IsEmpty());
+}
+
+TEST_F(EngineFlowsTest, EachValueThatHasChangedIsSent) {
+    seated.emplace().name = "Alpha";
+    for (const char* line : {"name Clear Hash type button", "name Hash type spin default 16 min 1 max 64",
+                             "name Style type combo default a var a var b"}) {
+        seated->add_option(Option(std::string("option ") + line));
+    }
+    engines.edit_options();
+    dialogs.do_to_options = [](std::vector<Option>& options) {
+        options[0].changed = true;  // a button has no value
+        options[1].value = "32";
+        options[2].value = "b";
+    };
+    engines.edit_options();
+    EXPECT_THAT(referee.take(),
+                ElementsAre("0 setoption name Hash value 32", "0 setoption name Style value b"));
+}
+
+TEST_F(EngineFlowsTest, SpinsThatCannotBeShownAreAskedForAsTexts) {
+    const struct {
+        const char *min, *max, *value, *type;
+    } rows[] = {
+        {"1", "1024", "64", "spin"},
+        {"-9223372036854775808", "9223372036854775807", "0", "spin"},
+        {"0", "18446744073709551615", "0", "string"},
+        {"", "10", "1", "string"},
+        {"0", "many", "1", "string"},
+        {"0", "10", "1.5", "string"},
+        {"10", "0", "1", "string"},
+        {"0", "10", "99", "spin"},
+    };
+    for (const auto& row : rows) {
+        seated.emplace().name = "Alpha";
+        Option& spin = seated->options["S"];
+        spin.type = "spin";
+        spin.min = row.min;
+        spin.max = row.max;
+        spin.value = row.value;
+        dialogs.do_to_options = [&](const std::vector<Option>& options) {
+            EXPECT_EQ(options.at(0).type + options.at(0).value, std::string(row.type) + row.value)
+                << row.min << row.max;
+        };
+        engines.edit_options();
+    }
+}
+
+TEST_F(EngineFlowsTest, TheTimeControlGoesToClocksAndReferee) {
+    engines.choose_time_control();
+    EXPECT_THAT(referee.take(), IsEmpty());
+    dialogs.time_control = Level("fixed_depth 7");
+    engines.choose_time_control();
+    EXPECT_THAT(referee.take(), ElementsAre("0 level fixed_depth 7"));
+    EXPECT_THAT(screen.calls, ElementsAre("reset clocks fixed_depth 7"));
+    EXPECT_EQ(session.level().text(), "fixed_depth 7");
+}
+
+}  // namespace
+}  // namespace velmora
