@@ -7,7 +7,7 @@ namespace velmora {
 
 namespace {
 
-std::int32_t limited(std::int64_t value) {
+std::int32_t in_32_bits(std::int64_t value) {
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, std::numeric_limits<std::int32_t>::min(),
                                                               std::numeric_limits<std::int32_t>::max()));
 }
@@ -30,9 +30,9 @@ void GameClock::restart() {
     m_start_mark = 0;
 }
 
-std::int32_t GameClock::time_left() const { return limited(m_allowance - m_stopwatch.elapsed_ms()); }
+std::int32_t GameClock::time_left() const { return in_32_bits(m_allowance - m_stopwatch.elapsed_ms()); }
 
-std::int32_t GameClock::move_time() const { return limited(m_stopwatch.elapsed_ms() - m_start_mark); }
+std::int32_t GameClock::move_time() const { return in_32_bits(m_stopwatch.elapsed_ms() - m_start_mark); }
 
 void GameClock::start_clock() {
     m_stopwatch.start();
@@ -55,6 +55,6 @@ void GameClock::set_time_left(std::int32_t milliseconds) {
     m_stopwatch.reset();
 }
 
-std::int32_t GameClock::moves_to_go() const { return limited(m_session_moves - m_moves_done); }
+std::int32_t GameClock::moves_to_go() const { return in_32_bits(m_session_moves - m_moves_done); }
 
 }  // namespace velmora
