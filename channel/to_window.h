@@ -167,7 +167,7 @@ struct ClearArrows {
 /// stand for blanks in both.
 struct TellUser {
     std::string headline;
-    std::string details;
+    std::string details = {};
     static constexpr auto form =
         line("telluser", token(&TellUser::headline), verbatim_rest(&TellUser::details));
 };

@@ -30,8 +30,7 @@ GameEnd EngineLines::process(Seat seat, std::string_view line) {
 }
 
 void EngineLines::info(Seat seat, std::string_view rest) {
-    const bool white = m_seats.engine(seat)->is_white();
-    m_state.send(std::string(white ? "white_info" : "black_info").append(rest));
+    m_state.send(to_window::SearchOutput{side_of(*m_seats.engine(seat)), std::string(rest)});
 }
 
 GameEnd EngineLines::best_move(const EngineLine& line) {
@@ -39,19 +38,19 @@ GameEnd EngineLines::best_move(const EngineLine& line) {
     if (!playing || m_state.turn != turn_of(line.seat) || line.stopped) return {};
 
     const std::string token(line.move());
-    const bool white = m_seats.engine(line.seat)->is_white();
+    const Side side = side_of(*m_seats.engine(line.seat));
     if (token.empty() || token == "0000" || token == "(none)") {
         std::cerr << "Current game:\n"
                   << m_state.position.fen() << '\n'
                   << m_state.position.moves_text() << '\n'
                   << "engine answered '" << token << "'" << std::endl;
         // Where the game is over there was nothing to answer.
-        if (result(m_state.position) != game_goes_on) return by_the_rules;
-        return loss_of(white, "illegal move: (none)");
+        if (auto end = result(m_state.position)) return end;
+        return loss_of(side, "illegal move: (none)");
     }
     m_state.pending = legal_move(m_state.position, parse_move(m_state.position, token));
     if (!m_state.pending.empty()) return {};
-    return loss_of(white, "illegal move: " + token);
+    return loss_of(side, "illegal move: " + token);
 }
 
 GameEnd EngineLines::resign(Seat seat) {
@@ -59,7 +58,8 @@ GameEnd EngineLines::resign(Seat seat) {
     const bool over = m_state.mode == ManagerMode::match ? !is_engine_turn(m_state.turn) : m_state.game_over;
     if (over) return {};
     m_state.pending = Move();
-    return m_seats.engine(seat)->is_white() ? "0-1 {white resigns}" : "1-0 {black resigns}";
+    const Side side = side_of(*m_seats.engine(seat));
+    return loss_of(side, side == Side::white ? "white resigns" : "black resigns");
 }
 
 }  // namespace velmora

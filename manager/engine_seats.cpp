@@ -17,8 +17,6 @@ constexpr std::uint64_t instance_id_seed = 12345;
 /// What stands for the name of an engine that isn't there.
 const std::string no_name = "???";
 
-std::string number_of(Seat seat) { return std::to_string(static_cast<int>(seat)); }
-
 }  // namespace
 
 EngineSeats::EngineSeats(RefereeState& state, CommandSink& line_sink,
@@ -63,7 +61,8 @@ void EngineSeats::load_installed_engine(Seat seat, const std::string& name) {
     try {
         installed.read_engines_cfg();
     } catch (const std::runtime_error& error) {
-        m_state.send("telluser The_list_of_engines_can't_be_read " + text::one_line(error.what()));
+        m_state.send(
+            to_window::TellUser{"The_list_of_engines_can't_be_read", " " + text::one_line(error.what())});
         return;
     }
     const auto entry = installed.engines().find(name);
@@ -97,11 +96,12 @@ void EngineSeats::reload(Seat seat) {
 }
 
 void EngineSeats::replace_crashed(Seat seat) {
-    const std::string crash = "telluser engine" + number_of(seat) + " crashed";
+    to_window::TellUser crash{seat == Seat::first ? "engine1" : "engine2", " crashed"};
     if (at(seat).deaths.add(std::chrono::steady_clock::now())) {
         unload(seat);
         send_name(seat, no_name);
-        m_state.send(crash + " three times within a minute and isn't started again");
+        crash.details += " three times within a minute and isn't started again";
+        m_state.send(crash);
         return;
     }
     m_state.send(crash);
@@ -140,11 +140,11 @@ void EngineSeats::welcome(Seat seat) {
 
 void EngineSeats::report_failed_load(Seat seat, const std::string& path) {
     send_name(seat, no_name);
-    m_state.send("telluser " + path + " failed");
+    m_state.send(to_window::TellUser{path, " failed"});
 }
 
 void EngineSeats::send_name(Seat seat, const std::string& name) {
-    m_state.send("engine" + number_of(seat) + "name " + name);
+    m_state.send(to_window::EngineName{seat, name});
 }
 
 void EngineSeats::publish() {
@@ -181,7 +181,7 @@ void EngineSeats::pass_level() {
     for (const auto& seat : m_seats) {
         if (seat.engine == nullptr) continue;
         seat.engine->set_level(m_state.level);
-        m_state.send(clock_line(*seat.engine));
+        m_state.send(clock_of(*seat.engine));
     }
     publish();
 }
@@ -193,9 +193,10 @@ void EngineSeats::set_option(const std::string& name, const std::string& value) 
     publish();
 }
 
-std::string clock_line(const GuiEngine& engine) {
-    const PlayState state = engine.state();
-    return (state.is_white ? "wtime " : "btime ") + std::to_string(state.clock.time_left());
+Side side_of(const GuiEngine& engine) { return engine.is_white() ? Side::white : Side::black; }
+
+to_window::SetClock clock_of(const GuiEngine& engine) {
+    return {side_of(engine), engine.state().clock.time_left()};
 }
 
 void prepare_to_move(GuiEngine& engine, const ChessPosition& position) {

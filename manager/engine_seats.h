@@ -8,6 +8,8 @@
 #include <string>
 
 #include "channel/command_sink.h"
+#include "channel/to_window.h"
+#include "chess/board/side.h"
 #include "engine/drivers/gui_engine.h"
 #include "manager/death_count.h"
 #include "manager/manager_mode.h"
@@ -103,8 +105,11 @@ private:
     PublishedEngine m_published;
 };
 
-/// "wtime" or "btime" with the engine's remaining milliseconds.
-std::string clock_line(const GuiEngine& engine);
+/// Which side it plays.
+Side side_of(const GuiEngine& engine);
+
+/// What is left on its clock, for the window.
+to_window::SetClock clock_of(const GuiEngine& engine);
 
 /// Gives an engine the position and stops a search that still runs, so that it can be told to go.
 void prepare_to_move(GuiEngine& engine, const ChessPosition& position);

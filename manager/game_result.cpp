@@ -19,16 +19,18 @@ constexpr std::array<std::string_view, 4> equal_pieces = {"KQkq", "KRkr", "KBkb"
 
 }  // namespace
 
-std::string result(const ChessPosition& position) {
+GameEnd result(const ChessPosition& position) {
+    const auto draw = [](const char* reason) { return GameOutcome{GameResult::draw, reason}; };
     if (!has_legal_move(position)) {
-        if (!position.in_check()) return "1/2-1/2 {Stalemate}";
-        return position.side_to_move() == Side::white ? "0-1 {Black mates}" : "1-0 {White mates}";
+        if (!position.in_check()) return draw("Stalemate");
+        const Side winner = opposite(position.side_to_move());
+        return GameOutcome{win_of(winner), winner == Side::white ? "White mates" : "Black mates"};
     }
     // Where two causes coincide, the one that is tested first here is named.
-    if (is_insufficient_material(position)) return "1/2-1/2 {Draw by insufficient material}";
-    if (position.is_fifty()) return "1/2-1/2 {Draw by fifty move rule}";
-    if (position.is_repetition(3)) return "1/2-1/2 {Draw by threefold repetition}";
-    return game_goes_on;
+    if (is_insufficient_material(position)) return draw("Draw by insufficient material");
+    if (position.is_fifty()) return draw("Draw by fifty move rule");
+    if (position.is_repetition(3)) return draw("Draw by threefold repetition");
+    return {};
 }
 
 bool is_insufficient_material(const ChessPosition& position) {
@@ -74,9 +76,8 @@ Move parse_move(const ChessPosition& position, std::string_view text) {
     }
 }
 
-std::string loss_of(bool white, std::string_view reason) {
-    const std::string comment = text::record_text(reason, pgn_limits::own_comment);
-    return (white ? "0-1 {" : "1-0 {") + comment + "}";
+GameOutcome loss_of(Side side, std::string_view reason) {
+    return {win_of(opposite(side)), text::record_text(reason, pgn_limits::own_comment)};
 }
 
 }  // namespace velmora

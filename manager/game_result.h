@@ -1,27 +1,20 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 
+#include "chess/board/game_outcome.h"
 #include "chess/board/move.h"
+#include "chess/board/side.h"
 #include "chess/moves/position.h"
 
 namespace velmora {
 
-/// What ended a game, as a room of the referee reports it: nothing while the game goes on, else the result
-/// string, where `by_the_rules` means that result() names it.
-///
-/// A result string is a PGN result token, a blank and a comment in braces, "1-0 {White mates}".
-using GameEnd = std::optional<std::string>;
+/// What ended a game, as a room of the referee reports it; nothing while the game goes on.
+using GameEnd = std::optional<GameOutcome>;
 
-inline const std::string by_the_rules;
-
-/// The result while the game goes on.
-inline const std::string game_goes_on = "*";
-
-/// The result of the position by the rules of the game, "*" when the game goes on.
-std::string result(const ChessPosition& position);
+/// The end of the game by its rules.
+GameEnd result(const ChessPosition& position);
 
 /// Whether a match game is called a draw: one equal piece on each side and nothing happened for six plies.
 bool is_adjudicated_draw(const ChessPosition& position);
@@ -40,8 +33,8 @@ bool play_if_legal(ChessPosition& position, Move move);
 /// A move in coordinate form, the empty move when it can't be read. It need not be legal.
 Move parse_move(const ChessPosition& position, std::string_view text);
 
-/// "0-1 {reason}" when White loses, "1-0 {reason}" when Black does. The reason may hold an engine's words, of
-/// which nothing ends the comment.
-std::string loss_of(bool white, std::string_view reason);
+/// The loss of a side. The reason may hold an engine's words: they are cleaned, so that nothing in them ends
+/// the comment as which the reason goes into the record.
+GameOutcome loss_of(Side side, std::string_view reason);
 
 }  // namespace velmora

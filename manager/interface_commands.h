@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "base/text.h"
+#include "channel/to_referee.h"
 #include "manager/analyze_mode.h"
 #include "manager/engine_seats.h"
 #include "manager/learn_mode.h"
@@ -12,7 +12,7 @@
 
 namespace velmora {
 
-/// The commands that the window sends: a table from the first word to a small function.
+/// Carries out the commands of the window, one function a command.
 class InterfaceCommands {
 public:
     InterfaceCommands(RefereeState& state, EngineSeats& seats, AnalyzeMode& analyze, PlayMode& play,
@@ -23,28 +23,25 @@ public:
     void process(std::string_view line);
 
 private:
-    struct Command;
-    static const Command commands[];
-
-    // One for each word; `arguments` stands behind the word.
-    void analyzeposition(text::WordReader& arguments);
-    void book(text::WordReader& arguments);
-    void debug(text::WordReader& arguments);
-    void go(text::WordReader& arguments);
-    void human_human(text::WordReader& arguments);
-    void learnopenings(text::WordReader& arguments);
-    void level(text::WordReader& arguments);
-    void load(text::WordReader& arguments);
-    void load_tournament(text::WordReader& arguments);
-    void new_game(text::WordReader& arguments);
-    void playother(text::WordReader& arguments);
-    void polyglotbook(text::WordReader& arguments);
-    void ponder(text::WordReader& arguments);
-    void quit(text::WordReader& arguments);
-    void setboard(text::WordReader& arguments);
-    void setoption(text::WordReader& arguments);
-    void start_tournament(text::WordReader& arguments);
-    void usermove(text::WordReader& arguments);
+    void run(const to_referee::AnalyzePosition& command);
+    void run(const to_referee::Book& command);
+    void run(const to_referee::Debug& command);
+    void run(const to_referee::Go& command);
+    void run(const to_referee::HumanHuman& command);
+    void run(const to_referee::LearnOpenings& command);
+    void run(const to_referee::SetLevel& command);
+    void run(const to_referee::Load& command);
+    void run(const to_referee::LoadTournament& command);
+    void run(const to_referee::NewGame& command);
+    void run(const to_referee::PlayOther& command);
+    void run(const to_referee::PolyglotBook& command);
+    void run(const to_referee::Ponder& command);
+    void run(const to_referee::Quit& command);
+    void run(const to_referee::SetBoard& command);
+    void run(const to_referee::SetOption& command);
+    void run(const to_referee::StartTournament& command);
+    void run(const to_referee::UserMove& command);
+    void run(const to_referee::WakeUp& /*command*/) {}
 
     RefereeState& m_state;
     EngineSeats& m_seats;

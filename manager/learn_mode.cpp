@@ -15,9 +15,9 @@ namespace {
 constexpr int hint_white = 1;
 constexpr int hint_black = 2;
 
-constexpr char good_move = 'g';
-constexpr char bad_move = 'r';
-constexpr char hint = 'b';
+constexpr ArrowColor good_move = ArrowColor::green;
+constexpr ArrowColor bad_move = ArrowColor::red;
+constexpr ArrowColor hint = ArrowColor::blue;
 
 }  // namespace
 
@@ -28,14 +28,15 @@ void LearnMode::learn_openings(int hint_mask) {
         return;
     }
     if (m_book.path().empty()) {
-        m_state.send("reset mode");
-        m_state.send("telluser No_Polyglot_book_found use menu 'File' to load a Polyglot book");
+        m_state.send(to_window::ResetMode());
+        m_state.send(
+            to_window::TellUser{"No_Polyglot_book_found", " use menu 'File' to load a Polyglot book"});
         return;
     }
     try {
         m_book.open();
     } catch (const std::exception& error) {
-        m_state.send("reset mode");
+        m_state.send(to_window::ResetMode());
         report_no_book(error.what());
         return;
     }
@@ -57,7 +58,7 @@ void LearnMode::set_book(const std::string& path) {
 
 void LearnMode::report_no_book(const std::string& reason) {
     std::cerr << reason << std::endl;
-    m_state.send("telluser No_Polyglot_book_found " + text::one_line(reason));
+    m_state.send(to_window::TellUser{"No_Polyglot_book_found", " " + text::one_line(reason)});
 }
 
 void LearnMode::post_hints() {
@@ -75,22 +76,22 @@ void LearnMode::step() {
     const bool good = std::ranges::any_of(book_moves, [&move](BookMove book_move) {
         return book_move.from() == move.from() && book_move.to() == move.to();
     });
-    m_state.send("clear_arrows");
+    m_state.send(to_window::ClearArrows());
     send_arrow(from, to, good ? good_move : bad_move);
     if (good) {
         if (play_if_legal(m_state.position, move)) post_hints();
     } else if (!book_moves.empty()) {
-        m_state.send("takeback");
+        m_state.send(to_window::TakeBack());
     } else {
         // The window keeps the move and our copy doesn't: they differ until the next "setboard".
         m_state.clear_arrows();
-        m_state.send("telluser Polyglotbook: no more moves");
+        m_state.send(to_window::TellUser{"Polyglotbook:", " no more moves"});
     }
 }
 
-void LearnMode::send_arrow(int from, int to, char colour) {
+void LearnMode::send_arrow(int from, int to, ArrowColor color) {
     m_state.has_arrows = true;
-    m_state.send("set_arrow " + std::to_string(from) + ' ' + std::to_string(to) + ' ' + colour);
+    m_state.send(to_window::SetArrow{Square(from), Square(to), color});
 }
 
 }  // namespace velmora

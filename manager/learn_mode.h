@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "chess/board/arrow_color.h"
 #include "manager/engine_seats.h"
 #include "manager/referee_state.h"
 #include "openings/polyglot_book.h"
@@ -27,7 +28,7 @@ public:
 
 private:
     void report_no_book(const std::string& reason);
-    void send_arrow(int from, int to, char colour);
+    void send_arrow(int from, int to, ArrowColor color);
 
     RefereeState& m_state;
     EngineSeats& m_seats;

@@ -8,6 +8,7 @@
 
 #include "base/text.h"
 #include "channel/engine_line.h"
+#include "channel/to_referee.h"
 #include "engine/process/shared_core.h"
 #include "game/pgn_error.h"
 
@@ -24,9 +25,9 @@ LineQueue::Class classify(const std::string& line) {
     return {.account = std::max<std::uint64_t>(said->instance_id, 1)};
 }
 
-bool is_quit(const std::string& line) {
+bool is_quit(std::string_view line) {
     text::WordReader reader(line);
-    return reader.word() == "0" && reader.word() == "quit";
+    return reader.integer<int>() == window_sender && to_referee::effects_of(reader.rest()).quits;
 }
 
 }  // namespace
@@ -135,19 +136,17 @@ void Manager::settle(const GameEnd& end) {
     if (end) end_game(*end);
 }
 
-void Manager::end_game(const std::string& claimed) {
+void Manager::end_game(const GameOutcome& outcome) {
     m_state.turn = MoveTurn::none;
     m_state.game_over = true;
     // What still waits belongs to the game that is over.
     forget_waiting_lines();
-    const std::string text = claimed == by_the_rules ? result(m_state.position) : claimed;
-    m_state.send(text);
-    const auto word = text::first_word(text);
+    m_state.send(to_window::GameOver{outcome});
     if (m_state.mode == ManagerMode::play) {
-        m_state.send("round ?");
-        m_state.send("telluser result: " + std::string(word));
+        m_state.send(to_window::SetRound{"?"});
+        m_state.send(to_window::TellUser{"result:", " " + std::string(result_token(outcome.result))});
     } else if (m_state.mode == ManagerMode::match) {
-        m_match.game_over(word);
+        m_match.game_over(outcome.result);
     }
 }
 
@@ -160,7 +159,7 @@ void Manager::forget_waiting_lines() {
 
 void Manager::contain(const std::string& failure) {
     std::cerr << failure << std::endl;
-    m_state.send("telluser Error: " + text::one_line(failure));
+    m_state.send(to_window::TellUser{"Error:", " " + text::one_line(failure)});
     try {
         m_match.cancel();
     } catch (const std::exception& error) {

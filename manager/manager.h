@@ -73,7 +73,7 @@ private:
     GameEnd step();
     bool has_waiting_lines(Seat seat) const;
     void settle(const GameEnd& end);
-    void end_game(const std::string& claimed);
+    void end_game(const GameOutcome& outcome);
     void contain(const std::string& failure);
 
     const std::string m_program_path;

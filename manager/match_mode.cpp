@@ -55,8 +55,9 @@ void MatchMode::load_tournament(const std::string& name) {
         m_tournament.set_event("");
         std::cerr << error.what() << std::endl;
         const std::string& fault = m_tournament.load_fault();
-        m_state.send(fault.empty() ? "telluser Tournament_doesn't_exist"
-                                   : "telluser Tournament_can't_be_read " + text::one_line(fault));
+        m_state.send(fault.empty()
+                         ? to_window::TellUser{"Tournament_doesn't_exist"}
+                         : to_window::TellUser{"Tournament_can't_be_read", " " + text::one_line(fault)});
         return;
     }
     set_book(m_tournament.opening_book());
@@ -65,22 +66,22 @@ void MatchMode::load_tournament(const std::string& name) {
 void MatchMode::set_book(const std::string& path) {
     m_book.set_path(path);
     const auto fault = reading_fault(path);
-    if (fault) m_state.send("telluser Opening_book_can't_be_read " + text::one_line(*fault));
+    if (fault) m_state.send(to_window::TellUser{"Opening_book_can't_be_read", " " + text::one_line(*fault)});
 }
 
 void MatchMode::start_tournament() {
     if (m_tournament.event().empty()) {
-        m_state.send("telluser No_tournament_loaded");
-        m_state.send("tournament_finished");
+        m_state.send(to_window::TellUser{"No_tournament_loaded"});
+        m_state.send(to_window::TournamentFinished());
         return;
     }
     m_state.enter(ManagerMode::match);
     m_state.turn = MoveTurn::none;
-    m_score = MatchScore();
-    // The level's bare text: the window ignores a line that starts so, the "level" of each game tells it.
-    m_state.send(m_tournament.level().text());
+    // The level's bare text is no line of the language; the window gets the level of each game with its
+    // start.
+    m_state.window.put_command(m_tournament.level().text());
     m_state.level = m_tournament.level();
-    m_state.send("new");
+    m_state.send(to_window::NewGame());
     start_game();
 }
 
@@ -111,33 +112,35 @@ bool MatchMode::seat_engine(Seat seat, const std::string& name) {
     m_seats.load_installed_engine(seat, name);
     if (m_seats.is_alive(seat)) return true;
     m_state.enter(ManagerMode::human_human);
-    m_state.send("telluser Oops... loading " + name + " failed");
-    m_state.send("tournament_finished");
+    m_state.send(to_window::TellUser{"Oops...", " loading " + name + " failed"});
+    m_state.send(to_window::TournamentFinished());
     return false;
 }
 
 void MatchMode::announce(const TournamentGame& game) {
-    const auto white = engine(Seat::first).get_enginevariables();
-    const auto black = engine(Seat::second).get_enginevariables();
-    m_state.send("whitename " + white.playing_name());
-    m_state.send("blackname " + black.playing_name());
-    if (!white.elo.empty()) m_state.send("WhiteElo " + white.elo);
-    if (!black.elo.empty()) m_state.send("BlackElo " + black.elo);
-    m_state.send("round " + game.round_label());
-    m_state.send("event " + m_tournament.event());
-    m_state.send("site " + m_tournament.site());
-    m_state.send("level " + m_tournament.level().text());
+    for (const auto seat : both_seats) {
+        const std::string name = engine(seat).get_enginevariables().playing_name();
+        m_state.send(to_window::PlayerName{side_of(engine(seat)), name});
+    }
+    for (const auto seat : both_seats) {
+        const std::string elo = engine(seat).get_enginevariables().elo;
+        if (!elo.empty()) m_state.send(to_window::PlayerElo{side_of(engine(seat)), elo});
+    }
+    m_state.send(to_window::SetRound{game.round_label()});
+    m_state.send(to_window::SetEvent{m_tournament.event()});
+    m_state.send(to_window::SetSite{m_tournament.site()});
+    m_state.send(to_window::SetLevel{m_tournament.level().text()});
 }
 
 void MatchMode::show_opening() {
     const auto moves = m_state.position.moves();
     // A game of the book may begin from a position of its own; its moves fit nowhere else.
     if (moves.empty()) {
-        m_state.send("setboard " + m_state.position.fen());
+        m_state.send(to_window::SetBoard{m_state.position.fen()});
     } else if (!begins_from_standard_start(m_state.position)) {
-        m_state.send("setboard " + m_state.position.start_fen());
+        m_state.send(to_window::SetBoard{m_state.position.start_fen()});
     }
-    for (const auto& move : moves) m_state.send("move " + move.to_string(false));
+    for (const auto& move : moves) m_state.send(to_window::PlayMove{move.to_string(false)});
 }
 
 void MatchMode::start_first_mover() {
@@ -169,34 +172,34 @@ GameEnd MatchMode::step() {
     const Move move = std::exchange(m_state.pending, Move());
     if (is_over_at_start()) {
         m_over_at_start = false;
-        return by_the_rules;
+        return result(m_state.position);
     }
     if (move.empty() || !is_game_running()) return {};
     return engine_moved(seat_of(m_state.turn), move);
 }
 
 GameEnd MatchMode::engine_moved(Seat seat, Move move) {
-    const std::string line = "move " + move.to_string(false);
+    const to_window::PlayMove line{move.to_string(false)};
     m_state.send(line);
-    if (m_state.log.is_on()) m_state.log.write(" interface <- " + line);
-    m_state.send("emt " + std::to_string(engine(seat).state().clock.move_time()));
+    if (m_state.log.is_on()) m_state.log.write(" interface <- " + to_window::encode(line));
+    m_state.send(to_window::MoveTime{std::to_string(engine(seat).state().clock.move_time())});
     if (oversteps(engine(seat))) {
         m_state.log.write(" Manager:   TIME LOSS");
         engine(seat).stop();
-        return loss_of(engine(seat).is_white(), "time");
+        return loss_of(side_of(engine(seat)), "time");
     }
     const auto white_time = engine(Seat::first).state().clock.time_left();
     const auto black_time = engine(Seat::second).state().clock.time_left();
-    m_state.send("wtime " + std::to_string(white_time));
-    m_state.send("btime " + std::to_string(black_time));
+    m_state.send(to_window::SetClock{Side::white, white_time});
+    m_state.send(to_window::SetClock{Side::black, black_time});
     if (seat == Seat::first) {
-        // Only here: after a move of the second engine nobody is told, and that is how it stays.
+        // Only here: after a move of the second engine nobody is told.
         engine(Seat::first).set_opponent_time(black_time);
         engine(Seat::second).set_opponent_time(white_time);
     }
     play(seat, move);
-    if (is_adjudicated_draw(m_state.position)) return "1/2-1/2 {adjudicated}";
-    if (result(m_state.position) != game_goes_on) return by_the_rules;
+    if (is_adjudicated_draw(m_state.position)) return GameOutcome{GameResult::draw, "adjudicated"};
+    if (auto end = result(m_state.position)) return end;
     start_search(other(seat), engine(seat).state().clock.moved_at() + move_pause);
     return {};
 }
@@ -231,18 +234,17 @@ GameEnd MatchMode::watch(Seat seat, const std::function<bool()>& has_waiting_lin
     const bool crashed = engine(seat).has_crashed();
     // A write that was given up because the program ends makes it look so, too.
     if (m_state.leaving.stop_requested()) return {};
-    if (crashed && !has_waiting_lines()) return loss_of(engine(seat).is_white(), "engine failure");
+    if (crashed && !has_waiting_lines()) return loss_of(side_of(engine(seat)), "engine failure");
     if (engine(seat).state().clock.time_left() >= -hopeless_overstep) return {};
-    return loss_of(engine(seat).is_white(), crashed ? "engine failure" : "time");
+    return loss_of(side_of(engine(seat)), crashed ? "engine failure" : "time");
 }
 
-void MatchMode::game_over(std::string_view result_word) {
-    m_score.add(result_word, engine(Seat::first).is_white());
-    m_tournament.set_result(std::string(result_word));
+void MatchMode::game_over(GameResult ended) {
+    m_tournament.set_result(std::string(result_token(ended)));
     save_tournament();
     if (m_game_number < m_tournament.game_count()) {
         m_state.log.write(" manager -> newgame " + std::to_string(m_game_number));
-        m_state.send("new");
+        m_state.send(to_window::NewGame());
         start_game();
     } else {
         finish_run();
@@ -256,13 +258,13 @@ void MatchMode::save_tournament() {
     } catch (const std::exception& error) {
         // The games go on: their results are in memory, and the next save may succeed.
         std::cerr << error.what() << std::endl;
-        m_state.send("telluser Tournament_not_saved");
+        m_state.send(to_window::TellUser{"Tournament_not_saved"});
     }
 }
 
 void MatchMode::finish_run() {
-    m_state.send("telluser tournament_finished");
-    m_state.send("tournament_finished");
+    m_state.send(to_window::TellUser{"tournament_finished"});
+    m_state.send(to_window::TournamentFinished());
 }
 
 void MatchMode::leave() {
@@ -275,7 +277,7 @@ void MatchMode::leave() {
 void MatchMode::cancel() {
     if (!is_running()) return;
     leave();
-    m_state.send("tournament_finished");
+    m_state.send(to_window::TournamentFinished());
 }
 
 }  // namespace velmora

@@ -6,12 +6,11 @@
 #include <optional>
 #include <pthread.h>
 #include <string>
-#include <string_view>
 
+#include "chess/board/game_outcome.h"
 #include "game/gui_book.h"
 #include "manager/engine_seats.h"
 #include "manager/game_result.h"
-#include "manager/match_score.h"
 #include "manager/referee_state.h"
 #include "tournament/tournament.h"
 
@@ -45,8 +44,8 @@ public:
     /// The thread that is about to bring the lines of a young search; none when there is no such search.
     std::optional<pthread_t> answering_thread() const;
 
-    /// Scores and stores a finished game, and starts the next one or ends the tournament.
-    void game_over(std::string_view result_word);
+    /// Stores a finished game, and starts the next one or ends the tournament.
+    void game_over(GameResult ended);
 
     /// Leaves a running match: the engines stop, the tournament's file stands as it is. Does nothing in any
     /// other mode.
@@ -78,7 +77,6 @@ private:
     GuiBook m_book;
     std::int32_t m_game_number = 0;
     bool m_over_at_start = false;
-    MatchScore m_score;
 };
 
 }  // namespace velmora

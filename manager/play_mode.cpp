@@ -50,7 +50,7 @@ void PlayMode::new_game() {
     if (engine == nullptr) return;
     engine->stop();
     m_state.turn = MoveTurn::user;
-    m_state.send("new");
+    m_state.send(to_window::NewGame());
     engine->set_level(m_state.level);
     // The second time that the engine is told, after the reset of both seats.
     engine->new_game();
@@ -58,7 +58,7 @@ void PlayMode::new_game() {
     const auto chess960 = options.find("UCI_Chess960");
     if (chess960 != options.end() && chess960->second.value == "true") {
         m_state.position.new_chess960(any_chess960);
-        m_state.send("setboard " + m_state.position.fen());
+        m_state.send(to_window::SetBoard{m_state.position.fen()});
     }
 }
 
@@ -78,14 +78,13 @@ GameEnd PlayMode::replace_crashed() {
     // doesn't.
     const Move move = std::exchange(m_state.pending, Move());
     const bool played = m_state.turn == MoveTurn::user && play_if_legal(m_state.position, move);
-    if (played && result(m_state.position) != game_goes_on) return by_the_rules;
-    return {};
+    return played ? result(m_state.position) : GameEnd();
 }
 
 GameEnd PlayMode::user_moved() {
     const Move move = std::exchange(m_state.pending, Move());
     if (!play_if_legal(m_state.position, move)) return {};
-    if (result(m_state.position) != game_goes_on) return by_the_rules;
+    if (auto end = result(m_state.position)) return end;
 
     auto& engine = *m_seats.engine(Seat::first);
     prepare_to_move(engine, m_state.position);
@@ -98,19 +97,19 @@ GameEnd PlayMode::user_moved() {
 GameEnd PlayMode::engine_moved() {
     const Move move = std::exchange(m_state.pending, Move());
     m_seats.note_move(Seat::first);
-    m_state.send("move " + move.to_string(false));
-    m_state.send(clock_line(*m_seats.engine(Seat::first)));
-    m_state.send("shout");
+    m_state.send(to_window::PlayMove{move.to_string(false)});
+    m_state.send(clock_of(*m_seats.engine(Seat::first)));
+    m_state.send(to_window::Shout());
     play_if_legal(m_state.position, move);
-    if (result(m_state.position) != game_goes_on) return by_the_rules;
+    if (auto end = result(m_state.position)) return end;
     m_state.turn = MoveTurn::user;
     return {};
 }
 
 void PlayMode::send_names(const GuiEngine& engine) {
-    const bool white = engine.is_white();
-    m_state.send((white ? "whitename " : "blackname ") + engine.get_enginevariables().playing_name());
-    m_state.send(white ? "blackname Human" : "whitename Human");
+    const Side side = side_of(engine);
+    m_state.send(to_window::PlayerName{side, engine.get_enginevariables().playing_name()});
+    m_state.send(to_window::PlayerName{opposite(side), "Human"});
 }
 
 }  // namespace velmora

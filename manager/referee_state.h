@@ -1,10 +1,10 @@
 #pragma once
 
 #include <stop_token>
-#include <string>
 #include <utility>
 
 #include "channel/command_sink.h"
+#include "channel/to_window.h"
 #include "chess/board/move.h"
 #include "chess/moves/position.h"
 #include "engine/time/level.h"
@@ -21,7 +21,7 @@ struct RefereeState {
     }
 
     /// Sends one line to the window.
-    void send(const std::string& line) { window.put_command(line); }
+    void send(const to_window::Line& line) { window.put_command(to_window::encode(line)); }
 
     /// Lets the window have what was sent; called ahead of all that takes its time.
     void flush() { window.flush(); }
@@ -34,7 +34,7 @@ struct RefereeState {
 
     /// Takes the arrows off the board, if there are any.
     void clear_arrows() {
-        if (std::exchange(has_arrows, false)) send("clear_arrows");
+        if (std::exchange(has_arrows, false)) send(to_window::ClearArrows());
     }
 
     bool white_to_move() const { return position.side_to_move() == Side::white; }

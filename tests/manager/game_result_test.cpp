@@ -4,12 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include "channel/to_window.h"
 #include "tests/support/positions.h"
 
 namespace velmora {
 namespace {
 
 using test::position_of;
+
+/// As the window is told of it; "*" while the game goes on.
+std::string told(const GameEnd& end) { return end ? encode(to_window::GameOver{*end}) : "*"; }
 
 TEST(GameResult, FollowsFromPositionAndHistory) {
     const char* const start = test::start_fen.c_str();
@@ -38,7 +42,8 @@ TEST(GameResult, FollowsFromPositionAndHistory) {
         {"stalemate of bare kings", "k7/2K5/1N6/8/8/8/8/8 b - - 0 1", "a8a7",
          "1/2-1/2 {Draw by insufficient material}"},
     };
-    for (const auto& row : rows) EXPECT_EQ(result(position_of(row.fen, row.moves)), row.expected) << row.name;
+    for (const auto& row : rows)
+        EXPECT_EQ(told(result(position_of(row.fen, row.moves))), row.expected) << row.name;
 }
 
 TEST(GameResult, TellsDeadMaterial) {
@@ -106,9 +111,8 @@ TEST(GameResult, FindsTheGeneratedMoveAndRefusesTheRest) {
 }
 
 TEST(GameResult, ALossIsOneCommentWhateverTheEngineSaid) {
-    EXPECT_EQ(loss_of(true, "time"), "0-1 {time}");
-    EXPECT_EQ(loss_of(false, "illegal move: e2e5}1-0{"), "1-0 {illegal move: e2e5)1-0(}");
-    EXPECT_LE(loss_of(true, std::string(5000, 'x')).size(), 1000U);
+    EXPECT_EQ(told(loss_of(Side::black, "illegal move: e2e5}1-0{")), "1-0 {illegal move: e2e5)1-0(}");
+    EXPECT_LE(loss_of(Side::white, std::string(5000, 'x')).reason.size(), 1000U);
 }
 
 }  // namespace

@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include "manager/match_opening.h"
-#include "manager/match_score.h"
 #include "tests/manager/referee.h"
 #include "tests/support/thrown_text.h"
 
@@ -189,16 +188,6 @@ TEST(DeathCount, ThreeWithinAMinuteAreTooMany) {
         verdicts += deaths.add(DeathCount::TimePoint(std::chrono::seconds(second))) ? '!' : '.';
     }
     EXPECT_EQ(verdicts, "....!");
-}
-
-TEST(MatchScore, CountsBySeat) {
-    MatchScore score;
-    for (const auto& [word, first_is_white] :
-         {std::pair("1-0", true), std::pair("0-1", false), std::pair("0-1", true), std::pair("1/2-1/2", true),
-          std::pair("*", true)}) {
-        score.add(word, first_is_white);
-    }
-    EXPECT_EQ(score, (MatchScore{.wins_first = 2, .wins_second = 1, .draws = 1}));
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/text.h"
+#include "chess/board/game_outcome.h"
 #include "tests/matches/archiving_window.h"
 #include "tests/support/console_process.h"
 #include "tests/support/workplace.h"
@@ -114,7 +116,8 @@ TEST(QuickMatches, ALongMatchLeavesNothingBehind) {
     }
     while (const auto line = console.next_line()) {
         window.process(*line);
-        if (test::is_result(*line)) results += line->substr(0, line->find(' ')) + ' ';
+        const auto word = text::first_word(*line);
+        if (result_of_token(word)) results.append(word) += ' ';
         // The engines of the game are loaded, those of the game before are reaped and their pipes closed
         // within moments.
         if (*line == "round 10") {

@@ -1,11 +1,13 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "base/text.h"
+#include "channel/to_window.h"
 #include "manager/game_result.h"
 #include "tests/matches/archiving_window.h"
 #include "tests/support/console_process.h"
@@ -50,18 +52,18 @@ std::string replayed(const Lines& lines) {
     test::ArchivingWindow window;
     for (const auto& line : lines) {
         window.process(line);
-        text::WordReader reader(line);
-        const std::string word(reader.word());
-        if (word == "new") position.new_game();
-        if (word == "setboard") position.fen(reader.rest());
-        if (word == "move") {
-            EXPECT_TRUE(play_if_legal(position, parse_move(position, reader.word()))) << line;
+        const auto said = to_window::decode(line);
+        if (!said) continue;
+        if (std::holds_alternative<to_window::NewGame>(*said)) position.new_game();
+        if (const auto* const start = std::get_if<to_window::SetBoard>(&*said)) position.fen(start->fen);
+        if (const auto* const played = std::get_if<to_window::PlayMove>(&*said)) {
+            EXPECT_TRUE(play_if_legal(position, parse_move(position, played->move))) << line;
         }
-        if (test::is_result(line)) {
-            if (line.find("mate") != std::string::npos) {
-                EXPECT_EQ(result(position), line);
+        if (const auto* const over = std::get_if<to_window::GameOver>(&*said)) {
+            if (over->reason.find("mate") != std::string::npos) {
+                EXPECT_EQ(result(position), *over);
             }
-            results += word + ' ';
+            results.append(result_token(over->result)) += ' ';
         }
     }
     return results;
@@ -99,7 +101,7 @@ TEST_P(RealMatches, AreTakenUpAgainAndPlayedToTheirEnd) {
         int games = 0;
         for (int moves = 0; games < 1 || moves < 10;) {  // into the middle of the second game
             lines.push_back(killed.next_line().value());
-            if (test::is_result(lines.back())) ++games;
+            if (result_of_token(text::first_word(lines.back()))) ++games;
             if (games == 1 && lines.back().starts_with("move ")) ++moves;
         }
         results = replayed(lines);

@@ -13,11 +13,6 @@
 
 namespace velmora::test {
 
-/// Whether a line of the referee ends a game.
-inline bool is_result(const std::string& line) {
-    return line.starts_with("1-0 ") || line.starts_with("0-1 ") || line.starts_with("1/2-1/2 ");
-}
-
 /// A running velmora-console whose input is a text, and whose lines a test reads as they come.
 class ConsoleProcess {
 public:

@@ -1,35 +1,12 @@
 #include "tools/velmora_console/console.h"
 
-#include <algorithm>
-#include <array>
-#include <cstddef>
 #include <utility>
 
-#include "base/text.h"
+#include "channel/sender.h"
+#include "channel/to_referee.h"
+#include "channel/to_window.h"
 
 namespace velmora {
-
-namespace {
-
-/// The commands that leave a running match without a "tournament_finished".
-constexpr std::array<std::string_view, 6> leaves_match = {"analyzeposition", "go",        "human_human",
-                                                          "learnopenings",   "playother", "setboard"};
-
-/// The commands behind which the first engine searches, outside of a match.
-constexpr std::array<std::string_view, 3> starts_search = {"analyzeposition", "go", "usermove"};
-
-template <std::size_t size>
-bool contains(const std::array<std::string_view, size>& words, std::string_view word) {
-    return std::ranges::find(words, word) != words.end();
-}
-
-/// Whether a line of the referee ends a search of its first engine.
-bool ends_search(std::string_view line) {
-    const auto word = text::first_word(line);
-    return word == "move" || word == "1-0" || word == "0-1" || word == "1/2-1/2";
-}
-
-}  // namespace
 
 void Console::take_input(std::string_view bytes) {
     while (!bytes.empty()) {
@@ -48,36 +25,37 @@ void Console::end_input() {
     const std::lock_guard lock(m_mutex);
     m_input_ended = true;
     // Changes nothing; when it has been taken, all ahead of it has been carried out.
-    send("0 wake_up");
+    send(to_referee::encode(to_referee::WakeUp()));
 }
 
 void Console::wake_up() {
     const std::lock_guard lock(m_mutex);
-    if (m_match_running || m_engine_searches) send("0 wake_up");
+    if (m_match_running || m_engine_searches) send(to_referee::encode(to_referee::WakeUp()));
 }
 
 void Console::command(std::string_view line) {
     if (line.ends_with('\r')) line.remove_suffix(1);
-    const auto word = text::first_word(line);
+    const auto effects = to_referee::effects_of(line);
     const std::lock_guard lock(m_mutex);
-    if (word == "start_tournament") m_match_running = true;
-    if (contains(leaves_match, word)) m_match_running = m_engine_searches = false;
-    if (contains(starts_search, word)) m_engine_searches = true;
-    send("0 " + std::string(line));
+    if (effects.starts_match) m_match_running = true;
+    if (effects.leaves_match) m_match_running = m_engine_searches = false;
+    if (effects.starts_search) m_engine_searches = true;
+    send(line);
 }
 
 /// REQUIRES: m_mutex is held.
-void Console::send(const std::string& line) {
+void Console::send(std::string_view command) {
     ++m_sent;
-    m_referee->put_command(line);
+    m_referee->put_command(window_line(command));
 }
 
 void Console::put_command(const std::string& line) {
     const std::lock_guard lock(m_mutex);
     std::fputs((line + '\n').c_str(), m_out);
-    if (line == "quit") m_leave();
-    if (line == "tournament_finished") m_match_running = false;
-    if (ends_search(line)) m_engine_searches = false;
+    const auto effects = to_window::effects_of(line);
+    if (effects.ends_all) m_leave();
+    if (effects.ends_match) m_match_running = false;
+    if (effects.ends_search) m_engine_searches = false;
     quit_when_done();
 }
 
@@ -99,7 +77,8 @@ void Console::quit_when_done() {
 }
 
 void Console::quit() {
-    if (!std::exchange(m_quit_sent, true)) m_referee->put_command("0 quit");
+    if (!std::exchange(m_quit_sent, true))
+        m_referee->put_command(window_line(to_referee::encode(to_referee::Quit())));
 }
 
 }  // namespace velmora

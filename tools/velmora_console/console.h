@@ -44,7 +44,7 @@ public:
 
 private:
     void command(std::string_view line);
-    void send(const std::string& line);
+    void send(std::string_view command);
     void quit_when_done();
     void quit();
 

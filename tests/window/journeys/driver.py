@@ -203,12 +203,15 @@ class Velmora:
 
     def board(self):
         """Left edge, top edge and width of the 64 squares on the screen, which are as high."""
-        a1, h8 = (place(wait_until(lambda c=c: self.square(c), "the board")) for c in ("a1", "h8"))
         # The board takes no click in its first half second.
         time.sleep(max(0.0, 0.7 - (time.monotonic() - self.started)))
-        width, height = h8.x + h8.width - a1.x, a1.y + a1.height - h8.y
-        assert width // 8 == height // 8, f"squares of {width / 8} by {height / 8}"
-        return a1.x, h8.y, width
+
+        def squares():  # while the window changes its size they aren't square
+            a1, h8 = place(self.square("a1")), place(self.square("h8"))
+            width, height = h8.x + h8.width - a1.x, a1.y + a1.height - h8.y
+            return (a1.x, h8.y, width) if width // 8 == height // 8 else None
+
+        return wait_until(squares, "a board of square squares")
 
     def resize(self, width):
         """Gives the window another width, and a height at which the board can fill it; waits until it stands."""
