@@ -22,10 +22,10 @@ struct Scene {
     explicit Scene(int cell_width) : cell{cell_width, cell_width} {
         table.set_pieces(
             read_shown_position("r1bqk2r/pppp1ppp/2n2n2/2b1p3/2B1P3/3P1N2/PPP2PPP/RNBQK2R w").pieces);
-        marks.last_move = {61, 34};
-        marks.selected = 21;
-        marks.targets = {6, 11, 27, 38, 31};
-        marks.captures = {36};
+        marks.last_move = {Square(61), Square(34)};
+        marks.selected = Square(21);
+        marks.targets = {Square(6), Square(11), Square(27), Square(38), Square(31)};
+        marks.captures = {Square(36)};
     }
     SquareTable table;
     BoardMarks marks;

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <iostream>
+#include <memory>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -10,6 +11,7 @@
 #include <glibmm/main.h>
 
 #include "base/text.h"
+#include "views/text/epd_commands_window.h"
 #include "window/session/typed_move.h"
 
 namespace velmora {
@@ -50,8 +52,8 @@ Interface::Interface(std::string program_path, int board_size)
       m_session([this] { return m_comment.text(); }),
       m_manager(*this, std::move(program_path)),
       m_link(m_manager),
-      m_screen(m_session, {*this, m_board, m_clocks, m_navigation_bar, m_fen_entry, m_analysis, m_pgn,
-                           m_comment, m_epd}),
+      m_screen(m_session,
+               {*this, m_board, m_clocks, m_navigation_bar, m_fen_entry, m_analysis, m_pgn, m_comment}),
       m_dialogs(*this, m_board),
       m_presenter(m_session, m_screen.all()),
       m_engine(m_screen, m_dialogs, m_link, [this] { return protocol_of_engine(m_manager); }),
@@ -65,11 +67,6 @@ Interface::Interface(std::string program_path, int board_size)
                 [this] { return m_manager.get_enginevariables(); }),
       m_tournaments(m_session, m_screen, m_dialogs, m_link),
       m_windows(*this,
-                {{"ShowOutput", m_analysis},
-                 {"ShowPgnView", m_pgn},
-                 {"ShowCommentEditor", m_comment},
-                 {"ShowEpdCommands", m_epd},
-                 {"ShowFEN", m_fen_entry}},
                 [this] {
                     m_session.tell({Change::record, Change::position});
                 }),
@@ -78,6 +75,7 @@ Interface::Interface(std::string program_path, int board_size)
     Glib::signal_timeout().connect(sigc::mem_fun(*this, &Interface::on_timeout), tick_ms);
     m_manager_thread = std::thread(std::ref(m_manager));
     m_screen.attach(m_actions);
+    add_windows();
     lay_out();
     refresh_board();
     m_screen.select_mode(Mode::human_human);
@@ -98,6 +96,18 @@ Interface::~Interface() {
     // when those have gone.
     m_windows.hide_all();
     m_comment.signal_applied().clear();
+}
+
+void Interface::add_windows() {
+    m_windows.add("ShowOutput", m_analysis);
+    m_windows.add("ShowPgnView", m_pgn);
+    m_windows.add("ShowCommentEditor", m_comment);
+    auto epd = std::make_unique<EpdCommandsWindow>();
+    m_session.on_change([this, &window = *epd](Changes changes) {
+        if (changes.has(Change::position) && window.get_visible()) window.set_text(m_session.epd_text());
+    });
+    m_windows.add("ShowEpdCommands", std::move(epd));
+    m_windows.add("ShowFEN", m_fen_entry);
 }
 
 void Interface::lay_out() {

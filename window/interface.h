@@ -16,7 +16,6 @@
 #include "views/clocks/clocks.h"
 #include "views/text/analysis_window.h"
 #include "views/text/comment_editor.h"
-#include "views/text/epd_commands_window.h"
 #include "views/text/fen_entry.h"
 #include "views/text/move_entry.h"
 #include "views/text/pgn_view.h"
@@ -84,6 +83,7 @@ private:
     bool on_timeout();
     void open_dropped(const std::vector<Glib::ustring>& uris);
     void lay_out();
+    void add_windows();
     void connect_views();
 
     // The lines from the referee: there before its thread starts, gone after it has ended.
@@ -101,7 +101,6 @@ private:
     AnalysisWindow m_analysis;
     PgnView m_pgn;
     CommentEditor m_comment;
-    EpdCommandsWindow m_epd;
 
     GameSession m_session;
     Manager m_manager;

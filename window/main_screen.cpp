@@ -7,7 +7,6 @@
 #include "views/clocks/clocks.h"
 #include "views/text/analysis_window.h"
 #include "views/text/comment_editor.h"
-#include "views/text/epd_commands_window.h"
 #include "views/text/fen_entry.h"
 #include "views/text/pgn_view.h"
 #include "window/board_marker.h"
@@ -22,7 +21,6 @@ void MainScreen::show_position() {
     m_views.fen_entry.set_text(fen);
     const bool rests = m_session.seats().only_looks_on();
     m_views.navigation.set_possible(!rests && m_session.can_go_back(), !rests && m_session.can_go_forward());
-    if (m_views.epd.get_visible()) m_views.epd.set_text(m_session.epd_text());
     announce_last_move();
 }
 

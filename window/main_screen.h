@@ -16,7 +16,6 @@ class AnalysisWindow;
 class ChessBoard;
 class Clocks;
 class CommentEditor;
-class EpdCommandsWindow;
 class FenEntry;
 class NavigationBar;
 class PgnView;
@@ -31,7 +30,6 @@ struct Views {
     AnalysisWindow& analysis;
     PgnView& pgn;
     CommentEditor& comment;
-    EpdCommandsWindow& epd;
 };
 
 /// The screen of the real window: hands what the logic says on to the widgets, and the session's game to the
@@ -79,7 +77,7 @@ private:
     Views m_views;
     Actions* m_actions = nullptr;      // null until attach()
     sigc::connection m_game_text_due;  // waits for the loop to have nothing better to do
-    std::string m_announced;           // the FEN of the position whose last move was said
+    std::string m_announced;           // the move that was said last
 };
 
 }  // namespace velmora

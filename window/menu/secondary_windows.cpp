@@ -18,28 +18,30 @@ ScreenBox frame_of(const Glib::RefPtr<const Gdk::Window>& window) {
 
 }  // namespace
 
-SecondaryWindows::SecondaryWindows(Gtk::Window& main, const std::vector<Part>& parts,
-                                   std::function<void()> refresh)
-    : m_main(main), m_refresh(std::move(refresh)) {
-    for (const Part& part : parts) m_parts.push_back({part, dynamic_cast<Gtk::Window*>(&part.widget)});
-    for (Gtk::Window* window : windows()) {
-        window->set_transient_for(main);
-        window->set_type_hint(Gdk::WINDOW_TYPE_HINT_UTILITY);
-    }
+void SecondaryWindows::add(const char* action, Gtk::Widget& widget) {
+    auto* const window = dynamic_cast<Gtk::Window*>(&widget);
+    m_parts.push_back({action, widget, window});
+    if (!window) return;
+    window->set_transient_for(m_main);
+    window->set_type_hint(Gdk::WINDOW_TYPE_HINT_UTILITY);
+}
+
+void SecondaryWindows::add(const char* action, std::unique_ptr<Gtk::Window> window) {
+    add(action, *window);
+    m_owned.push_back(std::move(window));
 }
 
 void SecondaryWindows::show(std::string_view action, bool on) {
-    const auto found =
-        std::ranges::find(m_parts, action, [](const Known& known) { return known.part.action; });
+    const auto found = std::ranges::find(m_parts, action, &Part::action);
     if (found == m_parts.end()) throw std::logic_error("no window has the action " + std::string(action));
     if (on) {
         // Where the person puts it later, it stays.
         if (found->window && !found->placed) place(*found->window, static_cast<int>(found - m_parts.begin()));
         found->placed = true;
-        found->part.widget.show_all();
+        found->widget.show_all();
         m_refresh();
     } else {
-        found->part.widget.hide();
+        found->widget.hide();
         if (!found->window && m_width > 0) m_main.resize(m_width, m_height);
     }
 }
@@ -73,13 +75,13 @@ std::vector<ScreenBox> SecondaryWindows::open_windows() const {
 }
 
 void SecondaryWindows::hide_all() {
-    for (Known& known : m_parts) known.part.widget.hide();
+    for (Part& part : m_parts) part.widget.hide();
 }
 
 std::vector<Gtk::Window*> SecondaryWindows::windows() const {
     std::vector<Gtk::Window*> found;
-    for (const Known& known : m_parts) {
-        if (known.window) found.push_back(known.window);
+    for (const Part& part : m_parts) {
+        if (part.window) found.push_back(part.window);
     }
     return found;
 }
@@ -89,8 +91,8 @@ void SecondaryWindows::remember_size() {
 }
 
 void SecondaryWindows::on_closed(const std::function<void(const char* action)>& clear) {
-    for (Known& known : m_parts) {
-        known.part.widget.signal_hide().connect([clear, action = known.part.action] { clear(action); });
+    for (Part& part : m_parts) {
+        part.widget.signal_hide().connect([clear, action = part.action] { clear(action); });
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -16,14 +17,15 @@ namespace velmora {
 /// alone: whoever adds one names it here and in the menu's table.
 class SecondaryWindows {
 public:
-    struct Part {
-        const char* action;   ///< the name of its toggle action
-        Gtk::Widget& widget;  ///< a window, or a strip in the main window
-    };
-
-    /// Makes windows of the main window out of the parts that are windows.
     /// @param refresh  fills a part with the present game before it is shown
-    SecondaryWindows(Gtk::Window& main, const std::vector<Part>& parts, std::function<void()> refresh);
+    SecondaryWindows(Gtk::Window& main, std::function<void()> refresh)
+        : m_main(main), m_refresh(std::move(refresh)) {}
+
+    /// Takes in a window or a strip of the main window under the name of its toggle action. The order counts:
+    /// where the screen has no room, a window opens the lower the later it came in.
+    void add(const char* action, Gtk::Widget& widget);
+    /// The same for a window of which nobody else need know, since it shows by itself what it is told.
+    void add(const char* action, std::unique_ptr<Gtk::Window> window);
 
     void show(std::string_view action, bool on);
     void hide_all();
@@ -38,10 +40,10 @@ public:
     void on_closed(const std::function<void(const char* action)>& clear);
 
 private:
-    /// A part and what is known of it; `window` is null for a strip.
-    struct Known {
-        Part part;
-        Gtk::Window* window;
+    struct Part {
+        const char* action;
+        Gtk::Widget& widget;
+        Gtk::Window* window;  ///< the widget, null for a strip
         bool placed = false;
     };
 
@@ -49,7 +51,8 @@ private:
     std::vector<ScreenBox> open_windows() const;
 
     Gtk::Window& m_main;
-    std::vector<Known> m_parts;
+    std::vector<Part> m_parts;
+    std::vector<std::unique_ptr<Gtk::Window>> m_owned;  // of the parts' widgets
     const std::function<void()> m_refresh;
     int m_width = 0;
     int m_height = 0;
