@@ -60,7 +60,7 @@ void through_the_referee(benchmark::State& state) {
     double there = 0;
     double back = 0;
     for (auto _ : state) {
-        manager.put_command("0 setboard " + board);
+        manager.put_command("0 setboard " + middle_game);
         std::this_thread::sleep_for(std::chrono::microseconds(200));  // as a person, not in the same moment
         const auto start = now_ns();
         manager.put_command("0 usermove " + user_move);

@@ -16,12 +16,12 @@
 namespace velmora {
 
 // A middle game: the person moves a bishop, the engine a knight, and both go back.
-inline const std::string board = "r1bq1rk1/pp2bppp/2n1pn2/3p4/3P4/2NBPN2/PP3PPP/R1BQ1RK1 w - - 0 9";
+inline const std::string middle_game = "r1bq1rk1/pp2bppp/2n1pn2/3p4/3P4/2NBPN2/PP3PPP/R1BQ1RK1 w - - 0 9";
 inline const std::string user_move = "d3c2";
 inline const std::string engine_move = "f6e4";
 inline const std::string user_move_back = "c2d3";
 inline const std::string engine_move_back = "e4f6";
-inline const std::string position_text = "position fen " + board + " moves " + user_move;
+inline const std::string position_text = "position fen " + middle_game + " moves " + user_move;
 inline const std::string go_text = "go depth 1";
 
 inline std::int64_t now_ns() { return std::chrono::steady_clock::now().time_since_epoch().count(); }
