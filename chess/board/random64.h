@@ -9,9 +9,9 @@
 
 namespace velmora {
 
-/// The 781 numbers of the published Polyglot book format, whose keys every book holds: 768 for the pieces (64
-/// * kind + square, kinds black pawn, white pawn, black knight, ... white king), 4 for castling (white short,
-/// white long, black short, black long), 8 for the en passant files, 1 for White to move.
+/// The 781 numbers of the published Polyglot book format: 768 for the pieces (64 * kind + square, kinds black
+/// pawn, white pawn, black knight, ... white king), 4 for castling (white short, white long, black short,
+/// black long), 8 for the en passant files, 1 for White to move.
 inline constexpr std::size_t random64_castle = 768;
 inline constexpr std::size_t random64_en_passant = 772;
 inline constexpr std::size_t random64_turn = 780;
