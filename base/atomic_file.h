@@ -20,7 +20,7 @@ namespace velmora {
 /// The neighbour stands in the directory of the target because a rename replaces a file in one step only
 /// within a file system. It is forced to the disk ahead of the rename: else a power cut could leave the
 /// new name with no content behind it. A lock and not the process's number tells whose a neighbour is,
-/// since the system drops locks with their process and gives its number to another one.
+/// since the system drops a lock with its process, whose number it gives to another one some day.
 void write_file_atomically(const std::string& path, std::string_view text);
 
 /// Adds `text` to the end of the file `path`, which is made when it isn't there.

@@ -26,7 +26,7 @@ namespace velmora {
 ///
 /// Its parts are classes of their own (placement, state, keys, material, maps), each of which can be
 /// tested alone; this class keeps them in step. A fault in what comes from outside throws std::logic_error
-/// with a text that tells the fault, whereas making a move trusts its caller: checking there would double
+/// with a text that tells the fault, whereas making a move trusts its caller: checking there would add to
 /// the price of every ply.
 class ChessPosition {
 public:
