@@ -25,6 +25,8 @@ namespace {
 }
 
 /// The file that a chain of links ends at, which need not exist.
+///
+/// Without it the rename would put a plain file in place of the link.
 std::string link_target(const std::string& path) {
     std::filesystem::path target = path;
     std::error_code error;
@@ -38,6 +40,9 @@ std::string link_target(const std::string& path) {
 }
 
 /// The permissions of the file that is to be replaced, nothing when there is none.
+///
+/// A rename needs no right to the old file, so that right is looked at here: a write-protected file stays
+/// what it is.
 std::optional<mode_t> permissions_of_old(const std::string& path) {
     struct stat status {};
     if (::stat(path.c_str(), &status) != 0) {
@@ -79,6 +84,9 @@ struct NeighbourNames {
 };
 
 /// Whether nobody holds the file: its writer is gone.
+///
+/// Opened without waiting and without following links: anybody can have put anything there under that
+/// name.
 bool is_left_over(const std::string& path) {
     const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
     if (descriptor < 0) return false;
@@ -153,6 +161,9 @@ public:
 
 private:
     /// Locks the new file. False when somebody has removed it as left over before it was locked.
+    ///
+    /// Between making the file and locking it another writer may take it for left over; the count of its
+    /// names tells, since removing it brings that to 0.
     bool keep() const {
         // Where files can't be locked nobody finds them left over.
         if (::flock(m_descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return false;
@@ -185,6 +196,8 @@ private:
 
 /// Takes back what was written behind the old end of an ordinary file. False when it has to stay, since
 /// somebody else has written, too.
+///
+/// A part of a line or a game would make what is appended next unreadable, too.
 bool take_back(int descriptor, off_t old_size, std::size_t written) {
     struct stat now {};
     if (written == 0) return true;

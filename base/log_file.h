@@ -10,6 +10,10 @@ namespace velmora {
 /// A text log that several threads write to: every line goes out whole and is flushed.
 ///
 /// A file that can't be opened, or a closed log, swallows what is written.
+///
+/// Flushed, because a log is read to find out why the program has ended, and what a stream still holds
+/// then is lost. That it swallows is on purpose: nobody's game ends because a log can't be written.
+/// Opening is told apart from construction since logs are switched on and off while threads write.
 class LogFile {
 public:
     /// Whether an earlier content stays or goes.

@@ -29,6 +29,9 @@ public:
     bool is_open() const { return m_descriptor >= 0; }
 
     /// The last open() found no file of that name.
+    ///
+    /// A name that is too long, or one below a file, is no file either: callers that make do without one
+    /// need not tell these apart.
     bool is_missing() const { return m_is_missing; }
     /// Why the last open() failed, in words without the path; empty when it didn't.
     const std::string& fault() const { return m_fault; }
@@ -48,6 +51,9 @@ private:
 };
 
 /// A plain file as a stream of bytes; what RegularFile doesn't open is a stream that has failed.
+///
+/// The standard file stream opens by name and takes whatever stands there; this one gets the descriptor
+/// that was looked at.
 class RegularFileStream : public std::istream {
 public:
     explicit RegularFileStream(const std::string& path);
@@ -67,6 +73,8 @@ private:
 
 /// "<path>: not a regular file", or what else keeps the file from being read. Nothing when it can be read,
 /// and nothing when there is no such file, which each caller takes in its own way.
+///
+/// For callers whose own reader tells nothing but that it failed.
 std::optional<std::string> reading_fault(const std::string& path);
 
 }  // namespace velmora

@@ -10,9 +10,16 @@ namespace velmora {
 ///
 /// It measures by the steady clock, so that setting the system clock costs nobody a game. Stopped after
 /// construction: whoever wants a session clock must start() it.
+///
+/// A mutex rather than atomic members, because start, sum and state belong together: a reader between two
+/// stores would see a lap counted twice or not at all. It is held for a few instructions, so nobody waits
+/// for it noticeably.
 class Stopwatch {
 public:
     /// Where the time comes from; a test brings its own.
+    ///
+    /// A plain function and no object, so that a stop watch can be copied without a thought for who owns
+    /// its clock.
     using TimeSource = std::chrono::nanoseconds (*)();
     static std::chrono::nanoseconds steady_time();
 

@@ -24,6 +24,8 @@ std::string replaced(std::string_view text, std::string_view unwanted, char repl
 }
 
 /// Reads one number from the front of `rest` by from_chars, with the plus sign that streams accept.
+///
+/// Streams accept a plus sign, from_chars() does not; "+-1" is no number to either.
 template <class T>
 std::optional<T> read_number(std::string_view& rest) {
     std::string_view digits = rest;

@@ -11,6 +11,9 @@ namespace velmora {
 
 /// What a line of an engine asks of the referee. Only a best move and a resignation make it act; search
 /// output is passed on, and all else is there for its log.
+///
+/// These are UCI's words and "resign": the driver of an engine that speaks another protocol puts what it
+/// says in them, so that the referee knows one language.
 enum class EngineWord { best_move, resign, info, other };
 
 /// The meaning of a line's first word.
@@ -23,6 +26,10 @@ constexpr bool is_decisive(EngineWord word) {
 /// A line of an engine on its way to the referee: "1 9876543210 bestmove e2e4 ponder e7e5 TS=123 stopped".
 ///
 /// The text is borrowed: from the driver that passes it on, or from the line that was read.
+///
+/// The instance is needed because lines wait in a queue: when an engine is replaced, best moves of the old
+/// one may still stand there, and would be played for the new one. The arrival is noted by the thread that
+/// reads the engine, so that the time a line waits for the referee is not taken off the engine's clock.
 struct EngineLine {
     Seat seat = Seat::first;
     std::uint64_t instance_id = 0;  ///< tells this engine from one that sat there before
@@ -46,6 +53,8 @@ struct EngineLine {
 std::string encode(const EngineLine& line);
 
 /// Reads a line; nothing when it comes from no seat.
+///
+/// The text points into `line`, which must outlive the result.
 std::optional<EngineLine> decode_engine_line(std::string_view line);
 
 }  // namespace velmora

@@ -24,9 +24,20 @@
 /// Writing puts the word and the fields one behind the other, so that a line has one spelling. Reading is as
 /// lenient as formatted stream input: blanks don't count between fields, a number that cannot be read is 0
 /// and a missing word is empty.
+///
+/// A pair of functions for each line would say the same thing twice, and could come apart unnoticed until
+/// somebody's line is misread. Here a form is a constant that both directions walk through; fields are
+/// members by pointer, so that the compiler checks their types and unfolds the walk, and nothing is looked
+/// up at run time but the first word.
+///
+/// Reading is lenient because people type these lines, too, at the console, and because a line that is
+/// half understood is better answered than lost without a word.
 namespace velmora::line_form {
 
 /// A field of one word.
+///
+/// Blanks within it can't travel, so texts that may hold some are the last field of their line or have
+/// marks around them (NamedValue).
 template <class Member>
 struct Token {
     Member member;
@@ -133,6 +144,8 @@ constexpr auto comment(Member member) {
 }
 
 /// A word that must stand there.
+///
+/// With another word there the line is none of the language.
 struct Literal {
     std::string_view word;
 
@@ -214,6 +227,8 @@ constexpr auto named_value(std::string_view first_mark, First first, std::string
 }
 
 /// The one word that a line begins with.
+///
+/// The alternative to a Choice at the head of a line.
 struct Head {
     std::string_view only;
 
@@ -255,6 +270,9 @@ std::optional<Line> read(std::string_view word, text::WordReader reader) {
 }
 
 /// All lines of one direction: the alternatives of a variant.
+///
+/// A variant lists its alternatives already; so the language is told by that list alone. The search for a
+/// word is one by one: some twenty comparisons, most of which end at the first letter.
 template <class Variant>
 struct Vocabulary;
 

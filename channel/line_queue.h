@@ -18,6 +18,10 @@ namespace velmora {
 /// Many threads may put(); one thread reads, in one of two ways: the referee blocks in wait_and_pop(), the
 /// window calls drain() on its tick. A reader that is held up by a dialog must not let a talkative writer
 /// fill the memory: lines are classified as they come, and what their class allows is dropped.
+///
+/// The limits are far above what a reader in good health lets wait; they are a safety net. Which lines may
+/// go is for the owner of the queue to say. The oldest of these go first, since of search output only the
+/// latest is worth showing. A limit on all lines alike would lose a best move behind an engine's chatter.
 class LineQueue {
 public:
     /// Waiting lines, and their bytes, above which the oldest expendable lines are dropped.
@@ -32,6 +36,8 @@ public:
         bool expendable = false;    ///< may be dropped when the queue is crowded
         std::uint64_t account = 0;  ///< whose lines it is counted among; 0 where they aren't counted
     };
+    /// Called by the writer, ahead of the lock, so that readers don't wait for it. By many threads at
+    /// once: it must not change anything.
     using Classify = std::function<Class(const std::string&)>;
 
     LineQueue() = default;
@@ -46,6 +52,8 @@ public:
     /// it is woken once for all.
     void put_quietly(const std::string& line);
     /// The line overtakes all that wait, and is never dropped.
+    ///
+    /// For a command to quit, behind which nothing counts any more.
     void put_urgently(const std::string& line);
     /// Wakes one waiting reader for what was put quietly.
     void announce() { m_filled.notify_one(); }

@@ -9,6 +9,8 @@ namespace velmora {
 
 /// The place of an engine: the first is loaded from the menu, the second only by tournaments. The number is
 /// the sender id of the engine's lines.
+///
+/// A seat isn't a side: colours change from game to game, the engine stays in its seat.
 enum class Seat : std::int32_t { first = 1, second = 2 };
 
 constexpr std::array<Seat, 2> both_seats{Seat::first, Seat::second};
@@ -26,7 +28,8 @@ constexpr int window_sender = 0;
 /// nobody, whose lines are dropped; -1 where there is none.
 int sender_of(std::string_view line);
 
-/// A command as the window puts it on the queue: its sender id ahead of it.
+/// A command as the window puts it on the queue: its sender id ahead of it. The sender is part of the line
+/// and not of the queue, so that logs show who said what.
 inline std::string window_line(std::string_view command) { return "0 " + std::string(command); }
 
 }  // namespace velmora

@@ -23,6 +23,9 @@ using line_form::token;
 using line_form::trimmed_rest;
 
 /// What a command means to whoever passes it on.
+///
+/// The window and the console keep account of what goes on (a match, a search) by the lines they pass on.
+/// Told here, beside the command, a new command can't be forgotten by them.
 struct Effects {
     bool changes_position =
         false;                   ///< what the referee says of the game before it has taken it, has crossed it
@@ -150,6 +153,9 @@ struct StartTournament {
 };
 
 /// Has the referee look at the engines: an engine that has died or fallen silent sends no line.
+///
+/// The referee sleeps until a line comes, and has no clock that wakes it: its only source of events is the
+/// queue.
 struct WakeUp {
     static constexpr Effects effects{.only_wakes = true};
     static constexpr std::string_view word = "wake_up";

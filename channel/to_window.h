@@ -14,8 +14,8 @@
 
 /// The lines that the referee says to the window: a struct for each, and in it the form in which it travels.
 ///
-/// A new line is a struct and a place in `Line`. The window has a function for each that changes something, and
-/// listeners for those that are only shown.
+/// A new line is a struct and a place in `Line`. The window has a function for each that changes something,
+/// and listeners for those that are only shown.
 namespace velmora::to_window {
 
 using line_form::comment;
@@ -199,6 +199,8 @@ std::string encode(const Line& line);
 std::optional<Line> decode(std::string_view text);
 
 /// The effects of a text, without reading more than its first word.
+///
+/// Enough for the console, which prints lines and doesn't look into them.
 Effects effects_of(std::string_view text);
 
 }  // namespace velmora::to_window

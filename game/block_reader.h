@@ -16,6 +16,11 @@ namespace velmora {
 ///
 /// The caller looks at the unread bytes at hand and says how many it has used. A read that fails counts as
 /// the end of the file.
+///
+/// PGN collections have gigabytes, so neither reading a file whole nor a line at a time by a stream will
+/// do: one is memory without bound, the other a call for every few bytes. A mapping would end the program
+/// when somebody shortens the file meanwhile; here that is an end of the file. The stop token is how a
+/// program that is being left gets its threads out of a long file.
 class BlockReader {
 public:
     static constexpr std::size_t block_size = 1 << 17;
@@ -37,6 +42,8 @@ public:
 
     /// Reads on behind the window, whose unread bytes stay but may move. False when nothing came: the end of
     /// the file, or the window is as large as a block.
+    ///
+    /// For whoever looks for something that may lie across the end of a block.
     bool extend();
 
     /// REQUIRES: count <= window().size().
@@ -63,6 +70,8 @@ public:
     std::uint64_t offset() const { return m_block_offset + m_begin; }
 
     /// Goes to an offset; behind the end of the file nothing can be read.
+    ///
+    /// Within the block at hand nothing is read anew, so that looking ahead and going back is free.
     void seek(std::uint64_t offset);
 
     /// The size of the file now.

@@ -86,6 +86,8 @@ void Game::step_to(std::int32_t id, const Move& move) {
     m_current = id;
 }
 
+/// At the current node or as its first child: the two places where add_end_game() and a load put it. -1
+/// without one.
 std::int32_t Game::end_marker() const {
     const auto& node = m_tree.node(m_current);
     if (node.type == ElementType::end_game) return m_current;

@@ -22,6 +22,13 @@ namespace velmora {
 /// The game IS the position of its current node: stepping through the tree makes and unmakes moves on the
 /// object itself. Moves are kept as SAN text and become moves when they are stepped to; a game with illegal
 /// text loads and shows, and fails there. Belongs to one thread.
+///
+/// Inheritance says just that: whoever needs a position, such as a notation or a book, takes a game. SAN
+/// is kept because a loaded game must come out as it went in, faulty text included, and because most games
+/// of a file are never stepped through, so that looking for legal moves would be wasted on them.
+///
+/// Offsets into the text are bytes of what pgn() gave last: the view that shows this text finds the move
+/// under the pointer by them, and the other way round.
 class Game : public ChessPosition {
 public:
     Game() { reset(); }
@@ -53,6 +60,9 @@ public:
 
     /// Plays a legal move: along the tree where it is known there, else as a new last child. After the end of
     /// the game it goes on: the result marker goes and "Result" becomes "*".
+    ///
+    /// So a person who plays the same move again walks along the game instead of making a variation of
+    /// equal moves.
     void add_move(const Move& move);
 
     /// Notes a result at the current node, which the marker then is. A second one for the same position
@@ -82,6 +92,7 @@ public:
     std::string to_end();
 
     /// Plays a move that the tree has under the current node, by its SAN text; else gives an empty string.
+    /// Unlike add_move() it never changes the game.
     std::string follow(const Move& move);
 
     /// The moves under the current node in the order of the children, results left out. Throws

@@ -118,6 +118,8 @@ GameCutter::State GameCutter::copy_enclosed(Enclosed kind, State behind) {
 }
 
 /// Stores what stands ahead of the next special byte.
+///
+/// Nearly all bytes of a file go this way: a table look-up each, and one append for the whole run.
 void GameCutter::copy_plain(const std::array<bool, 256>& specials) {
     for (auto window = m_reader.window(); !window.empty(); window = m_reader.window()) {
         const auto length = plain_length(window, specials);
@@ -171,6 +173,9 @@ bool GameCutter::copy_one_of(std::string_view wanted) {
 }
 
 /// The next byte that is neither a carriage return nor part of a line that begins with a percent sign.
+///
+/// The percent sign in the first column is the escape of the PGN standard (section 6), for data that is no
+/// chess.
 int GameCutter::next_char() {
     int c = m_reader.get();
     if (c == '\r') c = m_reader.get();

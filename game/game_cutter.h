@@ -15,6 +15,15 @@ namespace velmora {
 ///
 /// A game begins at a "[" and ends with a result or the end of the file. Carriage returns and lines that
 /// begin with "%" are left out.
+///
+/// Only the ends of games are looked for, by as few states as do: moves, tags and numbers are the
+/// tokenizer's, which sees a game once somebody wants it. Within braces and brackets nothing ends a game,
+/// and that is the point of following them; a result is recognised by its characters alone, since "1-0" in
+/// movetext stands nowhere else.
+///
+/// Limits make damage show: a brace that nobody has closed would take all games up to the next brace with
+/// it, so a comment that is longer than any real one is a fault, told by pgn_error, and the finder looks
+/// for the next game behind its beginning.
 class GameCutter {
 public:
     /// REQUIRES: `reader` outlives the cutter.
@@ -30,6 +39,8 @@ public:
     Open left_open() const { return m_left_open; }
 
     /// Where the game that was cut last begins in the file.
+    ///
+    /// Lists keep it, to read one game later without those ahead of it.
     std::uint64_t game_offset() const { return m_game_offset; }
 
     /// Forgets a damaged game, for a reader that was moved to another place.

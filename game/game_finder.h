@@ -11,6 +11,10 @@ bool stands_before_event_tag(BlockReader& reader);
 
 /// Finds where the next game of a PGN file begins: at the next "[", or, after a damaged game, at a place that
 /// is not the rest of that game.
+///
+/// Apart from the cutter because the two have different questions: what belongs to this game, and where,
+/// after a fault, does trustworthy text begin again. The first "[" would do for that only in games without
+/// annotations, which begin with one as well.
 class GameFinder {
 public:
     /// REQUIRES: `reader` outlives the finder.

@@ -106,6 +106,8 @@ Move Game::legal_move(const std::string& san) const {
     return *legal;
 }
 
+/// Ids are in no order of the text, so all are looked at: a click is rare, and an index by offset would
+/// have to be kept at every print.
 std::string Game::goto_text_offset(std::uint64_t offset) {
     if (offset <= movetext_begin()) return fen();
     const auto in_moves = offset - movetext_begin();

@@ -11,6 +11,10 @@
 namespace velmora {
 
 /// The tags of a game in the order in which they were first set, and what the FEN tag says of its start.
+///
+/// The seven tag roster (PGN standard, 8.1.1) comes first and in its order, because reset() sets it so; a
+/// file's own tags follow as they came. A file's tags stand in one short list: an index sorted by name
+/// beside it finds a tag without a map's memory for each.
 class GameTags {
 public:
     static constexpr std::string_view standard_fen =
@@ -38,8 +42,14 @@ public:
     /// One line `[Name "value"]` for each tag. Values stand as they were set, nothing is escaped, but what
     /// would make the game unreadable is changed: a name or value that is too long is cut at a character, and
     /// no control character, bracket ahead of digits or backslash at the end is left.
+    ///
+    /// Quotes within a value are left as they are because values come out of files with their escapes
+    /// still in them; escaping again would add a backslash at every save.
     std::string print() const;
     /// The length of print() in bytes.
+    ///
+    /// Without printing, since it is asked at every step through a game, to find the movetext behind the
+    /// tags.
     std::size_t printed_size() const;
 
     const std::string& fen() const { return m_fen; }

@@ -14,6 +14,10 @@ class MoveSection;
 ///
 /// Node 0 is the root and always there. A node's first child is the main line, every further one a variation.
 /// Ids have holes where a loaded game had its variation markers; a node that is added may fill one.
+///
+/// Ids rather than pointers: a loaded list becomes a tree without being copied, a view can keep an id
+/// while the tree changes, and one that is gone is found out instead of read. All nodes stand in one list,
+/// parents ahead of children where they were loaded.
 class GameTree {
 public:
     GameTree() { reset(); }
@@ -23,6 +27,8 @@ public:
 
     /// Takes over the elements of a loaded game, whose indexes become the ids, and leaves `section` empty.
     /// The root counts as White's from now on.
+    ///
+    /// By exchanging the lists, so that both keep their memory for the next game.
     void rebuild(MoveSection& section);
 
     /// Stores a copy of `record` as the last child of `parent`, with id, parent, colour and move number set,
@@ -43,6 +49,8 @@ public:
     std::int32_t end_id() const { return static_cast<std::int32_t>(m_nodes.size()); }
 
     /// The moves as PGN text, wrapped at 80 columns. Notes in every node that prints where its text stands.
+    ///
+    /// 80 columns are the export format of the PGN standard (8.2.1).
     std::string movetext();
 
     /// A listing for people who search a fault.

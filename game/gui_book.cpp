@@ -130,7 +130,8 @@ void GuiBook::play_again(ChessPosition& position) {
     }
 }
 
-/// A number from 1 to count(), all equally likely; 0 without entries.
+/// A number from 1 to count(), all equally likely; 0 without entries. Draws beyond the last whole share
+/// are thrown away: a remainder by division would favour the entries at the front.
 std::int32_t GuiBook::random_entry() {
     if (m_offsets.empty()) return 0;
     constexpr std::uint64_t draws = modulus - 2;

@@ -17,6 +17,13 @@ namespace velmora {
 /// Setting the file reads it once and notes where each entry begins; playing an entry reads that entry alone.
 /// The file is open only meanwhile. Without a usable one every play_...() resets the position to the start
 /// and does nothing else.
+///
+/// Offsets instead of games, because a book may have millions of entries of which a tournament plays some
+/// hundred. Opening it only while reading lets the user replace the file meanwhile; an entry then is what
+/// stands at its offset, which the readers take as they take any faulty text.
+///
+/// The random numbers are seeded by the system: two tournaments with one book must not play the same
+/// openings.
 class GuiBook {
 public:
     /// Without a file. Once `leaving` is stopped, reading one ends early.
@@ -38,6 +45,7 @@ public:
     void play_entry(ChessPosition& position, std::int32_t n);
     void play_first(ChessPosition& position) { play_entry(position, 1); }
     void play_random(ChessPosition& position);
+    /// For tournaments in which every opening is played twice, with colours changed.
     void play_again(ChessPosition& position);
 
 private:

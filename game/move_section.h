@@ -13,9 +13,14 @@ namespace velmora {
 
 /// The flat list that the tokens of a game turn into: every move, result and variation marker in the order of
 /// the text, each with the id of its parent. Element 0 is the root.
+///
+/// A list first and a tree then, because in one pass over the tokens a move's children aren't known yet,
+/// while its parent always is: the move ahead of it or, behind an opening parenthesis, the parent of the
+/// move that it replaces. Linking the children is a second pass over the list.
 class MoveSection {
 public:
-    /// Variations may be nested this deep.
+    /// Variations may be nested this deep. More than any annotator has needed; the limit keeps a file of
+    /// nothing but parentheses from filling the memory.
     static constexpr std::size_t deepest_variation = 500;
 
     MoveSection() { reset(); }

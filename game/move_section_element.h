@@ -20,6 +20,8 @@ enum class ElementType : std::int32_t {
 };
 
 /// One record of a game: an element of the flat list that a load makes, and a node of the tree.
+///
+/// One type for list and tree, so that the one becomes the other without copying a text.
 struct MoveSectionElement {
     ElementType type = ElementType::move;
     std::int32_t id = 0;            ///< the index in the flat list, the key in the tree

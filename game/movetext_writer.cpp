@@ -93,6 +93,8 @@ void MovetextWriter::write_start() {
     }
 }
 
+/// The main line's next move is written ahead of its alternatives, as the PGN standard (8.2.5) has it: a
+/// variation replaces the move that stands in front of it.
 void MovetextWriter::write_lines(std::int32_t first) {
     auto id = first;
     do {
@@ -158,6 +160,7 @@ void MovetextWriter::write_number(const MoveSectionElement& node, bool opens_var
     }
 }
 
+/// PGN wants a termination marker at the end of every game (8.2.6), "*" where nothing is known.
 bool MovetextWriter::has_result() const {
     auto id = m_tree.node(0).child_at(0);
     if (id < 0) return false;

@@ -16,6 +16,9 @@ std::string node_text(const MoveSectionElement& node);
 /// A variation stands right behind the move that it replaces. Numbers: "12.Nf3" and no blank behind the
 /// point; Black's moves have one where a variation begins or a comment stands ahead of them, and at both of
 /// these it is printed twice: " ( 12... 12...Nf6". Alternatives to the very first move are not printed.
+///
+/// The open variations are a list of its own and no recursion, so that a deeply nested game can't use up
+/// the thread's stack.
 class MovetextWriter {
 public:
     explicit MovetextWriter(GameTree& tree) : m_tree(tree) {}

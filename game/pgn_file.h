@@ -14,6 +14,8 @@ namespace velmora {
 
 /// A PGN file whose games are read one at a time, and a PGN file that games are appended to. Both may be open
 /// at once. One game is in memory at a time, whatever the size of the file.
+///
+/// Not for two threads at once.
 class PgnFile {
 public:
     /// Once `leaving` is stopped, the input is at its end.
@@ -39,6 +41,8 @@ public:
 
     /// Game number `index` of the file, from 1, when every game is readable: throws pgn_error at the first
     /// damaged one behind the first readable one. In a shorter file, its last game.
+    ///
+    /// It reads all games ahead of that one; with an offset at hand read_game_at() is the way.
     std::string game_at(std::int64_t index);
 
     /// The game that begins at or behind a byte offset, such as a header list tells it. Throws pgn_error.
@@ -51,6 +55,8 @@ public:
     bool open_for_writing(const std::string& path);
 
     /// Appends to the output. False when that failed, now or earlier.
+    ///
+    /// The text may still lie in the stream's memory; only close_output() tells whether it has arrived.
     bool write(std::string_view text);
 
     /// False when not all that was written has reached the file.

@@ -4,6 +4,10 @@
 
 /// What a PGN file may hold to be read back whole, in bytes. The reader refuses or cuts what is longer, so
 /// the writer never writes it.
+///
+/// The PGN standard (section 7) allows 255 characters between a tag's quotes and no limit to comments;
+/// these are this program's own, and one writer and several readers must agree on them to the byte, so
+/// they stand in one place.
 namespace velmora::pgn_limits {
 
 /// Between the brackets of a tag, `Name "value"`; a longer one makes the whole game unreadable.

@@ -164,6 +164,7 @@ std::size_t PgnTokenizer::read_tag(std::size_t at) {
     return end + 1;
 }
 
+/// Braces don't nest (section 5 of the PGN standard): the first closing one ends the comment.
 std::size_t PgnTokenizer::read_comment(std::size_t at) {
     const char other_end = m_text[at] == '<' ? '>' : '}';
     emit(TokenKind::comment_open, "{");

@@ -39,6 +39,13 @@ struct MoveToken {
 /// It takes anything: what is no token is skipped, so the suffixes "!" and "?" vanish, and the words behind a
 /// ";" are read as moves. Moves aren't checked. Angle brackets are comments.
 /// Tag values and comments beyond their limits are cut.
+///
+/// Forgiving, because the files of the world are not what the standard has: what would be refused here,
+/// somebody has in his collection. Whether a token makes sense where it stands is for MoveSection to
+/// decide, and whether it is a move for the position.
+///
+/// Tokens are views, so that a text is copied only where it has to be changed: cleaned texts go into one
+/// buffer, whose room is taken ahead, since growing would leave the views pointing at nothing.
 class PgnTokenizer {
 public:
     /// The tokens of `text`. The views hold until the next call, or until `text` goes.

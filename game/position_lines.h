@@ -9,6 +9,9 @@ namespace velmora {
 
 /// The lines of a file of positions, FEN or EPD: those that are not empty, without the carriage return of a
 /// foreign line end. Line n is the n-th of these, counted from 1.
+///
+/// The list of positions and whoever takes one of them by its number must count alike; so both count by
+/// this class.
 class PositionLines {
 public:
     /// What is no plain file, or can't be opened, has no lines.

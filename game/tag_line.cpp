@@ -17,6 +17,7 @@ bool is_in_roster(std::string_view name) {
     return std::find(roster.begin(), roster.end(), name) != roster.end();
 }
 
+/// Cautious on purpose: what isn't surely plain takes the slow way, which decides.
 bool is_plain(std::string_view name) {
     return !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
         return c >= 'A' && c <= 'z' && c != '[' && c != ']' && c != '\\';

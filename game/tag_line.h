@@ -15,6 +15,9 @@ using TagPairs = std::vector<std::pair<std::string, std::string>>;
 ///
 /// Brackets and double quotes are dropped wherever they stand, an escaped double quote becomes an apostrophe;
 /// the first word that is left is the name, the rest the value.
+///
+/// By lines and not by the tokenizer, since a list of games reads headers only, of files with millions of
+/// them, and shows no other tags.
 void add_roster_tag(std::string_view line, TagPairs& tags);
 
 /// A line belongs to a header when it holds a "[".

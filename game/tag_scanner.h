@@ -32,6 +32,9 @@ struct GameHeader {
 ///
 /// Meant to be run piecewise, on a thread of its own if need be: next() reads up to the end of one header,
 /// position() and file_size() tell how far it is. Not for two threads at once.
+///
+/// Movetext is passed over in searches for one word, which costs less than cutting games. The price is
+/// that the list may show a game that the cutter finds damaged; that is told when somebody opens it.
 class TagScanner {
 public:
     /// A file that can't be opened has no headers.

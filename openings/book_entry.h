@@ -10,6 +10,10 @@ namespace velmora {
 /// A move in the layout of a Polyglot book: bits 0-5 the destination, 6-11 the origin (a1 is 0, h8 is 63),
 /// 12-14 the promotion: 0 none, 1 knight, 2 bishop, 3 rook, 4 queen. Castling stands as the king takes its
 /// own rook, "e1h1". The format is the published one of Polyglot .bin files.
+///
+/// A type of its own beside Move: the promotion codes differ, and a book's move knows neither piece nor
+/// capture. Through its text it becomes a move of a position, where it is also found out to be illegal:
+/// keys of two positions may be equal by chance.
 class BookMove {
 public:
     constexpr BookMove() = default;

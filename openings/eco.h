@@ -11,6 +11,9 @@ namespace velmora {
 ///
 /// It goes by position, so a transposition finds its name. Each function gives an empty string for a position
 /// without a name; the last named position of a game is for the caller to find.
+///
+/// By binary search in a table that the compiler has placed in the program: nothing is loaded or built at
+/// the start.
 class Eco {
 public:
     std::string code(std::uint64_t key) const { return text(key, &EcoRow::code); }

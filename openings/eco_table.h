@@ -16,6 +16,9 @@ struct EcoRow {
 
 /// All rows in the order of openings/eco_lines.txt, that is of their codes. The build makes them from that
 /// file; the moves of the lines stay there.
+///
+/// The lines are kept as moves, which a person can check, and become keys in the build, by the program's
+/// own rules.
 std::span<const EcoRow> eco_rows();
 
 /// Indexes into eco_rows() by ascending key. Of two rows with one key only the later is there.

@@ -8,6 +8,10 @@
 namespace velmora {
 
 /// A file in the address space, for random reading; its pages come in as they are touched.
+///
+/// Books have hundreds of megabytes, and a lookup wants a few of their pages; the kernel keeps those that
+/// are used and drops the others under pressure. Reading ahead is switched off, as the next page is hardly
+/// ever the one that is wanted.
 class MappedFile {
 public:
     MappedFile() = default;
@@ -28,6 +32,9 @@ public:
 
     /// How much of the mapping may be touched now: less than size() when the file was cut short since, whose
     /// lost pages would end the program.
+    ///
+    /// Asked anew at each lookup. That leaves a gap between the question and the reading which no mapping
+    /// can close; it is as short as can be.
     std::size_t readable_size() const;
 
     /// REQUIRES: the bytes that are read lie below readable_size().

@@ -51,6 +51,8 @@ BookEntry PolyglotBook::entry_at(std::size_t record) const {
 }
 
 /// Any record of the key, or a neighbour of the place where it would stand. REQUIRES: count > 0.
+///
+/// It ends also in a file that isn't sorted: the interval shrinks with every step, whatever is found.
 std::size_t PolyglotBook::probe_for(std::uint64_t key, std::size_t count) const {
     std::size_t lower = 0;
     std::size_t upper = count;

@@ -26,6 +26,9 @@ public:
     /// Opens the file at path(), closing an open one first. Throws std::logic_error
     /// "PolyglotBook::open() open <path> failed (1)", with the reason behind it for a file that is there. A
     /// partial record at the end is ignored.
+    ///
+    /// A size that is no multiple of 16 comes of a download that broke off; all whole records can still be
+    /// used.
     void open();
     void close();
     bool is_open() const { return m_file.is_open(); }
@@ -42,6 +45,8 @@ public:
 
     /// All records of a position's key in the order of the file, the first `most_entries` of them; none when
     /// the key isn't there or the book is closed.
+    ///
+    /// Whether these moves are legal in the position is for the caller to find out.
     std::vector<BookEntry> entries(std::uint64_t key) const;
     std::vector<BookMove> moves(std::uint64_t key) const;
 

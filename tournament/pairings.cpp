@@ -17,6 +17,7 @@ std::int32_t limited(std::int32_t rounds) {
     return rounds > most_rounds ? 2 : rounds;
 }
 
+/// By division, since the product could overflow.
 void check_length(std::size_t rounds, std::size_t games_a_round) {
     if (rounds > most_games / games_a_round) {
         throw std::length_error("a tournament cannot have more than " + std::to_string(most_games) +
@@ -54,6 +55,9 @@ private:
 };
 
 /// The two halves of the circle: participants at the same index meet.
+///
+/// Two queues rather than a formula by round and table: the schedule starts a cycle where the last one
+/// stopped, which is a state and no function of the cycle.
 struct Circle {
     explicit Circle(std::int32_t participants) {
         const std::int32_t half = (participants + 1) / 2;

@@ -15,6 +15,9 @@ namespace velmora {
 /// Whoever plays it takes next_game(), plays, calls set_result() and save(); so the file is all that is
 /// needed to go on after a restart. Belongs to one thread: window and referee each have one of their own and
 /// share only the file.
+///
+/// The file and not an object is what window and referee share, because it must survive both: a program
+/// that is killed loses the game that was being played and nothing else.
 class Tournament {
 public:
     /// Keeps its file in the per-user directory, which is looked for and made at each load and save: a
@@ -45,6 +48,8 @@ public:
     void load(const std::string& name);
 
     /// Why the last load() failed though there is such a file, in words that name it; empty otherwise.
+    ///
+    /// Beside the exception, whose texts are fixed for all faults alike and name no line.
     const std::string& load_fault() const { return m_load_fault; }
 
     /// Writes the file under the name that it was loaded under, a new tournament under its event. The old
@@ -54,6 +59,8 @@ public:
 
     /// The same for a tournament that begins anew: what the file held before stays as its backup. Throws also
     /// what back_up() throws, and then nothing has been written.
+    ///
+    /// Starting again would otherwise wipe out a night's results under the same name without a trace.
     void save_anew();
 
     /// The event under which this tournament replaces nobody else's results: `event`, or where another

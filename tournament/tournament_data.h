@@ -32,6 +32,8 @@ struct TournamentParticipant {
 TournamentParticipant participant_of(const EngineVariables& engine);
 
 /// One game of the schedule. A game with `number` 0 is none.
+///
+/// It holds copies of its participants, so that whoever plays it needs nothing else of the tournament.
 struct TournamentGame {
     std::int32_t number = 0;  ///< running number from 1, the file's order
     std::int32_t round = 0;
@@ -47,6 +49,8 @@ struct TournamentGame {
 };
 
 /// All that a tournament's file holds.
+///
+/// Plain values that file, schedule and dialog share, without the rules of Tournament.
 struct TournamentData {
     std::vector<TournamentParticipant> participants;
     std::vector<TournamentGame> games;

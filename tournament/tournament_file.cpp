@@ -35,6 +35,7 @@ bool read_round_label(std::string_view label, TournamentGame& game) {
     return sub_round.has_value();
 }
 
+/// Throws ahead of appending anything, so that a bad line leaves no half game.
 void read_game(WordReader fields, TournamentData& data) {
     TournamentGame game;
     const auto number = fields.integer<std::int32_t>();

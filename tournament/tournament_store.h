@@ -15,6 +15,8 @@ std::string path(const std::string& directory, const std::string& name);
 std::vector<std::string> names(const std::string& directory);
 
 /// What keeps `event` from being the name of a tournament's file, in words for the user; nothing when it can.
+///
+/// Asked when a person names an event, where it can still be changed; path() trusts its caller.
 std::optional<std::string> name_fault(std::string_view event);
 
 }  // namespace velmora::tournament_store

@@ -15,6 +15,10 @@ namespace velmora {
 ///
 /// The maps belong to one board and are completed when they are first asked for after a change. A copy starts
 /// without them, so copying a position does not copy them.
+///
+/// They are asked for rarely, while a count of moves makes millions of them: so a move merely marks them
+/// stale, and nothing follows them step by step. What the generator needs of attacks it computes itself,
+/// narrowed to the squares that matter.
 class AttackMaps {
 public:
     AttackMaps() = default;
@@ -49,10 +53,17 @@ private:
 };
 
 /// What a piece attacks from a square, on the given occupancy; empty for no piece.
+///
+/// A pawn attacks its two forward diagonals whether or not something stands there; its pushes are no
+/// attacks.
 Bitboard attacks_of(Piece piece, Square square, Bitboard occupied);
 
 /// The pieces of a colour that attack the square, on the given occupancy; empty off the board. Pieces that
 /// are not in `occupied` still count as attackers.
+///
+/// Looks outward from the square instead of over all pieces: attack is symmetric for every kind, and for
+/// pawns with the colour turned round, so five lookups do. The occupancy is a parameter so that a caller
+/// may ask "and if this piece were gone?" without changing the board.
 Bitboard attackers_to(const BoardPosition& board, Square square, Side by, Bitboard occupied);
 
 }  // namespace velmora

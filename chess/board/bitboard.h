@@ -11,6 +11,13 @@
 namespace velmora {
 
 /// A set of squares: bit n stands for square n, so the low byte is rank 1 and bit 0 is a1.
+///
+/// A type of its own instead of a plain integer: a square, a count and a set would all be integers to the
+/// compiler, and mixing them up would go unnoticed. Everything is constexpr, so that tables of sets can be
+/// made by the compiler, and an object is passed by value in a register.
+///
+/// Popping yields squares in ascending order. That order reaches the outside: it decides the order of
+/// generated moves, and with it every list that is shown or printed.
 class Bitboard {
 public:
     constexpr Bitboard() = default;
@@ -36,6 +43,8 @@ public:
     }
 
     /// The lowest square, `no_square` when there is none.
+    ///
+    /// That countr_zero() gives 64 for zero, which is `no_square`, spares every caller a case of its own.
     constexpr Square first_square() const { return Square(std::countr_zero(m_bits)); }
 
     /// Removes and returns the lowest square; `no_square` from the empty set.
@@ -55,6 +64,8 @@ public:
     /// All squares, ascending.
     std::vector<Square> squares() const;
 
+    /// A rank is a byte, so turning the board upside down is reversing the bytes; mirror_horizontal()
+    /// reverses the bits of each byte by swapping neighbours, pairs and halves.
     constexpr Bitboard mirror_vertical() const { return Bitboard(__builtin_bswap64(m_bits)); }
     constexpr Bitboard mirror_horizontal() const {
         std::uint64_t b = m_bits;
@@ -107,6 +118,8 @@ private:
 
 static_assert(sizeof(Bitboard) == 8);
 
+// Here and not in square.h, which a set of squares is built upon. Off the board the truth value 0 is
+// shifted: an empty set without a branch.
 constexpr Bitboard Square::bit() const {
     return Bitboard(static_cast<std::uint64_t>(on_board()) << (m_square & 63));
 }

@@ -15,6 +15,9 @@ std::string hexadecimal(char character) {
 }
 
 /// Throws when a letter may not stand on the square.
+///
+/// Only what would break the rest of the program is refused: a pawn on the first or last rank, whose steps
+/// would leave the board, and a second king, since check and pin are made for one a side.
 void check_piece(const BoardPosition& board, Piece piece, Square square) {
     const std::string colour = piece.is_white() ? "white" : "black";
     if (piece.is_pawn() && (square.value() < 8 || square.value() > 55)) {

@@ -6,6 +6,8 @@ namespace velmora {
 
 // How moves change the board: the hottest code there is, in a header so that it is compiled into its callers.
 
+/// Both pieces leave before either arrives: in Chess960 the king may end where the rook stood, the rook
+/// where the king stood, and either may stay where it is.
 template <Side us>
 void BoardPosition::castle(Move move) {
     const CastlingTargets targets = castling_targets(move.from_field(), move.to_field(), us);
@@ -26,6 +28,9 @@ void BoardPosition::undo_castle(Move move) {
     put(move.to_field(), rook);
 }
 
+/// Normal moves, which nearly all are, come first; a null move only passes the turn and falls through them
+/// all. The moving side is a template parameter, so that directions and back ranks are constants in each
+/// of the two instances.
 template <Side us>
 [[gnu::always_inline]] inline void BoardPosition::do_move_of(Move move) {
     m_side = opposite(us);
@@ -56,6 +61,8 @@ template <Side us>
     }
 }
 
+/// All that is to be put back is in the move itself (the captured piece among it), so the board keeps no
+/// history of its own.
 template <Side us>
 [[gnu::always_inline]] inline void BoardPosition::undo_move_of(Move move) {
     m_side = us;

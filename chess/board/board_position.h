@@ -18,6 +18,10 @@ namespace velmora {
 /// In the names of sums, "pieces" of a colour leave the pawns out. Of the sums, what stands on the board of
 /// each colour is kept; the others are put together when they are asked for, which costs less than keeping
 /// them up to date.
+///
+/// The placement is held twice, as sets by piece code and as pieces by square: generation asks "where are
+/// the knights", making a move asks "what stands there", and either answer from the other's form would be
+/// a search. Whatever changes one changes the other.
 class BoardPosition {
 public:
     /// Reads board and side of a FEN text; any side field but "w" is Black. Ranks need not sum to eight; a
@@ -32,6 +36,10 @@ public:
     void update();
 
     /// Put a piece on a square, or take it off; the caller runs update() when done.
+    ///
+    /// A piece that stands on the square of put() is not cleared from its set; take() it first. Off the
+    /// board both do nothing, which keeps a move that makes no sense, such as an en passant move to the
+    /// first rank, from writing beyond the arrays.
     void put(Square square, Piece piece);
     void take(Square square, Piece piece);
 
@@ -101,6 +109,8 @@ public:
     std::string dump() const;
 
     /// Compares the boards and the side.
+    ///
+    /// The rest follows from these, and comparing it would only cost time.
     friend bool operator==(const BoardPosition& a, const BoardPosition& b) {
         return a.m_side == b.m_side && a.m_boards == b.m_boards;
     }
@@ -114,6 +124,8 @@ private:
     void undo_castle(Move move);
 
     BySide<Bitboard> m_all;
+    // Indexed by codes and squares masked to the size of the array: a move from outside may carry any
+    // bits, and must not write elsewhere.
     std::array<Bitboard, piece_codes> m_boards{};  // entry 0 is scratch, 7, 8 and 15 stay empty
     std::array<Piece, 64> m_board{};
     Side m_side = Side::white;
@@ -124,6 +136,9 @@ struct CastlingTargets {
     Square king;
     Square rook;
 };
+/// King and rook end on the c- and d-file or on the g- and f-file as in classic chess: that is the rule of
+/// Chess960, of which the classic start is one case. Which of the two is told by the rook's place beside
+/// its king.
 constexpr CastlingTargets castling_targets(Square king, Square rook, Side side) {
     const Square a_file(side == Side::white ? 0 : 56);
     return rook > king ? CastlingTargets{a_file + 6, a_file + 5} : CastlingTargets{a_file + 2, a_file + 3};

@@ -8,7 +8,8 @@ namespace velmora {
 
 namespace {
 
-/// The mover's pieces that can attack a king, and the occupancy, as they stand after the move.
+/// The mover's pieces that can attack a king, and the occupancy, as they stand after the move. Kings are
+/// left out: one king never checks the other.
 class MenAfter {
 public:
     MenAfter(const BoardPosition& board, Move move)

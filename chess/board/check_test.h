@@ -14,6 +14,9 @@ bool gives_check(const BoardPosition& board, Move move);
 
 /// Whether an en passant move of the side to move leaves its own king unattacked.
 /// REQUIRES: the own king is on the board.
+///
+/// The sets of pinned pieces cannot tell this: two pawns leave the rank at once, and neither alone was
+/// pinned. So the king is looked at with both gone and the capturing pawn on its new square.
 bool is_legal_en_passant(const BoardPosition& board, Move move);
 
 }  // namespace velmora

@@ -16,6 +16,8 @@ constexpr std::array<KnightPair, 10> knight_pairs = {
     {{0, 1}, {0, 2}, {0, 3}, {0, 4}, {1, 2}, {1, 3}, {1, 4}, {2, 3}, {2, 4}, {3, 4}}};
 
 /// The file of the n-th empty square, counted from 0 at the a-file.
+///
+/// A number too high gives the last file, which no valid start number asks for.
 std::size_t empty_file(const Chess960Rank& rank, std::uint32_t n) {
     for (std::size_t file = 0; file < rank.size(); ++file) {
         if (rank[file] == PieceKind::none && n-- == 0) return file;

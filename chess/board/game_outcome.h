@@ -9,6 +9,9 @@
 namespace velmora {
 
 /// Who has won a game that is over.
+///
+/// A game that is still going on has none: "*" is a token of PGN and no result, and so is an empty
+/// optional of this.
 enum class GameResult { white_wins, black_wins, draw };
 
 constexpr GameResult win_of(Side side) {
@@ -37,6 +40,8 @@ constexpr std::optional<GameResult> result_of_token(std::string_view token) {
 }
 
 /// How a game ended: the result, and why in a few words without braces, such as "White mates".
+///
+/// Without braces, because the reason becomes a comment of PGN, which the first closing brace would end.
 struct GameOutcome {
     GameResult result = GameResult::draw;
     std::string reason;

@@ -26,6 +26,10 @@ struct AttackSet {
 
 /// All attack sets of a slider, ascending as numbers, each once. `relevant` becomes the squares whose pieces
 /// can stop the slider: its lines without the edge square of each direction.
+///
+/// By combining the reaches of the four directions instead of trying all occupancies: the sets come out
+/// once each, and with them all occupancies that a set stands for, as its blockers and any subset of what
+/// they hide. Walking the rays anew for each of 107,648 occupancies would be felt at the program's start.
 std::vector<AttackSet> attack_sets(Slider slider, Square square, Bitboard& relevant) {
     std::vector<AttackSet> sets(1);
     for (int direction = first_direction(slider); direction < BitTables::directions; direction += 2) {

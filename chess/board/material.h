@@ -15,6 +15,10 @@ class BoardPosition;
 /// `counts` has four bits each: from bit 0 black pawns, knights, bishops, rooks, queens, from bit 32 the
 /// same for White. The key of a position depends on how it was reached: counting a board XORs count *
 /// constant, moves XOR the plain constants.
+///
+/// Kept beside the board and followed move by move, so that asking costs nothing; only a capture or a
+/// promotion changes it, which changes() tells from two fields of the move. Four bits hold the ten knights
+/// that promotions allow, but not the sixteen and more of a set-up board: see set().
 class Material {
 public:
     /// All zero.

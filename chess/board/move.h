@@ -10,6 +10,8 @@
 namespace velmora {
 
 /// How a move is made.
+///
+/// The order of the promotions is that in which they are generated, queen first.
 enum class MoveCode : std::uint32_t {
     null_move = 0,  ///< no move: passes the turn
     normal_move = 1,
@@ -55,6 +57,11 @@ enum class XCode : std::uint32_t {
 /// The word: bits 0-5 to (the rook's square when castling), 6-11 from, 12-14 code, 15 check, 16-19 captured
 /// piece (the captured pawn in an en passant move), 20-23 moving piece (the pawn in a promotion), 24-31
 /// xcode. A word of 0 is the empty move.
+///
+/// A value that fits into a register, is compared by one instruction and carries what is needed to take it
+/// back: captured and moving piece. Castling is stored as the king taking its own rook, the one form that
+/// fits Chess960 too, where "the king moves two squares" says nothing; texts of classic chess are
+/// converted at the edge.
 class Move {
 public:
     constexpr Move() = default;
@@ -100,12 +107,17 @@ public:
     }
 
     /// Compares all but xcode and score, so a move with its check bit differs from the same move without it.
+    ///
+    /// So a move that was read from a text must be looked up among the generated ones before it is
+    /// compared: see find_legal().
     friend constexpr bool operator==(const Move& a, const Move& b) {
         return ((a.word() ^ b.word()) & 0xFFFFFF) == 0;
     }
 
     /// Whether both go from the same square to the same square with the same code; the check bit does not
     /// count.
+    ///
+    /// For moves from outside, whose sender cannot know what the move captures or whether it checks.
     constexpr bool same_move(const Move& other) const { return ((word() ^ other.word()) & 0x7FFF) == 0; }
 
     /// The ordering comparison: whether `other` is to be tried before this one.
@@ -117,6 +129,9 @@ public:
     ///
     /// Castling is king takes rook, "e1h1". Unless `chess960`, the four texts of classic castling become
     /// "e1g1", "e1c1", "e8g8" and "e8c8"; the text alone decides.
+    ///
+    /// This is the notation of the UCI protocol, in which a promotion letter is lower case and Chess960 is
+    /// an option of the engine (UCI_Chess960).
     std::string to_string(bool chess960) const;
 
     /// All fields in words, for debugging.

@@ -19,6 +19,9 @@ std::string_view kind_name(PieceKind kind);
 /// Black.
 ///
 /// Bit 3 is the colour. Colour tests look at that bit alone, so the empty piece counts as white.
+///
+/// The codes are those of the board's sets and of a move's word, so no table translates between them; that
+/// a colour is one bit makes turning a piece's colour an exclusive or.
 class Piece {
 public:
     constexpr Piece() = default;
@@ -93,6 +96,8 @@ static_assert(sizeof(Piece) == 4);
 inline constexpr Piece no_piece{};
 
 /// The piece that a letter of FEN stands for; `no_piece` for any other character.
+///
+/// The letters of the PGN standard, 16.1.3.1.
 constexpr Piece piece_of_letter(char letter) {
     constexpr std::string_view letters = "PNBRQKpnbrqk";
     const auto i = static_cast<std::uint32_t>(letters.find(letter));

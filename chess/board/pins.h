@@ -11,6 +11,10 @@ namespace velmora {
 
 /// Pieces that alone stand between a slider of `them` and the king of the other colour, whatever their
 /// colour. Sliders with nothing between are added to `checking`.
+///
+/// Looked at from the king: only sliders that share a line with it count, which are few, and of each the
+/// squares between tell all. One walk gives pins of one side, discovered checks of the other, and checks,
+/// which all ask "how many stand between": none, one, or more.
 template <Side them>
 [[gnu::always_inline]] inline Bitboard lone_blockers(const BoardPosition& board, Square king,
                                                      Bitboard& checking) {
@@ -29,6 +33,9 @@ template <Side them>
 }
 
 /// Sets kings, pinned, discovering and checking_sliders from the board.
+///
+/// Done once a position rather than for each move: every later question of legality is then a look at a
+/// set.
 [[gnu::always_inline]] inline void find_pins(const BoardPosition& board, PositionState& state) {
     const Square white_king = board.white_king().first_square();
     const Square black_king = board.black_king().first_square();

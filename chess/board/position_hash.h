@@ -13,7 +13,12 @@ namespace velmora {
 /// The keys of a position and of those that came before it, one entry a ply.
 ///
 /// Kept are the XOR of the Polyglot numbers of all pieces, the same over the pawns alone, and the whole key
-/// for the repetition test. In the whole key castling, en passant and turn are added on demand.
+/// for the repetition test, as it was when the move had been made. key() puts castling, en passant and turn
+/// together anew, because rights and side can be set behind the back of this class.
+///
+/// The numbers are those of the Polyglot book format, so that one key serves books, openings and repetition.
+/// A stack instead of undoing each exclusive or: the earlier keys are needed anyhow, and taking back is a
+/// pop.
 class PositionHash {
 public:
     PositionHash() : m_stack(1) {}
@@ -33,6 +38,9 @@ public:
     std::uint64_t key(const PositionState& state, Side to_move) const;
 
     /// Whether the current key has occurred n times, this time included, within the last `halfmoves` plies.
+    ///
+    /// A move of a pawn or a capture can't be undone, so no position from ahead of one comes again.
+    /// REQUIRES: n >= 2.
     bool is_repetition(int n, std::uint16_t halfmoves) const;
 
 private:

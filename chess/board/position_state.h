@@ -15,6 +15,9 @@ inline constexpr std::uint16_t chess960_rights = 0x7E7E;
 
 /// What a position knows beside the placement of the pieces; one record a ply. find_pins() in
 /// chess/board/pins.h fills in the boards and the kings.
+///
+/// What a move destroys and taking it back cannot work out again (rights, counter, en passant square) must
+/// be remembered; pins and kings are remembered with it because that is cheaper than finding them again.
 struct PositionState {
     /// Pieces of either colour that alone stand between their own king and an enemy slider.
     Bitboard pinned;
@@ -22,13 +25,17 @@ struct PositionState {
     Bitboard discovering;
     /// Sliders of either colour that attack the enemy king.
     Bitboard checking_sliders;
-    /// Bit f: the white rook that started on file f may still castle; bit 8 + f: the black one.
+    /// Bit f: the white rook that started on file f may still castle; bit 8 + f: the black one. By file
+    /// and not by wing, since in Chess960 a rook may start anywhere; the classic rights are bits 0, 7, 8
+    /// and 15.
     std::uint16_t rights = 0;
     /// Plies since the last pawn move or capture.
     std::uint16_t halfmoves = 0;
     /// The move that led here; empty in the first record.
     Move last_move;
-    /// En passant target, `no_square` when none.
+    /// En passant target, `no_square` when none. Behind a move it is set only where an enemy pawn stands
+    /// beside the pawn that went two squares, which keeps positions with the same moves equal under the
+    /// threefold rule as far as no pin forbids the capture; a FEN may set any.
     Square ep_square;
     /// `no_square` where there is no king.
     BySide<Square> kings;

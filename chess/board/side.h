@@ -10,6 +10,9 @@ enum class Side : std::int32_t { black = 0, white = 1 };
 constexpr Side opposite(Side side) { return side == Side::white ? Side::black : Side::white; }
 
 /// A pair of like things, one of each colour.
+///
+/// Twin members would invite a second copy of every function that touches them; with a side as the index
+/// one function serves both colours.
 template <class T>
 struct BySide {
     T white{};

@@ -14,6 +14,10 @@ class Bitboard;
 /// A square number: a1 is 0, b1 is 1, h1 is 7, a2 is 8, h8 is 63. 64 is `no_square`, the default.
 ///
 /// Arithmetic is that of integers and checks no range.
+///
+/// That arithmetic is free is what the steps of pieces need ("+ 8" is one rank up); on_board() is asked
+/// where a result may have left the board. Left and right it wraps around to the next rank, which no range
+/// test notices: such steps belong to BitTables.
 class Square {
 public:
     constexpr Square() = default;

@@ -158,6 +158,7 @@ private:
         return bit_tables.pawn_attacks(m_ep_square, them) & pieces(PieceKind::pawn);
     }
 
+    /// The one kind that is tested by itself, since two pawns leave their rank at once; it is rare enough.
     void put_en_passant(Square from) {
         const std::uint32_t word = base(PieceKind::pawn, from, MoveCode::en_passant) | to_bits(m_ep_square) |
                                    capture_bits(Piece(PieceKind::pawn, them));
@@ -230,6 +231,8 @@ private:
     }
 
     /// What the enemy attacks, exact within `of_interest`.
+    ///
+    /// Sliders that share no line with a square of interest are passed over, which is most of them.
     Bitboard attacked_by_enemy(Bitboard of_interest) const {
         const Bitboard occupied = m_occupied & ~m_king.bit();
         Bitboard attacked = pawn_attacks<them>(m_board.pieces(PieceKind::pawn, them)) |

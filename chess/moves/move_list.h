@@ -52,6 +52,8 @@ public:
 
     /// Hands out the moves that were not handed out yet, the best by the ordering comparison first; the empty
     /// move at the end.
+    ///
+    /// It selects instead of sorting: a search that finds a good move early asks for few of them.
     Move next();
 
     /// Whether generation into this list has finished.
@@ -63,6 +65,9 @@ public:
 
     /// Appends generated moves without asking for room at each: a piece may write up to `slack` moves after
     /// full() was asked.
+    ///
+    /// It holds the place in a register; through the list's own count every move would be a store to
+    /// memory that the next one has to wait for.
     class Writer {
     public:
         explicit Writer(MoveList& list) : m_list(list), m_out(list.end()), m_limit(list.begin() + capacity) {}
@@ -78,8 +83,7 @@ public:
             m_out += keep ? 1 : 0;
         }
 
-        /// Writes `base` with each of the targets. Four at a time, with what is beyond the last written over
-        /// later: that is cheaper than a branch after each, whose outcome cannot be predicted.
+        /// Writes `base` with each of the targets, without a look at the room: REQUIRES: !full() ahead of it.
         void put_each(std::uint32_t base, Bitboard targets) {
             while (targets.any()) put(base | static_cast<std::uint32_t>(targets.pop_square().value()));
         }

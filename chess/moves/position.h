@@ -23,6 +23,11 @@ namespace velmora {
 /// Constructed it is the empty board without kings, which has no moves and nobody in check. Belongs to one
 /// thread, reading included, because the attack maps are completed on demand. A copy is cheap: it leaves the
 /// maps behind, and all tables are shared.
+///
+/// Its parts are classes of their own (placement, state, keys, material, maps), each of which can be
+/// tested alone; this class keeps them in step. A fault in what comes from outside throws std::logic_error
+/// with a text that tells the fault, whereas making a move trusts its caller: checking there would add to
+/// the price of every ply.
 class ChessPosition {
 public:
     ChessPosition() { clear(); }
@@ -38,6 +43,9 @@ public:
     void new_chess960(std::uint32_t number);
 
     /// Reads a FEN; on a fault the position stays what it was (its history and start FEN go).
+    ///
+    /// For a user's or an engine's text, where the worst that may happen is nothing; fen() is for those
+    /// who tell the fault.
     void set_fen(std::string_view text);
 
     /// Reads a FEN strictly. Throws std::logic_error with the fault; the object then holds a partial
@@ -45,6 +53,9 @@ public:
     void fen(std::string_view text);
 
     /// The FEN of the position. The en passant square shows only where an enemy pawn stands beside.
+    ///
+    /// So only a possible capture by a pawn makes a difference, unlike the letter of the PGN standard
+    /// (16.1.3.4), which has the square behind every double step.
     std::string fen() const;
 
     /// The first four fields of fen().
@@ -70,12 +81,17 @@ public:
     /// Empty when from = to or nothing stands on from. A king onto its own rook becomes castling; a pawn
     /// moving diagonally to an empty square with an enemy pawn behind it becomes en passant. Legality is not
     /// tested.
+    ///
+    /// It is how a pair of squares, which is all that a mouse or a text tells, becomes a move.
     Move make_move(Square from, Square to, MoveCode code) const;
 
     /// The move of a coordinate text such as "e2e4", "e7e8q", "e1g1" or "e1h1".
     ///
     /// A legal move gets its check bit; any other is returned with the bit clear. Throws std::logic_error
     /// when the text is no move or its from square is empty.
+    ///
+    /// Both ways to write castling are read, since UCI has "e1g1" in classic games and "e1h1" in Chess960,
+    /// and engines mix them up.
     Move convert_to_move(std::string_view text) const;
 
     const BoardPosition& board() const { return m_board; }
@@ -133,10 +149,11 @@ public:
     void init_maps() const { m_maps.compute(m_board); }
 
     /// Whether the current position has occurred n times, this time included, since the last irreversible
-    /// move.
+    /// move. REQUIRES: n >= 2.
     bool is_repetition(int n) const { return m_hash.is_repetition(n, halfmoves()); }
 
-    /// Whether a hundred plies went by without pawn move or capture.
+    /// Whether a hundred plies went by without pawn move or capture. The rule of the laws of chess that
+    /// gives a player the claim to a draw; a hundred plies are fifty moves of each side.
     bool is_fifty() const { return halfmoves() > 99; }
 
     /// The instance number: every construction, copies included, has its own.
@@ -149,7 +166,8 @@ public:
     void mirror_colours();
     void mirror_files();
 
-    /// Equal board, counters, rights, en passant square, pins.
+    /// Equal board, counters, rights, en passant square, pins. Not the history: two games may have come to
+    /// one position by different moves.
     friend bool operator==(const ChessPosition& a, const ChessPosition& b);
 
     /// Everything in words, for debugging.

@@ -9,6 +9,8 @@ namespace velmora {
 namespace {
 
 /// The four castling texts of classic chess: the king's step by two squares and what it means.
+///
+/// With both pieces at home the step by two squares means nothing else, whatever the rights say.
 struct ClassicCastling {
     std::string_view text;
     std::string_view takes_rook;

@@ -22,6 +22,8 @@ std::uint16_t right(int file, Side side) {
     return static_cast<std::uint16_t>(1U << (side == Side::white ? file : file + 8));
 }
 
+/// A classic letter means the outermost rook of its wing (as in X-FEN), so that positions of Chess960 can
+/// be written with KQkq where that is unambiguous.
 std::uint16_t right_by_walk(const BoardPosition& board, RookWalk walk, Side side) {
     const int back_rank = side == Side::white ? 0 : 56;
     int file = walk.first;

@@ -29,6 +29,9 @@ constexpr std::array<std::uint16_t, piece_codes> kept_by_piece = [] {
     return table;
 }();
 
+/// By masks of both squares and of the piece, without asking what kind of move it is: a rook that leaves
+/// its corner, one that is captured there, and a king that moves all lose their rights by the same two
+/// operations.
 std::uint16_t rights_after(std::uint16_t rights, Move move) {
     const auto kept = [](Square square) { return kept_rights[static_cast<std::size_t>(square.value())]; };
     return static_cast<std::uint16_t>(rights & kept_by_piece[move.piece().code()] & kept(move.from()) &

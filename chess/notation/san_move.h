@@ -13,6 +13,11 @@ namespace velmora {
 /// The position is borrowed, only read, and must stand at the moment before the move. Reading takes the text
 /// apart from the right and finds the origin by attack; it accepts much that is not legal, so a move that was
 /// read is to be looked up among the legal ones before it is made.
+///
+/// SAN is told in the PGN standard, 8.2.3. It names the origin only as far as needed, so neither direction
+/// works without the position, and the position is part of the object. From the right, because the
+/// destination is the one part that every text but castling has, and always in the same place, while what
+/// stands ahead of it varies.
 class SanMove : public Move {
 public:
     /// Builds the text of a move. A check is marked only when the move's check bit is set.

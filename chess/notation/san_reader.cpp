@@ -144,6 +144,9 @@ private:
         return attacks_of(back, to, m_position.board().occupied()) & pieces(piece);
     }
 
+    /// Texts leave out a distinction that a pin makes needless (8.2.3.4 of the PGN standard asks for
+    /// that), so candidates that can't leave their line are passed over before the text counts as
+    /// ambiguous.
     Square choose(Bitboard candidates, Square to) const {
         if (candidates.more_than_one()) {
             const Bitboard free = candidates & ~m_position.pinned();

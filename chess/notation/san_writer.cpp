@@ -14,6 +14,8 @@ std::string no_piece_error(const ChessPosition& position, const Move& move) {
 }
 
 /// What of the origin must be told so that the text means this piece and no other.
+///
+/// The file where it is enough, else the rank, else both, as the PGN standard (8.2.3.4) has it.
 void append_origin(const ChessPosition& position, const Move& move, std::string& text) {
     const Piece piece = move.piece();
     const Square to = move.to();

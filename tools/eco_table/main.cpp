@@ -1,5 +1,9 @@
 // Writes the table of named positions as C++: reads lines "code | opening | variation | moves", replays the
 // moves from the start position and keeps the key of the position that ends the line.
+//
+// Run by the build. The lines are what a person can read and mend; the table is what the program can search
+// without parsing anything at its start. A line that can't be replayed breaks the build: a wrong key would
+// never be noticed, since nothing but a missing name comes of it.
 
 #include <algorithm>
 #include <cstddef>
@@ -41,6 +45,9 @@ std::vector<std::string> fields_of(std::string_view line) {
 }
 
 /// The key after moves such as "1.e4 e5 2.Nf3".
+///
+/// Replayed by the program's own rules, so that the table can't have another idea of a key than the
+/// lookup.
 std::uint64_t key_after(std::string_view moves) {
     ChessPosition position;
     position.new_game();

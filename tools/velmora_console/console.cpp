@@ -72,10 +72,12 @@ void Console::flush() {
     quit();
 }
 
+/// REQUIRES: m_mutex is held. Called wherever one of the three may have become true.
 void Console::quit_when_done() {
     if (m_input_ended && !m_match_running && m_taken == m_sent) quit();
 }
 
+/// REQUIRES: m_mutex is held. Once, however many reasons there are.
 void Console::quit() {
     if (!std::exchange(m_quit_sent, true))
         m_referee->put_command(window_line(to_referee::encode(to_referee::Quit())));

@@ -16,6 +16,11 @@ namespace velmora {
 ///
 /// The end of the input stands for a "quit" that waits its turn, and a match that runs is played to its end
 /// first. Lines come in on the referee's thread and commands on the main thread.
+///
+/// The program without its window: for scripts, for matches on a machine without a display, and for tests
+/// of the referee by whole conversations. A pipe ends its input as soon as the commands are written, long
+/// before they have been carried out; so the console counts the lines that it has sent and that the
+/// referee has taken, and follows matches by the effects of the lines.
 class Console : public CommandSink {
 public:
     /// Prints to `out`. `leave` is called, from any thread, when the referee has answered "quit".
@@ -38,6 +43,8 @@ public:
     void put_command(const std::string& line) override;
 
     /// Writes the lines since the last one by one write.
+    ///
+    /// An output that nobody reads any more ends the program, and a match with it.
     void flush() override;
 
     void acknowledge(std::uint64_t taken) override;

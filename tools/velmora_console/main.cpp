@@ -1,4 +1,7 @@
 // The referee without a window: commands on standard input, its lines on standard output.
+//
+// The main loop takes the input, and the referee runs on a thread of its own, as in the program: so reading
+// never waits for the referee, which may take its time over a command that seats an engine.
 
 #include <array>
 #include <csignal>
