@@ -31,6 +31,7 @@ void InterfaceCommands::process(std::string_view line) {
     if (m_state.log.is_on()) m_state.log.write(" interface -> " + std::string(line));
     const auto command = to_referee::decode(reader.rest());
     if (!command) return;
+    // The once-a-second word of a waiting window is nobody's wish for another game.
     if (!to_referee::effects_of(reader.rest()).only_wakes) m_state.game_over = false;
     std::visit([this](const auto& of) { run(of); }, *command);
 }

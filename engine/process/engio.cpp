@@ -80,6 +80,7 @@ void Engio::spawn_engine(const std::string& path) {
         log("   Engio::spawn_engine() filename too long   size=" + std::to_string(path.size()));
         return;
     }
+    // A program of that name reads its lines as its own system ends them. Others show by their first line.
     m_crlf = path.size() > 4 && path.ends_with(".exe");
     log(std::string("   Engio::spawn_engine() carriage return ") + (m_crlf ? "true" : "false"));
     try {
@@ -125,6 +126,8 @@ void Engio::leave_reader() {
     m_reader_left.notify_all();
 }
 
+/// The flags are looked at again behind the read: a quit that came meanwhile makes what was read nobody's
+/// business.
 void Engio::read_until_end() {
     std::array<char, read_size> buffer;
     while (wait_for_output()) {
@@ -205,6 +208,8 @@ void Engio::hand_over_lines() {
 }
 
 /// Cuts the line, stamps it and hands it over; false when nobody takes the lines.
+/// The word is searched for anywhere in the line, since that is cheaper than to read the line twice, and a
+/// stamp too many does no harm.
 bool Engio::hand_over(ArrivedLine& line) {
     const std::lock_guard lock(m_engine_mutex);
     if (m_engine == nullptr) return false;
