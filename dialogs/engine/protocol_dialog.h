@@ -10,6 +10,7 @@ namespace velmora {
 
 /// The dialog "Protocol": how to talk to a new engine, beginning with autodetect; nothing when the user
 /// leaves it without "OK".
+/// Asked for at all because a program that is silent for long can't be told from one of the other protocol.
 std::optional<Protocol> choose_protocol(Gtk::Window& parent);
 
 }  // namespace velmora

@@ -9,6 +9,9 @@ namespace velmora {
 
 /// A scrolled window that asks for the size of its content, lines broken for the width that there is, and
 /// takes what it gets. REQUIRES: a content.
+///
+/// The toolkit's own asks for the height that the content has at its least width, with each label broken
+/// into as many lines as it can be: a dialog would open far too high, and mostly empty.
 class FittingScroller : public Gtk::ScrolledWindow {
 public:
     FittingScroller() {

@@ -9,6 +9,9 @@ namespace velmora {
 /// Counted are a click on a row, also on the one that has the cursor already, and a move of the cursor or
 /// the Enter key on the keyboard. The moves that the list makes of itself are not: to its first row when it
 /// gets the keyboard, to a neighbour when the row of the cursor goes.
+///
+/// The toolkit's own signals tell of cursors and of activated rows, not of what the person did: a click on
+/// the row of the cursor changes nothing and is silent, while a row that goes moves the cursor and isn't.
 class DSTreeView : public Gtk::TreeView {
 public:
     sigc::signal<void>& signal_row_reached() { return m_row_reached; }

@@ -12,6 +12,8 @@ namespace velmora {
 
 /// Two lists side by side, the engines that take part in a tournament on the right, the other installed ones
 /// on the left. A click on a row moves the engine to the other list.
+///
+/// The order on the right is that of the schedule, so rows are appended and never sorted.
 class ParticipantsPanel : public Gtk::Box {
 public:
     using ModelColumns = DeleteSelection::MyColumns;
@@ -34,6 +36,7 @@ private:
     Gtk::Label m_chosen_title{"Participants", Gtk::ALIGN_START};
     DeleteSelection m_installed;
     DeleteSelection m_chosen;
+    /// A move of a row moves the cursor of the list that it leaves, which is no further click.
     bool m_moving = false;
 };
 

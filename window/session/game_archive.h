@@ -7,6 +7,9 @@ namespace velmora {
 
 /// A PGN file that only ever grows: the running archive of finished games, or a file that the person saves
 /// to.
+///
+/// Games are appended because an archive may be large, and whoever reads it meanwhile finds whole games. A
+/// game is one write, so that two programs in one directory don't mix theirs.
 class GameArchive {
 public:
     explicit GameArchive(std::string path) : m_path(std::move(path)) {}

@@ -5,6 +5,9 @@
 namespace velmora {
 
 /// Whose moves the person at the board may make: each side is played by a person or by an engine.
+///
+/// Of the eight answers that two flags and a mode could give there are four, each with a name; a change of
+/// seats is one assignment, so no state lies between.
 class Seats {
 public:
     static constexpr Seats of_people() { return {false, false}; }
