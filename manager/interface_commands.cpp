@@ -113,6 +113,7 @@ void InterfaceCommands::run(const to_referee::SetBoard& command) {
     m_learn.post_hints();
 }
 
+/// An option is one of the first seat's: in a match settings come from the list of installed engines.
 void InterfaceCommands::run(const to_referee::SetOption& command) {
     if (!command.name.empty()) m_seats.set_option(command.name, command.value);
 }

@@ -148,7 +148,8 @@ void Interface::connect_views() {
     signal_map().connect([this] { m_windows.remember_size(); });
 }
 
-/// True keeps the window: it goes when the referee has answered, and has quit its engines until then.
+/// True keeps the window: it goes when the referee has answered, by which time the engines have been told
+/// to quit.
 bool Interface::on_delete_event(GdkEventAny* /*event*/) {
     m_link.send(to_referee::Quit());
     return true;

@@ -40,8 +40,8 @@ struct Views {
 /// Four narrow interfaces in one class, because the widgets behind them are one window, and what shows a
 /// position concerns several of them.
 ///
-/// The PGN text isn't shown at once but when the loop has nothing better to do: stepping through a game
-/// with a held key changes it thirty times a second, and nobody reads it then.
+/// The PGN text isn't shown at once but when the loop has nothing better to do: a held key or a fast match
+/// changes it many times a second.
 class MainScreen : public BoardView,
                    public ClockView,
                    public NotesView,

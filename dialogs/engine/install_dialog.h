@@ -36,7 +36,8 @@ private:
     InstalledEngines m_installed;
     Gtk::Grid m_grid;
     int m_row = 0;  // the next free one
-    /// In a deque, here as in the other dialogs: a widget can't be moved once it is in a container.
+    /// A deque, here as in the other dialogs: the grid knows where a widget is, so it must stay there while
+    /// the list grows.
     std::deque<Gtk::Label> m_labels;
     Gtk::Entry m_name;
     Gtk::Entry m_elo;

@@ -35,8 +35,8 @@ public:
 
 /// Reads a source on a thread of its own and hands over what there is at any time.
 ///
-/// The thread ends by itself at the end of the file. What it has read waits in one vector that is swapped
-/// out under the mutex, so that the main thread never waits for the disk.
+/// The thread ends by itself at the end of the file. What it has read waits in one vector, and the mutex is
+/// held for moving entries alone, so that the main thread never waits for the disk.
 class EntryReader {
 public:
     /// Makes the source; called on the reader's thread, since opening a file can take its time too.

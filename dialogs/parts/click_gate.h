@@ -8,8 +8,6 @@ namespace velmora {
 
 /// Decides which clicks on a list count: the very first one does not, and none does that follows an accepted
 /// one within 100 ms, so that a bouncing button moves one row.
-///
-/// The first click is the one by which the list comes to have the keyboard.
 class ClickGate {
 public:
     /// `now` is for tests, which bring a time of their own.

@@ -44,8 +44,7 @@ public:
     bool remove(const std::string& name, Force force);
 
     /// Asks the click gate for a click that changes more than this list.
-    /// One question for the move of a row from one list to the other, or the second list's gate might be
-    /// shut when the first has lost the row.
+    /// One question decides for the move of a row from one list to another.
     bool accept_click() { return m_gate.accept(); }
 
     /// All names in row order.

@@ -11,7 +11,8 @@ namespace velmora {
 /// gets the keyboard, to a neighbour when the row of the cursor goes.
 ///
 /// The toolkit's own signals tell of cursors and of activated rows, not of what the person did: a click on
-/// the row of the cursor changes nothing and is silent, while a row that goes moves the cursor and isn't.
+/// the row of the cursor changes nothing and is silent, while the end of a row moves the cursor and is
+/// told.
 class DSTreeView : public Gtk::TreeView {
 public:
     sigc::signal<void>& signal_row_reached() { return m_row_reached; }

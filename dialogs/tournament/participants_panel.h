@@ -36,7 +36,6 @@ private:
     Gtk::Label m_chosen_title{"Participants", Gtk::ALIGN_START};
     DeleteSelection m_installed;
     DeleteSelection m_chosen;
-    /// A move of a row moves the cursor of the list that it leaves, which is no further click.
     bool m_moving = false;
 };
 

@@ -235,6 +235,8 @@ std::optional<Move> XboardEngine::read_move(const ChessPosition& position, std::
     }
 }
 
+/// The referee gets the word as it was where it can't be read: it is the one to say that the move is
+/// illegal.
 DriverMessage XboardEngine::take_move(std::string_view word) {
     if (const auto game = m_stopped.pay()) {
         follow_stopped_move(word, *game);

@@ -120,6 +120,7 @@ bool Engio::enter_reader() {
     return m_reading;
 }
 
+/// quit() may be waiting for it, on the owner's thread.
 void Engio::leave_reader() {
     const std::lock_guard lock(m_reader_mutex);
     m_reading = false;
@@ -159,6 +160,8 @@ bool Engio::wait_for_output() {
     return false;
 }
 
+/// A line that waits is flushed by the first urgent one behind it or by the clock, whichever comes first;
+/// more lines that can wait don't put it off.
 void Engio::flush_or_hold() {
     using Held = LineReceiver::Held;
     Held held = Held::nothing;
@@ -254,6 +257,7 @@ void Engio::write_lines(std::span<const std::string_view> lines) {
     m_wakeup->wake();
 }
 
+/// The order is what matters: the flag, the word, the reader's end, and only then the descriptors.
 void Engio::quit() {
     if (!m_spawned) return;
     // Set ahead of the command: an engine that leaves at once has not crashed.

@@ -14,7 +14,7 @@ namespace velmora {
 /// Nothing watches the file; whoever writes last wins. Belongs to the thread that made it.
 ///
 /// The file is rows of a word and a value, one block for each engine:
-/// 
+///
 ///     name Some Engine
 ///     filename /usr/games/some-engine
 ///     protocol uci

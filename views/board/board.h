@@ -71,7 +71,7 @@ private:
     Drawing m_drawing;
     std::pair<Square, Square> m_move{Square(0), Square(0)};  // shown squares
     /// Kept as they came, to be turned when the board is.
-    BoardMarks m_marks;                                      // squares of the position
+    BoardMarks m_marks;  // squares of the position
 };
 
 }  // namespace velmora

@@ -14,8 +14,8 @@ namespace velmora {
 
 /// The fourteen images of the board, rendered for one size of a cell.
 ///
-/// The files are vector graphics, and reading and rendering them is by far the dearest part of showing the
-/// board; so it is done once a size and both forms are kept, pixbufs for the choosers and surfaces for the
+/// The files are vector graphics, whose rendering takes some frames' time; so it is done once a size and
+/// both forms are kept, pixbufs for the choosers and surfaces for the
 /// board. A program that finds none of its images must still be usable, hence the plain ones.
 class BoardImages {
 public:

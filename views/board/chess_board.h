@@ -49,7 +49,7 @@ public:
 
     /// Has a screen reader say a text, for instance the last move; it also stays as the description of the
     /// board.
-    /// A screen reader is not told of a move by the squares that change, which are two of sixty-four.
+    /// In words, since nobody hears a game from two squares that have changed.
     void announce(const std::string& text);
 
     /// A drag or a click has ended over a square; get_move() tells which.

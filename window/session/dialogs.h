@@ -64,7 +64,8 @@ public:
     virtual int choose_hints() = 0;
 
     /// The chosen path, empty for none.
-    /// An answer "save" over a file that is there has been confirmed by then.
+    /// A position replaces its file, so an existing one is asked for once more; games are appended, and
+    /// nobody is asked.
     virtual std::string choose_file(FileKind kind) = 0;
     /// Lets the person choose a game of a PGN file: where it begins, in bytes from the start of the file.
     virtual std::optional<std::uint64_t> choose_game(const std::string& path) = 0;

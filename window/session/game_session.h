@@ -100,7 +100,7 @@ public:
     /// What the last move took, as the referee writes it.
     void append_move_time(std::string_view milliseconds);
     /// Takes back the last move, if one has been played since the position was set up or stepped to.
-    /// Not beyond that: what lies behind it was loaded or stepped to, and the referee knows nothing of it.
+    /// Not beyond that: what lies before was loaded or stepped to, not played.
     void take_back();
     /// Ends the record with a result, the words in braces behind it, and the tags of a finished game.
     /// The referee knows why a game has ended, the session knows the record: words and tags come together

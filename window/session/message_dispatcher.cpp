@@ -96,8 +96,7 @@ void MessageDispatcher::handle(const to_window::NewGame& /*line*/) {
     m_screen.clocks.stop_clocks();
 }
 
-/// A game without a move isn't worth a place in the archive: a match between an engine and one that doesn't
-/// start would fill it.
+/// A game without a move isn't worth a place in the archive.
 void MessageDispatcher::handle(const to_window::GameOver& line) {
     if (m_session.record().is_empty()) return;
     m_screen.clocks.stop_clocks();

@@ -12,7 +12,7 @@ std::vector<std::string_view> first_fields(std::string_view line);
 
 /// Whether the first four fields of a FEN or EPD line can be a position: side, castling, en passant and ranks
 /// of eight squares. Rules of the game, such as the number of kings, aren't asked.
-/// The rules aren't asked because a problem or a lesson may well have no king or nine pawns.
+/// That is on purpose: a problem or a lesson may break them, with nine pawns for instance.
 bool is_position_line(std::string_view line);
 
 /// The operations of an EPD line that name a tag of the roster, as tag and value. An opcode counts in upper

@@ -6,8 +6,8 @@ namespace velmora {
 
 /// Whose moves the person at the board may make: each side is played by a person or by an engine.
 ///
-/// Of the eight answers that two flags and a mode could give there are four, each with a name; a change of
-/// seats is one assignment, so no state lies between.
+/// One value and not two flags, so that a change of seats is one assignment, and nobody sees one side
+/// changed and the other not.
 class Seats {
 public:
     static constexpr Seats of_people() { return {false, false}; }
