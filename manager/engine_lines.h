@@ -11,7 +11,7 @@ namespace velmora {
 
 /// The receiving end of what the engines say.
 ///
-/// Whether a line counts is decided here, once for both seats: it must come from the engine that sits there
+/// Whether a move counts is decided here, once for both seats: it must come from the engine that sits there
 /// now, the mode must be one in which engines move, and it must be that engine's turn. What fails this is
 /// late, not wrong, and is dropped without a word. What passes and is no legal move loses the game.
 class EngineLines {

@@ -23,10 +23,8 @@ GameEnd result(const ChessPosition& position);
 bool is_adjudicated_draw(const ChessPosition& position);
 
 /// Whether what is left is too little for a mate by force: at most one minor piece each, and no bishops on
-/// squares
-/// of opposite colour.
-/// With so little, mates exist with the opponent's help alone; those of opposite bishops are left to be
-/// played out.
+/// squares of opposite colour. With so little, mates exist with the opponent's help alone; those of
+/// opposite bishops are left to be played out.
 bool is_insufficient_material(const ChessPosition& position);
 
 /// The generated move that `move` stands for; the empty move when it isn't legal.

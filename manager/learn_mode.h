@@ -13,7 +13,8 @@ namespace velmora {
 /// the book's moves can be shown ahead. No engine takes part.
 ///
 /// The window plays the person's move at once and the referee judges it afterwards; a bad one is taken back
-/// by "takeback". A move is judged by its squares alone: a book has one entry a promotion, and which piece
+/// by "takeback". A move is judged by its squares alone: a book has one entry for each promotion, and which
+/// piece
 /// the person takes isn't what is drilled.
 class LearnMode {
 public:

@@ -30,7 +30,8 @@ std::string thinking_as_info(std::string_view line);
 
 /// The commands of the edit mode that set up the board of a position, "edit" and "." included.
 /// "#" clears the board, pieces are named with their square ("Ke1"), "c" turns to Black's. The mode knows
-/// nothing of castling rights or the side to move: the engine makes them up from where the pieces stand.
+/// nothing of the side to move, nor of castling rights, which the engine makes up from where the pieces
+/// stand.
 std::vector<std::string> edit_commands(const ChessPosition& position);
 
 }  // namespace velmora::xboard

@@ -22,9 +22,9 @@ namespace velmora {
 ///     handicap 50
 ///     setoption name Hash value 64
 ///
-/// The protocol is kept so that loading need not probe for it. Of an option only name and value are kept:
-/// type and limits are announced at every start and may change with the program. Empty rows, rows that
-/// begin with another word and a missing row are no errors, since people edit the file.
+/// The protocol is kept so that loading need not try the others. Of an option only name and value are kept:
+/// type and limits are announced at every start and may change with the program. Missing rows, empty ones
+/// and those of another word are no errors, since people edit the file.
 class InstalledEngines {
 public:
     /// By the name under which the engine is installed.

@@ -15,8 +15,8 @@ namespace velmora {
 /// The fourteen images of the board, rendered for one size of a cell.
 ///
 /// The files are vector graphics, whose rendering takes some frames' time; so it is done once a size and
-/// both forms are kept, pixbufs for the choosers and surfaces for the
-/// board. A program that finds none of its images must still be usable, hence the plain ones.
+/// both forms are kept, pixbufs for the choosers and surfaces for the board. A program that finds none of
+/// its images must still be usable, hence the plain ones.
 class BoardImages {
 public:
     /// Renders all images at a size in device pixels, from the data directory as it is found now. An image

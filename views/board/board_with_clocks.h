@@ -13,8 +13,8 @@ namespace velmora {
 /// However long the bar is, it asks for no more than the board at its least size takes: a window can be made
 /// small again at once.
 ///
-/// The box places its two children itself because the toolkit's boxes give all spare height to one of them,
-/// while here bar and board must grow together.
+/// The box places its two children itself because the toolkit's boxes share out spare height in equal parts
+/// or give it to one child, while here bar and board must grow in proportion.
 class BoardWithClocks : public Gtk::Box {
 public:
     BoardWithClocks(Clocks& clocks, ChessBoard& board);

@@ -42,7 +42,7 @@ public:
     /// The text that a side's label must take now; nothing while the second shown is still right, or when the
     /// time has grown by one second only: that much an update of the referee may jump without being seen.
     /// Asked at every tick of the window, twenty times a second: a label that takes a text lays itself out
-    /// anew, even if it is the same text.
+    /// anew.
     std::optional<std::string> refresh(Side side);
 
     /// What was left when the side's watch was last reset, centiseconds.

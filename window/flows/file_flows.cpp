@@ -92,8 +92,8 @@ void FileFlows::load_previous_position() {
     step_to_position(std::max(m_position_index, first_position + 1) - 1);
 }
 
-/// Lines are counted from the front each time. Lists of positions are short, and to keep places in a file
-/// that may be edited would go wrong unnoticed.
+/// Lines are counted from the front each time: places kept of a file that may have been edited since would
+/// go wrong unnoticed.
 void FileFlows::step_to_position(std::size_t index) {
     if (m_position_file.empty() || m_frame.mode() == Mode::tournament) return;
     m_frame.select_mode(Mode::human_human);

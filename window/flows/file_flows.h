@@ -17,9 +17,8 @@ namespace velmora {
 /// The File menu: games and positions from and to files, and the Polyglot book.
 ///
 /// Whatever brings a game or a position ends in follow_loaded(): the record and the board have changed
-/// without a move, and the
-/// referee has to be told. Files from outside go the same way as chosen ones, so that there is one set of
-/// words for what can be wrong with a file.
+/// without a move, and the referee has to be told. Files from outside go the same way as chosen ones, so
+/// that there is one set of words for what can be wrong with a file.
 class FileFlows {
 public:
     FileFlows(GameSession& session, BoardView& board, WindowFrame& frame, Dialogs& dialogs,

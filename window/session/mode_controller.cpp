@@ -32,8 +32,6 @@ void ModeController::leave_move_to_person() {
 
 void ModeController::send_position() { m_manager.send(to_referee::SetBoard{m_session.position().fen()}); }
 
-/// The referee isn't told while pieces stand where no rules allow them; it gets the position when the
-/// set-up is left.
 void ModeController::setup(bool on) {
     m_frame.set_sensitive(MenuEntry::start_thinking, false);
     if (on) {
