@@ -14,8 +14,7 @@ namespace velmora {
 ///
 /// The window plays the person's move at once and the referee judges it afterwards; a bad one is taken back
 /// by "takeback". A move is judged by its squares alone: a book has one entry for each promotion, and which
-/// piece
-/// the person takes isn't what is drilled.
+/// piece the person takes isn't what is drilled.
 class LearnMode {
 public:
     LearnMode(RefereeState& state, EngineSeats& seats) : m_state(state), m_seats(seats) {}
