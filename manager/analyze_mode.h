@@ -6,6 +6,10 @@
 namespace velmora {
 
 /// The first engine analyses whatever position is on the board, without a limit.
+///
+/// The search is "go infinite", so no clock runs and no move of the engine's counts: a "bestmove" here is
+/// the answer to our own "stop". The colour of the engine is set to the side to move, for the window shows
+/// the search output at the place of that side.
 class AnalyzeMode {
 public:
     AnalyzeMode(RefereeState& state, EngineSeats& seats) : m_state(state), m_seats(seats) {}

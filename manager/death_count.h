@@ -8,6 +8,9 @@ namespace velmora {
 
 /// Counts the deaths of an engine between two moves of its own, to tell one that can't be kept alive from one
 /// that failed once.
+///
+/// A limit is needed because a restart leads straight to the next death where the cause is the position or
+/// a setting; without one the program would start processes as fast as it can.
 class DeathCount {
 public:
     using TimePoint = std::chrono::steady_clock::time_point;

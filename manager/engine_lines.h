@@ -10,11 +10,16 @@
 namespace velmora {
 
 /// The receiving end of what the engines say.
+///
+/// Whether a move counts is decided here, once for both seats: it must come from the engine that sits there
+/// now, the mode must be one in which engines move, and it must be that engine's turn. What fails this is
+/// late, not wrong, and is dropped without a word. What passes and is no legal move loses the game.
 class EngineLines {
 public:
     EngineLines(RefereeState& state, EngineSeats& seats) : m_state(state), m_seats(seats) {}
 
     /// Handles a whole queue line: seat number, instance id, word, rest.
+    /// A move isn't played here, it is left as the pending one: the mode's next step plays it.
     GameEnd process(Seat seat, std::string_view line);
 
 private:

@@ -112,6 +112,8 @@ void EngineSeats::replace_crashed(Seat seat) {
     m_state.position = game;
 }
 
+/// The seat is empty before the engine is told to quit, so that nothing that this brings about finds it
+/// there.
 void EngineSeats::unload(Seat seat) {
     m_state.flush();
     const auto guest = std::move(at(seat).engine);
@@ -129,6 +131,7 @@ void EngineSeats::unload_all() noexcept {
     }
 }
 
+/// The id is new with each process: lines of the one before may still be on the queue.
 void EngineSeats::welcome(Seat seat) {
     auto& guest = *engine(seat);
     guest.set_debug_stream(&m_state.log.file());

@@ -30,6 +30,11 @@ struct EngineSeat {
 ///
 /// Every engine that takes a place is given the log, the ponder flag, a fresh instance id and the time
 /// control. Manager thread only, but for published().
+///
+/// Loading goes through here in all modes, so that no engine comes to a seat without a thing that the
+/// others got. A crash is handled here as well, since it means the same thing: another process, told
+/// everything again. The first seat is special in one point alone, the copy of its record for the window's
+/// dialogs.
 class EngineSeats {
 public:
     /// `line_sink` receives what the engines say, on their reader threads.
@@ -50,6 +55,8 @@ public:
 
     /// Starts a program in a place, after whoever sits there has left. The window learns the name, or that it
     /// failed; then the place stays empty.
+    /// The place is emptied first even if the new program then fails: two programs in memory at once, each
+    /// with its hash table, may be more than the machine has.
     void load_engine(Seat seat, const std::string& path, Protocol protocol);
 
     /// The same by the name in the list of installed engines, with the settings stored there. An empty name
@@ -78,6 +85,7 @@ public:
     void set_ponder(bool ponder);
     void pass_debug_flag();
     /// Hands out the time control of the state, and tells the window each engine's clock.
+    /// Also in the middle of a game: the engines' clocks begin anew with it.
     void pass_level();
 
     /// Sets an option of the first engine, which gets it as soon as it is at rest.

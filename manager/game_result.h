@@ -14,13 +14,17 @@ namespace velmora {
 using GameEnd = std::optional<GameOutcome>;
 
 /// The end of the game by its rules.
+/// All draws count as soon as they may be claimed: UCI, in whose words all engines answer here, has none
+/// for a claim.
 GameEnd result(const ChessPosition& position);
 
 /// Whether a match game is called a draw: one equal piece on each side and nothing happened for six plies.
+/// Engines would shuffle such an ending for fifty moves, and a tournament has many games to play.
 bool is_adjudicated_draw(const ChessPosition& position);
 
-/// Whether neither side can mate with what is left: at most one minor piece each, and no bishops on squares
-/// of opposite colour.
+/// Whether what is left is too little for a mate by force: at most one minor piece each, and no bishops on
+/// squares of opposite colour. With so little, mates exist with the opponent's help alone; those of
+/// opposite bishops are left to be played out.
 bool is_insufficient_material(const ChessPosition& position);
 
 /// The generated move that `move` stands for; the empty move when it isn't legal.
@@ -31,6 +35,8 @@ Move legal_move(const ChessPosition& position, Move move);
 bool play_if_legal(ChessPosition& position, Move move);
 
 /// A move in coordinate form, the empty move when it can't be read. It need not be legal.
+/// Without exceptions: what is read here comes from engines and persons, where nonsense is an ordinary
+/// answer.
 Move parse_move(const ChessPosition& position, std::string_view text);
 
 /// The loss of a side. The reason may hold an engine's words: they are cleaned, so that nothing in them ends

@@ -31,6 +31,7 @@ void InterfaceCommands::process(std::string_view line) {
     if (m_state.log.is_on()) m_state.log.write(" interface -> " + std::string(line));
     const auto command = to_referee::decode(reader.rest());
     if (!command) return;
+    // The once-a-second word of a waiting window is nobody's wish for another game.
     if (!to_referee::effects_of(reader.rest()).only_wakes) m_state.game_over = false;
     std::visit([this](const auto& of) { run(of); }, *command);
 }
@@ -112,6 +113,7 @@ void InterfaceCommands::run(const to_referee::SetBoard& command) {
     m_learn.post_hints();
 }
 
+/// An option is one of the first seat's: in a match settings come from the list of installed engines.
 void InterfaceCommands::run(const to_referee::SetOption& command) {
     if (!command.name.empty()) m_seats.set_option(command.name, command.value);
 }

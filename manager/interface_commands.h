@@ -13,6 +13,12 @@
 namespace velmora {
 
 /// Carries out the commands of the window, one function a command.
+///
+/// The line is decoded to a value first; the overload is chosen by the value's type, so that a command
+/// which is added to the language and not handled here doesn't compile.
+///
+/// Commands that belong to one mode are passed on to it; what stands here is what concerns several: that a
+/// load ends a match, that a new position silences the engines.
 class InterfaceCommands {
 public:
     InterfaceCommands(RefereeState& state, EngineSeats& seats, AnalyzeMode& analyze, PlayMode& play,

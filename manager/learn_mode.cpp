@@ -45,6 +45,8 @@ void LearnMode::learn_openings(int hint_mask) {
     m_seats.stop_all();
 }
 
+/// A book that isn't open stays so: it is opened by the drill, where a fault is told to somebody who waits
+/// for it.
 void LearnMode::set_book(const std::string& path) {
     m_book.set_path(path);
     if (!m_book.is_open()) return;

@@ -11,6 +11,10 @@ namespace velmora {
 
 /// A drill against an opening book: the person plays both sides, each move is judged by the book's moves, and
 /// the book's moves can be shown ahead. No engine takes part.
+///
+/// The window plays the person's move at once and the referee judges it afterwards; a bad one is taken back
+/// by "takeback". A move is judged by its squares alone: a book has one entry for each promotion, and which
+/// piece the person takes isn't what is drilled.
 class LearnMode {
 public:
     LearnMode(RefereeState& state, EngineSeats& seats) : m_state(state), m_seats(seats) {}

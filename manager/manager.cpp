@@ -65,6 +65,8 @@ void Manager::operator()() {
     m_state.flush();
 }
 
+/// The window is given what was written for it when there is nothing left to do, and not line by line: one
+/// turn often says five things, and each waking costs more than the lines do.
 std::string Manager::next_line() {
     if (auto line = m_queue.try_pop()) return *std::move(line);
     m_state.flush();
@@ -150,6 +152,8 @@ void Manager::end_game(const GameOutcome& outcome) {
     }
 }
 
+/// The window's lines are counted as taken although nobody looked at them: the window waits for that number
+/// before it believes the referee again.
 void Manager::forget_waiting_lines() {
     m_queue.clear([this](const std::string& line) {
         if (sender_of(line) == window_sender) ++m_taken;
@@ -157,6 +161,8 @@ void Manager::forget_waiting_lines() {
     m_state.window.acknowledge(m_taken);
 }
 
+/// A match isn't continued behind a failure: whose fault it was can't be told, and its games would be
+/// counted.
 void Manager::contain(const std::string& failure) {
     std::cerr << failure << std::endl;
     m_state.send(to_window::TellUser{"Error:", " " + text::one_line(failure)});

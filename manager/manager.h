@@ -26,6 +26,14 @@ namespace velmora {
 /// destroys it. Lines reach it through put_command(); what it has to say goes to the window line by line.
 /// It acts only when a line arrives: each line is dispatched by its sender, then the game takes one step and
 /// the watch looks at the engines. Nothing runs on a timer, so a game is driven by what the engines say.
+///
+/// The modes and commands are rooms of their own that share the RefereeState; this class owns them and
+/// keeps the order of a turn. A room never ends a game itself: it returns the GameEnd, and settle() acts on
+/// it when the room has returned. To end a game in a match seats new engines, which no function that still
+/// holds the old one may see happen.
+///
+/// The members' order is the order of construction: the rooms hold references to what stands above them,
+/// and the engines go before the queue into which their threads write.
 class Manager : public CommandSink {
 public:
     /// `window` must outlive the Manager; `program_path` is argv[0]; `probe_interval` is the sleep between
@@ -48,6 +56,8 @@ public:
 
     /// A copy of all that is known of the engine in the first seat; std::logic_error when there is none. Any
     /// thread; never waits for an engine.
+    /// A copy by intent: the window may ask while the referee waits 15 seconds for another engine's
+    /// handshake.
     EngineVariables get_enginevariables() const { return m_seats.published().variables(); }
 
     /// Whether the first seat is filled. Any thread.

@@ -11,6 +11,9 @@ namespace velmora {
 ///
 /// The engine drivers write their trace lines into the same file, from their own threads; the file itself
 /// keeps lines whole.
+///
+/// The time runs from the start of the session, so that the distance of two lines can be read off them; the
+/// drivers stamp by the wall clock, as the engines' own logs do.
 class ManagerLog {
 public:
     /// Opens the log for appending, or closes it. A file that can't be opened leaves the log on and mute.

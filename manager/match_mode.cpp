@@ -85,6 +85,7 @@ void MatchMode::start_tournament() {
     start_game();
 }
 
+/// A game whose program can't be started ends the run, and its result stays open in the file.
 void MatchMode::start_game() {
     m_state.pending = Move();
     m_over_at_start = false;
@@ -204,6 +205,8 @@ GameEnd MatchMode::engine_moved(Seat seat, Move move) {
     return {};
 }
 
+/// The clock runs from our "go" to our reading of the move; what pipes and a busy machine add to that must
+/// not cost the game.
 bool MatchMode::oversteps(const GuiEngine& engine) const {
     return engine.state().clock.time_left() < -forgiven_overstep && !m_tournament.ignore_time_loss();
 }
@@ -217,6 +220,7 @@ void MatchMode::play(Seat seat, Move move) {
     }
 }
 
+/// The window is given its lines ahead of the pause, so that the board moves while the engines rest.
 void MatchMode::start_search(Seat seat, std::chrono::steady_clock::time_point start) {
     auto& mover = engine(seat);
     prepare_to_move(mover, m_state.position);
@@ -229,6 +233,7 @@ void MatchMode::start_search(Seat seat, std::chrono::steady_clock::time_point st
     m_state.turn = turn_of(seat);
 }
 
+/// No engine loses by a crash while its last line still waits, for that may be the move that mates.
 GameEnd MatchMode::watch(Seat seat, const std::function<bool()>& has_waiting_lines) const {
     if (!is_game_running()) return {};
     const bool crashed = engine(seat).has_crashed();
@@ -267,6 +272,7 @@ void MatchMode::finish_run() {
     m_state.send(to_window::TournamentFinished());
 }
 
+/// The game that is broken off leaves no result; the next start plays it from its beginning.
 void MatchMode::leave() {
     if (!is_running()) return;
     m_state.enter(ManagerMode::human_human);

@@ -18,6 +18,13 @@ namespace velmora {
 
 /// The first engine against the second, game after game as the tournament's file prescribes; the window only
 /// looks on. The first seat plays White in every game: colours change by the names that are loaded.
+///
+/// A game is a chain of answers. Each step plays the move that came, says it to the window, looks for the
+/// end and has the other engine go; then the thread is free until the next line. watch() is for what sends
+/// no more lines.
+///
+/// An engine that fails loses, it isn't started again: a restarted one would have another clock and an
+/// empty hash table. Both are loaded afresh for each game, so that no game depends on the one before.
 class MatchMode {
 public:
     MatchMode(RefereeState& state, EngineSeats& seats);
@@ -45,6 +52,7 @@ public:
     std::optional<pthread_t> answering_thread() const;
 
     /// Stores a finished game, and starts the next one or ends the tournament.
+    /// The file is written after each game, so that a tournament that is cut off goes on where it was.
     void game_over(GameResult ended);
 
     /// Leaves a running match: the engines stop, the tournament's file stands as it is. Does nothing in any

@@ -45,6 +45,7 @@ void PlayMode::fix_colours() {
     send_names(*engine);
 }
 
+/// A random start of Chess960 is made here and told to the window, for both must have the same.
 void PlayMode::new_game() {
     auto* const engine = m_seats.engine(Seat::first);
     if (engine == nullptr) return;
@@ -94,6 +95,7 @@ GameEnd PlayMode::user_moved() {
     return {};
 }
 
+/// The move is told before it is played: the window must have it when the end of the game follows.
 GameEnd PlayMode::engine_moved() {
     const Move move = std::exchange(m_state.pending, Move());
     m_seats.note_move(Seat::first);

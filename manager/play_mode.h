@@ -7,6 +7,9 @@
 namespace velmora {
 
 /// A person against the first engine. The person's clock runs in the window alone; nobody loses on time.
+///
+/// The colours aren't chosen anywhere: whoever moves takes the side to move. The window's menu says only
+/// who is to begin, and a person who moves on the engine's turn takes its place.
 class PlayMode {
 public:
     PlayMode(RefereeState& state, EngineSeats& seats) : m_state(state), m_seats(seats) {}

@@ -9,6 +9,9 @@ namespace velmora {
 
 /// A copy of what is known of the first engine, for the window's dialogs: the one record that crosses the
 /// threads. The mutex is held for the copy alone, so nobody ever waits for an engine here.
+///
+/// The alternative, a question by line and an answer by line, would have the dialog wait for a referee that
+/// may be waiting for an engine.
 class PublishedEngine {
 public:
     void publish(std::optional<EngineVariables> variables);

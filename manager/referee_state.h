@@ -14,6 +14,10 @@
 namespace velmora {
 
 /// What all the rooms of the referee share. Touched on the Manager's thread only.
+///
+/// A struct without a rule of its own, on purpose: the modes are told apart by who changes what, and each
+/// of them needs nearly all of it. No lock, since one thread owns it; what other threads may see stands
+/// elsewhere.
 struct RefereeState {
     RefereeState(CommandSink& window_lines, std::stop_token quit_is_due)
         : window(window_lines), leaving(std::move(quit_is_due)) {
@@ -46,6 +50,7 @@ struct RefereeState {
     Level level;
     ManagerMode mode = ManagerMode::human_human;
     MoveTurn turn = MoveTurn::user;
+    /// One is enough: a later move of the same turn replaces the earlier one.
     Move pending;             ///< waits for the next game step; empty when none does
     bool has_arrows = false;  ///< of the drill, on the window's board
     bool game_over = false;   ///< nobody has asked for anything since a game ended

@@ -9,6 +9,8 @@ namespace velmora {
 inline constexpr int default_board_size = 560;
 
 /// What the command line asks for.
+///
+/// A value that is decided on before the toolkit is made: "--help" has to answer where there is no display.
 struct CommandLine {
     int board_size = default_board_size;
     bool has_board_size = false;

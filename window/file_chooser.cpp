@@ -10,6 +10,7 @@ namespace velmora {
 
 namespace {
 
+/// By the number of the FileKind. Engines are told by their type, for programs have no extension here.
 struct KindRow {
     Gtk::FileChooserAction action;
     const char* filter_name;

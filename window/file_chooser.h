@@ -12,6 +12,9 @@ namespace velmora {
 
 /// The one file dialog of the program. It opens in the folder used last; engines are first looked for where
 /// the system keeps its games.
+///
+/// Engines have a folder of their own in its memory, for they lie with the system's programs, and games
+/// with the person's files; one folder for both would lead astray at each change.
 class FileChooser {
 public:
     explicit FileChooser(Gtk::Window& parent) : m_parent(parent) {}

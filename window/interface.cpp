@@ -158,6 +158,8 @@ void Interface::connect_views() {
     signal_map().connect([this] { m_windows.remember_size(); });
 }
 
+/// True keeps the window: it goes when the referee has answered, by which time the engines have been told
+/// to quit.
 bool Interface::on_delete_event(GdkEventAny* /*event*/) {
     m_link.send(to_referee::Quit());
     return true;
@@ -203,6 +205,8 @@ bool Interface::on_timeout() {
     return true;
 }
 
+/// The number goes with the line and not beside it, so that it is the one of the time of writing, however
+/// long the line waits.
 void Interface::put_command(const std::string& line) { m_queue.put(std::to_string(m_taken) + ' ' + line); }
 
 void Interface::process_manager_messages() {

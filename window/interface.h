@@ -45,6 +45,11 @@ namespace velmora {
 /// Everything here runs on the toolkit's main thread but put_command() and acknowledge(), over which the
 /// referee's thread speaks. Closing is a round trip: "quit" to the referee, "quit" back, and only then does
 /// the window go.
+///
+/// It owns and connects, and does nothing else: what happens when something is clicked or said stands in
+/// the rooms, each of which has what it needs by reference. The members' order is the order in which they
+/// are made, and each refers only to what stands above it; the thread comes last, when everything that a
+/// line may touch is there.
 class Interface : public Gtk::Window, public CommandSink {
 public:
     /// @param program_path  argv[0], handed on to the referee
@@ -60,6 +65,8 @@ public:
 
     /// Carries out all lines that wait, with the queue locked: a message box holds up the referee until it is
     /// answered. A line that fails is reported and the next one is taken.
+    /// The lock is held on purpose: without it the referee would play on behind a box that tells of an
+    /// engine's death, and the person would answer to a game that has long changed.
     void process_manager_messages();
     /// Shows the position on the board and in the FEN entry.
     void refresh_board() { m_session.tell({Change::position}); }
@@ -80,6 +87,8 @@ protected:
                                const Gtk::SelectionData& data, guint info, guint time) override;
 
 private:
+    /// A timer and not a wake-up for each line: the lines of one move come together, and fifty milliseconds
+    /// are less than one notices.
     bool on_timeout();
     void open_dropped(const std::vector<Glib::ustring>& uris);
     void lay_out();

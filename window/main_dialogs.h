@@ -15,6 +15,9 @@ namespace velmora {
 class ChessBoard;
 
 /// The questions of the real window, each a modal dialog above it.
+///
+/// Each function makes its dialog, runs it and drops it; nothing is kept between two questions but what the
+/// file chooser remembers.
 class MainDialogs : public Dialogs {
 public:
     /// @param board  lends the choosers its images, which have the size of its squares

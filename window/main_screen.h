@@ -34,6 +34,12 @@ struct Views {
 
 /// The screen of the real window: hands what the logic says on to the widgets, and the session's game to the
 /// views.
+///
+/// Four narrow interfaces in one class, because the widgets behind them are one window, and what shows a
+/// position concerns several of them.
+///
+/// The PGN text isn't shown at once but when the loop has nothing better to do: a held key or a fast match
+/// changes it many times a second.
 class MainScreen : public BoardView,
                    public ClockView,
                    public NotesView,

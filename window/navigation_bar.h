@@ -11,6 +11,8 @@ namespace velmora {
 class Navigation;
 
 /// The four buttons under the board that step through the game.
+///
+/// Images are loaded when the bar comes onto the screen, not ahead of it.
 class NavigationBar : public Gtk::ButtonBox {
 public:
     NavigationBar();

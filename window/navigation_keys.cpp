@@ -11,6 +11,7 @@ void NavigationKeys::attach(Gtk::Window& window) {
     window.signal_key_press_event().connect(take, false);
 }
 
+/// With a modifier they are somebody else's: the window manager's, or a shortcut.
 bool NavigationKeys::on_key(GdkEventKey* event, const Gtk::Window* window) {
     const auto modifiers = event->state & gtk_accelerator_get_default_mod_mask();
     return modifiers == 0 && !is_typing(*window) && press(event->keyval);

@@ -7,6 +7,9 @@
 namespace velmora {
 
 /// Left, Right, Home and End step through the game, in each window that shows it, wherever no text is edited.
+///
+/// No accelerators of the menu: those come ahead of an entry, too, whose cursor the same keys move, and
+/// they serve the main window alone.
 class NavigationKeys : public sigc::trackable {
 public:
     explicit NavigationKeys(Navigation& navigation) : m_navigation(navigation) {}

@@ -20,6 +20,7 @@ std::string description(const Option& option) {
     return option.name + ":  " + option.value;
 }
 
+/// The list of engines has one line for each value, so a line feed that was pasted must not get there.
 std::string entered_line(const Gtk::Entry& entry) {
     return std::string(text::trim_white_space(text::one_line(entry.get_text().raw())));
 }

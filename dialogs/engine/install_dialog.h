@@ -14,6 +14,9 @@
 namespace velmora {
 
 /// The dialog "Install engine": records a loaded engine under a name in the list of installed engines.
+///
+/// The engine runs when it is installed, which is how its options are known here. What the dialog doesn't
+/// show of the record is stored as it is.
 class InstallDialog : public ModalDialog {
 public:
     /// Reads the list, from which an engine of that name takes its Elo and handicap.
@@ -33,6 +36,8 @@ private:
     InstalledEngines m_installed;
     Gtk::Grid m_grid;
     int m_row = 0;  // the next free one
+    /// A deque, here as in the other dialogs: the grid knows where a widget is, so it must stay there while
+    /// the list grows.
     std::deque<Gtk::Label> m_labels;
     Gtk::Entry m_name;
     Gtk::Entry m_elo;

@@ -12,6 +12,9 @@
 namespace velmora {
 
 /// The dialog "Choose Engine": the installed engines, of which one is loaded or removed.
+///
+/// Removing is a matter of the list alone and done here, loading one of the referee and left to the caller.
+/// The program itself isn't touched by either.
 class InstalledList : public ModalDialog {
 public:
     class ModelColumns : public NumberedColumns {

@@ -15,6 +15,8 @@
 /// for as long as the widget lives.
 namespace velmora {
 
+/// One class for each type of the UCI protocol, "check", "spin", "combo", "button" and "string". They write
+/// through a reference, so that the dialog needs no step in which everything is collected.
 class OptionCheckButton : public Gtk::CheckButton {
 public:
     explicit OptionCheckButton(Option& option);

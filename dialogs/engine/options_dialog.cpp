@@ -27,6 +27,7 @@ OptionsDialog::OptionsDialog(const Glib::ustring& title, Gtk::Window& parent, st
     set_default_response(Gtk::RESPONSE_OK);
 }
 
+/// By type and not in the engine's order: widgets of one kind make a grid in which one finds something.
 void OptionsDialog::add_widgets(std::vector<Option>& options) {
     const auto each = [&](std::string_view type, const auto& add) {
         for (std::size_t i = 0; i < std::min(options.size(), most_options); ++i) {

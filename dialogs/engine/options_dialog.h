@@ -15,6 +15,8 @@ namespace velmora {
 
 /// Shows the options of an engine, one widget each, and writes what the user does into them at once: there is
 /// no way to take it back, so the caller keeps a copy to compare with.
+///
+/// A button among the options acts when the engine is told of it, which is after the dialog.
 class OptionsDialog : public ModalDialog {
 public:
     /// The options that are looked at; those behind them are not shown.

@@ -86,6 +86,8 @@ void ChooserList::stop() {
 }
 
 /// Puts what has been read into the list, for a moment; false when nothing is left to do.
+/// Ends by the clock and not by a count: rows cost more on a slow machine, and the window must answer
+/// there, too.
 bool ChooserList::fill() {
     constexpr auto time_slice = 20ms;
     constexpr std::size_t largest_bulk = 200'000;  // rows; those behind are seen to come

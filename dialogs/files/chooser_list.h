@@ -20,6 +20,10 @@ namespace velmora {
 ///
 /// A file of any size may be listed: the reader has a thread of its own, the list fills in small batches
 /// while the window stays alive, and the user may answer at any time.
+///
+/// Collections of games reach gigabytes. To read one ahead of the dialog would leave the person before a
+/// dead window; to read it on the main thread in pieces would tie the speed of reading to that of the list.
+/// The batches are small enough that a click between two of them is answered at once.
 class ChooserList : public Gtk::Box {
 public:
     ~ChooserList() override;

@@ -34,6 +34,9 @@ public:
 };
 
 /// Reads a source on a thread of its own and hands over what there is at any time.
+///
+/// The thread ends by itself at the end of the file. What it has read waits in one vector, and the mutex is
+/// held for moving entries alone, so that the main thread never waits for the disk.
 class EntryReader {
 public:
     /// Makes the source; called on the reader's thread, since opening a file can take its time too.
@@ -41,6 +44,8 @@ public:
 
     explicit EntryReader(OpenSource open_source);
     /// Stops reading behind the entry at hand.
+    /// Waits for that entry, which a file on a slow disk may take its time for; the file's end isn't waited
+    /// for.
     ~EntryReader();
     EntryReader(const EntryReader&) = delete;  // the thread holds its address
     EntryReader& operator=(const EntryReader&) = delete;
@@ -53,6 +58,7 @@ public:
     void wait_for(std::size_t entries, std::chrono::milliseconds limit);
 
     /// The part of the file that has been read, 0 to 1.
+    /// Any thread.
     double progress() const { return m_progress; }
 
 private:

@@ -8,6 +8,9 @@
 namespace velmora {
 
 /// The dialog "Choose Game" over the headers of a PGN file.
+///
+/// Only headers are read here and no moves; so a large file is listed soon, and a game whose moves are
+/// broken can be chosen like any other, and the fault is told when it is loaded.
 class GameList : public ChooserList {
 public:
     class ModelColumns : public NumberedColumns {

@@ -9,6 +9,9 @@ namespace velmora {
 
 /// A scrolled window that asks for the size of its content, lines broken for the width that there is, and
 /// takes what it gets. REQUIRES: a content.
+///
+/// The toolkit's own asks for its height without regard to a width, so that a dialog whose labels are
+/// broken into lines would open with the wrong one.
 class FittingScroller : public Gtk::ScrolledWindow {
 public:
     FittingScroller() {

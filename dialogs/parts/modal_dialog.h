@@ -10,6 +10,10 @@ namespace velmora {
 
 /// The frame that all dialogs share: modal, above its parent window, the content in a box with a margin.
 /// Enter gives the default answer, Escape leaves the dialog without one.
+///
+/// Margins and answers are kept here, so that a dialog's own class says what it asks and nothing else. On a
+/// small screen, or with a large font, a dialog grows no further than the screen: its buttons must stay
+/// within reach.
 class ModalDialog : public Gtk::Dialog {
 public:
     /// Pixels between the dialog's edge, its parts, and neighbouring fields.

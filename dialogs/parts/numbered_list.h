@@ -23,6 +23,10 @@ public:
 ///
 /// Typing searches all columns; a double click or Enter on a row is an answer. The rows have one height and
 /// the columns a fixed width, so that hundreds of thousands of rows are quick.
+///
+/// A tree view measures each row it has, unless all have one height and all columns a fixed width; and it
+/// is told of each row that a store in view gets. The two stores are for that: while a file is being
+/// listed, rows go into one that no view watches, and what is on the screen is the few that came first.
 class NumberedList : public Gtk::ScrolledWindow {
 public:
     /// The texts of one row, without the number. They must be valid UTF-8.

@@ -8,6 +8,7 @@ namespace velmora {
 
 /// Breaks the text of a label into lines where it has more characters than `most_chars` or where the grid has
 /// no room for it; the full text comes up under the pointer.
+/// For names that an engine has chosen, which may have any length and no blank in them.
 inline void wrap(Gtk::Label& label, int most_chars) {
     constexpr int least_chars = 8;
     constexpr int most_lines = 4;

@@ -74,6 +74,7 @@ void TimeControlPanel::show_level() {
     }
 }
 
+/// Read onto the level that was shown, of which the present mode may leave parts untouched.
 Level TimeControlPanel::level() {
     for (const auto& mode : m_modes) {
         if (!mode.button.get_active()) continue;

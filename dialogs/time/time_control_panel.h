@@ -15,6 +15,9 @@ namespace velmora {
 /// The widget in which the user picks a time control: five modes with their free-text entries.
 ///
 /// Typing into an entry picks its mode. Nothing is checked: what cannot be read counts as 0.
+///
+/// The entries' texts are put together to the text form of a level and read by it, so that there is one
+/// reader of time controls in the program and one opinion of what "5:30" means.
 class TimeControlPanel : public Gtk::Grid {
 public:
     /// Shows the default time control.

@@ -14,6 +14,9 @@ namespace velmora {
 
 /// A list of engine names to which names are added and from which they are removed, by the program or by
 /// clicks, which a ClickGate sorts out.
+///
+/// Names are kept twice since what is shown must be UTF-8, and what is found in the list of engines need
+/// not be.
 class DeleteSelection : public Gtk::ScrolledWindow {
 public:
     class MyColumns : public Gtk::TreeModelColumnRecord {
@@ -41,6 +44,7 @@ public:
     bool remove(const std::string& name, Force force);
 
     /// Asks the click gate for a click that changes more than this list.
+    /// One question decides for the move of a row from one list to another.
     bool accept_click() { return m_gate.accept(); }
 
     /// All names in row order.

@@ -9,6 +9,10 @@ namespace velmora {
 /// Counted are a click on a row, also on the one that has the cursor already, and a move of the cursor or
 /// the Enter key on the keyboard. The moves that the list makes of itself are not: to its first row when it
 /// gets the keyboard, to a neighbour when the row of the cursor goes.
+///
+/// The toolkit's own signals tell of cursors and of activated rows, not of what the person did: a click on
+/// the row of the cursor changes nothing and is silent, while the end of a row moves the cursor and is
+/// told.
 class DSTreeView : public Gtk::TreeView {
 public:
     sigc::signal<void>& signal_row_reached() { return m_row_reached; }

@@ -12,6 +12,8 @@ namespace velmora {
 
 /// Two lists side by side, the engines that take part in a tournament on the right, the other installed ones
 /// on the left. A click on a row moves the engine to the other list.
+///
+/// The order on the right is that of the schedule, so rows are appended and never sorted.
 class ParticipantsPanel : public Gtk::Box {
 public:
     using ModelColumns = DeleteSelection::MyColumns;

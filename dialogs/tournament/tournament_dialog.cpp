@@ -109,6 +109,7 @@ bool TournamentDialog::propose_free_event() {
     return true;
 }
 
+/// The answer isn't refused with a box: the name that is free is there already, and another "OK" takes it.
 int TournamentDialog::run() {
     int answer = ModalDialog::run();
     while (answer == ok && propose_free_event()) {

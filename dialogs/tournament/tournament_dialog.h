@@ -25,6 +25,9 @@ namespace velmora {
 /// The dialog "Tournament", in which a tournament is made or changed.
 ///
 /// It only asks: whoever runs it takes what was entered, saves it and has it played.
+///
+/// The event names the file. So it is the one field that is checked here: under the name of another
+/// tournament the results of that one would be lost.
 class TournamentDialog : public ModalDialog {
 public:
     enum Answer { cancel = 0, ok = 1 };

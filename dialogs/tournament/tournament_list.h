@@ -11,6 +11,8 @@
 namespace velmora {
 
 /// The list of the tournaments on disk.
+///
+/// The names come in and the files aren't looked at: listing must not fail because one file is broken.
 class TournamentList : public Gtk::VBox {
 public:
     class ModelColumns : public NumberedColumns {

@@ -14,6 +14,8 @@ void BaseEngine::attach(std::uint32_t id, EngineRecord* record, Engio* engio) {
 }
 
 bool BaseEngine::queue_line(ArrivedLine line) {
+    // A full queue is worked off whatever its last line is: an engine that says nothing but "readyok" would
+    // else have its lines dropped for ever.
     const bool waits = text::first_word(line.text) == "readyok";
     const std::lock_guard lock(m_queue_mutex);
     m_queue.push_back(std::move(line));
@@ -39,6 +41,8 @@ void BaseEngine::clear_queue() {
     m_queue.clear();
 }
 
+/// The options are walked, not the wanted values: an option of which the engine doesn't know must not be
+/// added.
 void BaseEngine::set_variables(const EngineVariables& wanted) {
     const std::lock_guard lock(m_mutex);
     EngineVariables& own = variables();

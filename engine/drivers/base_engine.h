@@ -17,6 +17,12 @@ class Engio;
 /// lines that came from it, the way back to it, and its record.
 ///
 /// receive_line() runs on the engine's reader thread, all else on the referee's unless it says otherwise.
+///
+/// The queue stands between the two threads because they wait for different things: the probe looks into it
+/// now and then, a driver that plays works it off at once. Either way the reader doesn't wait for the next
+/// look, and the pipe of an engine that talks much doesn't run full.
+///
+/// The record isn't the driver's own: GuiEngine keeps it, so that it survives a change of drivers.
 class BaseEngine : public LineReceiver {
 public:
     BaseEngine() = default;
@@ -32,6 +38,7 @@ public:
     bool is_uci() const { return protocol() == Protocol::uci; }
 
     /// Clears the queue and stores whom the driver speaks for; both must outlive it.
+    /// Not in the constructor, since a driver is made before it is known whether its process starts.
     void attach(std::uint32_t id, EngineRecord* record, Engio* engio);
 
     /// Queues the line, for whoever asks for the next one.
@@ -42,6 +49,8 @@ public:
 
     /// Takes over identity, handicap and the values of the options that the engine announced. It isn't told
     /// of them: see PlayingEngine::send_options().
+    /// Protocol, features and the options' limits stay: these are what the running process said of itself,
+    /// and what comes from the list of installed engines may be of an older version of the program.
     void set_variables(const EngineVariables& wanted);
 
     bool is_alive() const;
@@ -56,6 +65,8 @@ public:
 
 protected:
     /// Queues the line; whether it is time to work the queue off. A "readyok" waits for the line after it.
+    /// Every search is asked for together with an "isready", whose answer nobody acts on: to wake anyone
+    /// for it would cost each move a round for nothing.
     bool queue_line(ArrivedLine line);
 
     // Under the driver's mutex.

@@ -28,6 +28,7 @@ void GuiEngine::load_engine(CommandSink* manager, std::uint32_t id, const std::s
     ProtocolEngine& probe = *owned_probe;
     m_engine = std::move(owned_probe);
     probe.attach(id, &m_record, m_engio.get());
+    // Seats are counted from 1.
     if (id < 1) return;
     start_process();
     probe.load(id, filename, protocol, m_debug);

@@ -26,6 +26,13 @@ class PlayingEngine;
 /// version 1 is told nothing either: it has a record and a clock, but no driver that plays. All operations
 /// are called on the referee's thread; the engine's lines reach `manager` from the reader thread, each as the
 /// engine's number, a blank, the instance id, a blank and the line.
+///
+/// The probe and the players are different classes, not one driver with a state, since hardly anything that
+/// the one does makes sense for the other. Hence two pointers to one object: `m_engine` for what holds for
+/// every driver, `m_player` for what only a player can be told.
+///
+/// The order in which things end is the same everywhere, and must be: the process is told to quit, the
+/// reader is joined, then the driver goes. A driver that goes first would be called by the reader.
 class GuiEngine {
 public:
     /// `probe_interval` is the sleep between two looks for the engine's answer in the handshake. Once
@@ -42,11 +49,15 @@ public:
     /// Starts the program and finds out its protocol; blocks for up to 15 seconds. Afterwards is_alive()
     /// tells whether an engine is there. An `id` below 1 only makes a driver, no process. `manager` may be
     /// null: then lines go nowhere; it must outlive the loaded engine.
+    ///
+    /// The probe may need two processes. There are xboard programs that end at the word "uci", which they
+    /// take for nonsense; such a program is started once more and greeted with "xboard".
     void load_engine(CommandSink* manager, std::uint32_t id, const std::string& filename, Protocol protocol);
 
     /// Replaces the process by a fresh one of the same program. The caller then gives back what a driver does
     /// not keep, in this order: set_debug_stream() and set_logging(), set_ponder(), set_instance_id(),
     /// set_enginevariables() with the record of before, set_level().
+    /// Serves an engine that has crashed, and one of xboard's that cannot begin a second game ("reuse=0").
     void reload_engine();
 
     /// Quits the process, joins the reader and deletes the driver. A process that ignores "quit" stays
@@ -57,6 +68,8 @@ public:
     EngineVariables get_enginevariables() const;
     /// Takes over name, file name, player name, Elo, handicap and the values of the options that the engine
     /// announced, and sends all its options; neither level nor protocol.
+    /// The level is left out since it comes from the game and not from the engine; the caller hands it out
+    /// afterwards, because only then the handicap is known by which the clock is cut.
     void set_enginevariables(const EngineVariables& variables);
 
     /// Sets an option that the engine announced. An engine that thinks about its move gets it afterwards; an
@@ -69,6 +82,8 @@ public:
     /// A copy of how the engine stands in the game, whose clock runs on as the engine's does: level, clock,
     /// colour, and whether it thinks; a caller stops a thinking engine before go(), which throws otherwise,
     /// while a ponder search is go()'s own affair. With no driver a clock without time.
+    /// Copied under the driver's mutex: the reader's thread stops the clock at the moment at which a move
+    /// comes.
     PlayState state() const;
     /// Sets the level, and the clock from it with the record's handicap.
     void set_level(const Level& level);
@@ -92,6 +107,7 @@ public:
 
     /// The thread that the engine's lines arrive on; none without a process. Stands until the next load or
     /// unload.
+    /// The handle is for placing the thread on a core, and for nothing that would outlast it.
     std::optional<pthread_t> reader();
 
 private:

@@ -61,6 +61,7 @@ void PlayingEngine::process_lines() {
         post(message);
         if (is_at_rest()) come_to_rest();
         // A line that was blanked ends the round like an empty queue; what is left waits for the next line.
+        // The reader comes back with the next line anyway, and the order of the lines isn't changed by it.
         if (message.text.empty()) return;
     }
 }

@@ -30,11 +30,17 @@ struct DriverMessage {
 /// The referee's thread drives and the reader's thread reports, each at any moment. Every operation holds the
 /// driver's mutex from its first to its last command, so that a user's click and an engine's answer cannot
 /// cross in the middle.
+///
+/// Hence the shape: the public operations take the mutex and are not virtual, what a protocol does of its
+/// own is a private do_...() that finds the mutex taken. No driver can forget the lock, and a driver may
+/// call one of its own operations from another, though the mutex isn't recursive.
 class PlayingEngine : public BaseEngine {
 public:
     PlayingEngine();
 
     /// What of a line goes on to the referee, the display and the record.
+    /// Some engines write variations of hundreds of moves, of which nobody could see the end; every copy on
+    /// the way would carry them along.
     static constexpr std::size_t longest_posted = 8192;
     std::size_t longest_line() const override { return longest_posted; }
 
@@ -55,10 +61,13 @@ public:
     /// Gives an option that the engine announced another value. An engine at rest takes it with all others,
     /// at once. Engines need not understand an option while they search: then it waits for the end of the
     /// search, and goes out alone.
+    /// UCI allows "setoption" between searches only, and many engines rebuild their tables on it.
     void set_option(const std::string& name, const std::string& value);
 
     /// Queues the line and works the queue off.
     void receive_line(ArrivedLine line) override;
+    /// The lines of one move come in bursts, dozens of "info" ahead of a "bestmove". The referee is woken
+    /// by what it has to answer, and finds the rest already there.
     Held held() const override { return m_held; }
     /// Has the referee take what it was given; holds no lock meanwhile, since the referee asks for the
     /// driver's next.
@@ -79,6 +88,7 @@ protected:
     virtual void do_stop() = 0;
 
     /// Makes of one line of the engine what the referee gets.
+    /// Every driver speaks the words of UCI here, so that the referee knows one protocol.
     virtual DriverMessage translate(ArrivedLine line) = 0;
 
     /// The command that gives the engine the option's value.
@@ -91,11 +101,14 @@ protected:
     void send_waiting_options();
 
     /// Several commands by one write.
+    /// The engine then reads them at once and is woken once, which between two fast engines is a good part
+    /// of a move.
     void send_together(std::initializer_list<std::string_view> commands);
     /// Writes "engine<id>" and the text, in one part or two, to the trace if that is wanted.
     void trace(std::string_view text, std::string_view more = {}) const;
 
     /// Whether the engine was told to write castling as the king taking the rook.
+    /// In Chess960 "e1g1" may be a plain move of the king, so the rook that takes part is named instead.
     bool is_chess960() const;
     /// The move in the coordinate form that this engine reads.
     std::string coordinates(const Move& move) const;

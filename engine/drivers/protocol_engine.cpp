@@ -13,6 +13,7 @@ namespace velmora {
 namespace {
 
 // The tries are counted in looks into the queue, not in time: a talkative engine uses them up sooner.
+// With 50 ms between two looks these are 10 and 5 seconds of silence.
 constexpr int uci_looks = 201;
 constexpr int xboard_looks = 101;
 
@@ -70,6 +71,8 @@ void ProtocolEngine::pause() const {
     std::condition_variable_any().wait_for(lock, m_leaving, m_interval, [] { return false; });
 }
 
+/// An engine with a hundred options says them in one go, and each takes a look; so after a line with an
+/// "option" in it the next look follows at once.
 void ProtocolEngine::try_uci() {
     send("uci");
     for (int looks = uci_looks; looks > 0; --looks) {
@@ -103,6 +106,8 @@ void ProtocolEngine::try_xboard_v2() {
     send("xboard");
     int looks = xboard_looks;
     // Some engines lose the second of two lines that they read at once before they are in xboard mode.
+    // A fifth of the looks at most goes on this, so that an engine that doesn't read still gets its
+    // "protover".
     for (; looks > xboard_looks * 4 / 5 && !engio().has_taken_input(); --looks) pause();
     send("protover 2");
     for (; looks > 0; --looks) {

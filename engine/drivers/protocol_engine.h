@@ -19,6 +19,12 @@ namespace velmora {
 ///
 /// Nobody waits for a line here as the reader does: the looks into the queue are counted, so that an engine
 /// that talks without end cannot hold up the referee, and a stop of the program ends the sleep between two.
+///
+/// Neither protocol lets one ask which is spoken, so the greetings are tried one after the other: "uci"
+/// first, which a UCI engine must answer with "uciok"; then "xboard" and "protover 2", which an xboard
+/// engine of version 2 answers with at least one "feature"; what answers neither is taken for version 1,
+/// where no answer is due. So any program that stays alive counts as an engine, if only as one that never
+/// moves.
 class ProtocolEngine : public BaseEngine {
 public:
     static constexpr std::chrono::milliseconds default_interval{50};
@@ -36,8 +42,11 @@ public:
 
     /// Whether the program is one that ends at a word it does not know. One that said something of what UCI
     /// engines say has ended for another reason.
+    /// Only with an open question of protocols: who asked for UCI isn't given something else.
     bool ended_at_uci() const;
     /// The part of the handshake that is left when the program has been started once more.
+    /// A function of its own because the owner of the process has to act in between: the probe can send to
+    /// a process, but it can't start one.
     void go_on_with_xboard();
 
     /// Whether the probe was answered, and why not; empty when it was.

@@ -9,6 +9,8 @@
 
 namespace velmora {
 
+/// The start position always goes out as FEN and the moves behind it, though "startpos" would be shorter:
+/// the engine needs the moves to see repetitions, and one form is enough for all games.
 std::string UciEngine::position_text() const {
     constexpr std::size_t longest_move = 6;  // with its blank
     const std::string start = m_position.start_fen();
@@ -54,6 +56,8 @@ std::string UciEngine::go_text() const {
     return time_text(Overstepped::raised_to_1);
 }
 
+/// Nobody waits for the answer to the "isready": a pipe keeps the order, so the position has been read when
+/// the "go" is.
 void UciEngine::do_go() {
     if (state().status == EngineStatus::thinking) {
         throw std::logic_error("UciEngine::go():   engine already thinking");
@@ -113,11 +117,15 @@ void UciEngine::stop_search() {
     m_stopped.add(0);
 }
 
+/// Nothing is sent: the position goes out with the search that needs it. A search that was interrupted for
+/// an option's sake isn't taken up again in another position than its own.
 void UciEngine::do_set_position(const ChessPosition& position) {
     m_position = position;
     m_interrupted = Interrupted::nothing;
 }
 
+/// A search for a move on the clock is left alone: to end it would cost the engine its move. It takes the
+/// option when it has moved.
 void UciEngine::make_way_for_options() {
     EngineStatus& status = state().status;
     const bool ponders = status == EngineStatus::pondering;
@@ -163,6 +171,8 @@ DriverMessage UciEngine::translate(ArrivedLine line) {
     return {std::move(line.text), line.arrival, stopped};
 }
 
+/// The clock is stopped here, on the reader's thread, so that the time which the line spends on the
+/// referee's queue is never the engine's.
 void UciEngine::take_bestmove(const ArrivedLine& line) {
     PlayState& engine = state();
     engine.clock.move_and_stop_clock(line.arrival.value_or(0));

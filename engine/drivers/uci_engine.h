@@ -14,6 +14,11 @@ namespace velmora {
 /// A UCI engine keeps nothing between two searches, so every search begins with the whole game. The engine is
 /// idle as soon as it was told to stop, although its move is still to come: a next search need not wait for
 /// that, since StoppedSearches tells the late move from the one that was asked for.
+///
+/// Pondering is the driver's own affair. The referee only knows go(): whether that becomes a "ponderhit" or
+/// a "stop" and a new search depends on a guess of the engine's that stands in the "bestmove" line and
+/// nowhere else. And the driver sits where that line arrives, so that the engine loses no time between its
+/// move and its search on the opponent's time.
 class UciEngine : public PlayingEngine {
 public:
     Protocol protocol() const override { return Protocol::uci; }
@@ -38,8 +43,11 @@ private:
     enum class Overstepped { as_it_is, raised_to_1 };
 
     std::string position_text() const;
+    /// Whole milliseconds, "go wtime W btime B winc I binc I", with "movestogo" where the level has
+    /// sessions.
     std::string time_text(Overstepped overstepped) const;
     std::string go_text() const;
+    /// REQUIRES: the engine ponders; m_position ends with the opponent's move.
     bool ponder_hit();
     void stop_search();
     void take_bestmove(const ArrivedLine& line);

@@ -29,8 +29,10 @@ bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 XboardEngine::XboardEngine() { m_previous_position.new_game(); }
 
+/// In this protocol the engine decides by itself on what it ponders; it is only allowed to or not.
 void XboardEngine::do_set_ponder(bool on) { send(on ? "hard" : "easy"); }
 
+/// "analyze" is another mode with other rules of its own. The report is all that happens.
 void XboardEngine::do_go_infinite() { std::clog << "XboardEngine::go_infinite() not implemented\n"; }
 
 std::string XboardEngine::move_text(const ChessPosition& before, const Move& move) const {
@@ -85,6 +87,8 @@ void XboardEngine::do_new_game() {
     send(xboard::level_command(m_sent_level));
 }
 
+/// The usual case is one move more than the engine knows, which go() sends as a move; here only another
+/// game, or a move that was taken back, needs setting up.
 void XboardEngine::do_set_position(const ChessPosition& position) {
     m_position = position;
     if (a_move_ago(m_position) == m_previous_position) return;
@@ -231,6 +235,8 @@ std::optional<Move> XboardEngine::read_move(const ChessPosition& position, std::
     }
 }
 
+/// The referee gets the word as it was where it can't be read: it is the one to say that the move is
+/// illegal.
 DriverMessage XboardEngine::take_move(std::string_view word) {
     if (const auto game = m_stopped.pay()) {
         follow_stopped_move(word, *game);

@@ -18,6 +18,12 @@ namespace velmora {
 /// Nothing tells at once whether the engine has taken a command, so m_previous_position is what it must have
 /// made of all that it was sent. It is certain but for one case: a stopped engine makes a move of its own
 /// choice first, and until that has come the only safe way is to send the whole position.
+///
+/// The words that matter here: "force" has the engine follow moves without playing, "go" has it play the
+/// side to move and from then on answer every move, "new" sets up the start with the engine playing Black,
+/// "?" has it move at once, "easy" and "hard" switch pondering off and on, "post" has it show its thinking.
+/// What goes beyond that an engine announces as a feature, and is only used then ("setboard", "usermove",
+/// "san", "time", "reuse").
 class XboardEngine : public PlayingEngine {
 public:
     XboardEngine();
@@ -44,6 +50,7 @@ private:
     void send_go();
     void send_clocks();
     void send_moves_from(ChessPosition scratch);
+    /// The last resort for a position that no sequence of moves leads to, for engines without "setboard".
     void send_edit_commands();
     void bring_position_to_engine();
     void send_last_move();
@@ -61,6 +68,7 @@ private:
     bool m_result_said = false;         // the engine has announced that its game is over
     bool m_search_stopped = false;      // the last search was told to stop
     Level m_sent_level;                 // the time control that the engine has
+    /// Never taken from what the engine says: there is no answer to "force" or "go".
     Play m_play = Play::unknown;
 };
 

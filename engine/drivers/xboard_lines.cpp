@@ -23,6 +23,7 @@ bool is_castling(std::string_view word, std::size_t letters) {
     return true;
 }
 
+/// Nodes a second; the time of the protocol is in hundredths.
 std::int64_t speed(std::int64_t nodes, std::int64_t hundredths) {
     if (hundredths <= 0) return 0;
     const float each = static_cast<float>(nodes) / static_cast<float>(hundredths) * 100.0F;

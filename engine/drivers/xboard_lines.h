@@ -12,6 +12,8 @@
 namespace velmora::xboard {
 
 /// The command that sets the time control.
+/// "level MOVES BASE INCREMENT" with the base in minutes or minutes:seconds and the increment in seconds,
+/// "sd" for a depth, "st" for the time of a move.
 std::string level_command(const Level& level);
 
 /// "e1g1" and its like, or SAN when `san`, from any of the spellings of castling; nothing else is changed.
@@ -22,9 +24,14 @@ std::optional<std::string_view> old_style_move(std::string_view line);
 
 /// The thinking output "depth score time nodes moves" as an "info" line. The time stays in hundredths of a
 /// second, as xboard engines give it.
+/// Score in hundredths of a pawn, as in UCI; the moves at the end are the engine's own text and stay as
+/// they are.
 std::string thinking_as_info(std::string_view line);
 
 /// The commands of the edit mode that set up the board of a position, "edit" and "." included.
+/// "#" clears the board, pieces are named with their square ("Ke1"), "c" turns to Black's. The mode knows
+/// nothing of the side to move, nor of castling rights, which the engine makes up from where the pieces
+/// stand.
 std::vector<std::string> edit_commands(const ChessPosition& position);
 
 }  // namespace velmora::xboard

@@ -8,6 +8,10 @@ namespace velmora {
 ///
 /// The child inherits the environment, the working directory and the standard error, gets no arguments, and
 /// is never killed: let go, it is reaped by the default main context whenever it ends.
+///
+/// Reaping is left to the main context because nobody here can wait: an engine may take seconds to end, or
+/// never do it, and neither the referee nor the window stands still for that. To kill it would take from it
+/// what it writes at its end, a book that it learns or a log.
 class ChildProcess {
 public:
     ChildProcess() = default;
@@ -19,6 +23,7 @@ public:
 
     /// Starts the program at `path`; the search path is not used. Throws std::runtime_error with the system's
     /// reason. REQUIRES: no child is held.
+    /// Without the search path, so that what was chosen in a file dialog is what runs.
     void spawn(const std::string& path);
 
     /// The parent's ends of the pipes, -1 without a child. Writing does not block, reading does.
@@ -26,6 +31,7 @@ public:
     int stdout_fd() const { return m_stdout_fd; }
 
     /// Whether the child has read all that was written to it.
+    /// Asks the pipe, not the engine: no protocol answers that before the handshake is done.
     bool has_taken_input() const;
 
     /// Closes both pipes and leaves the child to itself. Nothing without a child. What goes wrong in closing

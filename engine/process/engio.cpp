@@ -80,6 +80,7 @@ void Engio::spawn_engine(const std::string& path) {
         log("   Engio::spawn_engine() filename too long   size=" + std::to_string(path.size()));
         return;
     }
+    // A program of that name reads its lines as its own system ends them. Others show by their first line.
     m_crlf = path.size() > 4 && path.ends_with(".exe");
     log(std::string("   Engio::spawn_engine() carriage return ") + (m_crlf ? "true" : "false"));
     try {
@@ -119,12 +120,15 @@ bool Engio::enter_reader() {
     return m_reading;
 }
 
+/// quit() may be waiting for it, on the owner's thread.
 void Engio::leave_reader() {
     const std::lock_guard lock(m_reader_mutex);
     m_reading = false;
     m_reader_left.notify_all();
 }
 
+/// The flags are looked at again behind the read: a quit that came meanwhile makes what was read nobody's
+/// business.
 void Engio::read_until_end() {
     std::array<char, read_size> buffer;
     while (wait_for_output()) {
@@ -156,6 +160,8 @@ bool Engio::wait_for_output() {
     return false;
 }
 
+/// A line that waits is flushed by the first urgent one behind it or by the clock, whichever comes first;
+/// more lines that can wait don't put it off.
 void Engio::flush_or_hold() {
     using Held = LineReceiver::Held;
     Held held = Held::nothing;
@@ -205,6 +211,8 @@ void Engio::hand_over_lines() {
 }
 
 /// Cuts the line, stamps it and hands it over; false when nobody takes the lines.
+/// The word is searched for anywhere in the line, since that is cheaper than to read the line twice, and a
+/// stamp too many does no harm.
 bool Engio::hand_over(ArrivedLine& line) {
     const std::lock_guard lock(m_engine_mutex);
     if (m_engine == nullptr) return false;
@@ -249,6 +257,7 @@ void Engio::write_lines(std::span<const std::string_view> lines) {
     m_wakeup->wake();
 }
 
+/// The order is what matters: the flag, the word, the reader's end, and only then the descriptors.
 void Engio::quit() {
     if (!m_spawned) return;
     // Set ahead of the command: an engine that leaves at once has not crashed.

@@ -33,6 +33,12 @@ class LineReceiver;
 /// of the referee's queue. m_send_mutex and the log's mutex are taken below the driver's, and nothing is
 /// taken under them; m_reader_mutex is taken alone. The owner's thread never takes m_engine_mutex while it
 /// holds a driver's mutex.
+///
+/// The reader polls two descriptors, the engine's output and a pipe of our own: a blocking read couldn't be
+/// ended while the engine is silent, and to close a descriptor under a read is a race for its number.
+///
+/// "Crashed" is any end that nobody asked for: the output closed, a write refused or not taken in time, a
+/// flood without a line feed. What is to follow from it is decided above, where a game may be lost by it.
 class Engio {
 public:
     /// Bytes; a longer path is refused.
@@ -41,6 +47,8 @@ public:
     static constexpr std::size_t longest_command = 32767;
 
     /// How long an engine may take to read what it is sent.
+    /// A pipe holds 64 KiB, so whoever lets it fill has not read for many moves. The one who writes is the
+    /// referee, and the other engine's game stands still meanwhile.
     static constexpr std::chrono::milliseconds default_patience{2000};
 
     /// Once `leaving` is stopped, no write waits for the engine.
@@ -57,6 +65,7 @@ public:
     void spawn_engine(const std::string& path);
 
     /// Who gets the lines; null for nobody. Waits until a line that is being handed over is done with.
+    /// Afterwards the receiver before may be deleted.
     void set_engine(LineReceiver* engine);
 
     /// The life of the reader thread: returns when the engine has ended or quit() was called.
@@ -76,6 +85,7 @@ public:
     void quit();
 
     bool is_alive() const { return m_spawned && !m_crashed_flag && !m_quit_flag; }
+    /// Stays until the next spawn or reset_flags(), so that it can be asked for after the end.
     bool has_crashed() const { return m_crashed_flag; }
     bool is_spawned() const { return m_spawned; }
     /// Clears all three flags and gives the old has_crashed(). REQUIRES: the reader has been joined.

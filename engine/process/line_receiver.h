@@ -8,6 +8,8 @@
 namespace velmora {
 
 /// A line of an engine, without its line end.
+/// The one thing that is passed from the process to the driver: made by the reader, owned by whoever has
+/// it.
 struct ArrivedLine {
     std::string text;
     /// arrival_stamp() of a line that may be a move: the time that it spends in queues is not the engine's.
@@ -23,6 +25,8 @@ public:
     virtual ~LineReceiver() = default;
 
     /// Bytes of a line that it wants; what is beyond is cut off, at a character, ahead of the hand-over.
+    /// Asked for every line, because the answer changes with the driver: the handshake wants whole option
+    /// lines, a game doesn't want whole variations.
     virtual std::size_t longest_line() const { return std::string::npos; }
 
     virtual void receive_line(ArrivedLine line) = 0;

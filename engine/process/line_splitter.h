@@ -13,6 +13,11 @@ namespace velmora {
 /// Only beyond `limit` bytes the whole lines go out early, so that a flood whose pieces never end with a line
 /// does not pile up. A line longer than `longest_line` is cut there, at a character. Zero bytes are dropped:
 /// for whoever prints the line they would be its end.
+///
+/// Pure bytes in, lines out, so that every way in which a pipe may cut a line can be tried without a
+/// process. Whole lines wait for the end of a burst so that a "bestmove" is handed over together with the
+/// "info" lines that were written with it. Lines are taken by an offset, and the buffer is shortened once a
+/// read: to erase each line off the front would cost a long burst the square of its length.
 class LineSplitter {
 public:
     /// Bytes that may wait for a line feed; who sends more without one does not speak in lines.

@@ -5,6 +5,9 @@ namespace velmora {
 /// A pipe to oneself: makes a thread that polls read_fd() look up.
 ///
 /// Owns its two descriptors, which no child inherits.
+///
+/// A condition variable can't be waited for together with a descriptor. Nothing is ever read from the pipe:
+/// it is used for one message, "leave", which must stay to be seen.
 class WakeupPipe {
 public:
     /// Throws std::system_error when the process has no descriptors left.

@@ -7,6 +7,8 @@
 namespace velmora {
 
 /// What an xboard engine can do and wants, with the values that hold until it says otherwise.
+/// Most are off until they are announced, so that an engine which says nothing is sent only what the first
+/// version of the protocol had.
 struct XboardFeatures {
     bool ping = false;
     bool setboard = false;
@@ -35,6 +37,7 @@ struct EngineConfiguration {
     std::string egt = "0";  ///< value of the xboard feature of that name
 
     /// Inserts under the option's name, or overwrites all but key and `changed`.
+    /// An engine may announce an option twice; that the user has touched it stays true.
     void add_option(const Option& option);
 };
 

@@ -11,6 +11,9 @@ enum class Protocol : std::uint32_t { autodetect = 0, uci = 1, xboard_v1 = 2, xb
 
 /// Which program an engine is, how it is spoken with, and under which names it plays.
 struct EngineIdentity {
+    /// Three names, since one program may be installed several times with other settings: `name` is the key
+    /// of the list, `player_name` the user's wish for the record, `engine_name` what the program says of
+    /// itself.
     std::string name;         ///< under which the engine is installed
     std::string filename;     ///< path of the program
     std::string player_name;  ///< for the PGN tags, preferred to engine_name

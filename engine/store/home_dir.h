@@ -9,6 +9,9 @@ namespace velmora {
 ///
 /// It is found from the working directory alone: below /home/<user> it is that user's, anywhere else it is
 /// the working directory itself.
+///
+/// Neither $HOME nor the password file is asked: who starts the program elsewhere, in a directory of a
+/// stick or of a test, gets all files there and leaves none behind.
 class HomeDir {
 public:
     /// Finds and creates the directory. Throws std::runtime_error when it cannot be created.

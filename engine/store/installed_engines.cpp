@@ -49,6 +49,8 @@ private:
         entry().name = entry().player_name = m_key;
     }
 
+    /// The word is searched for anywhere in the row, in the order of the table; a row without one leaves
+    /// the protocol as it is.
     void read_protocol(text::WordReader& reader) {
         const auto found = std::find_if(
             protocol_words.begin(), protocol_words.end(),

@@ -12,6 +12,19 @@ namespace velmora {
 /// directory as a map.
 ///
 /// Nothing watches the file; whoever writes last wins. Belongs to the thread that made it.
+///
+/// The file is rows of a word and a value, one block for each engine:
+///
+///     name Some Engine
+///     filename /usr/games/some-engine
+///     protocol uci
+///     elo 2800
+///     handicap 50
+///     setoption name Hash value 64
+///
+/// The protocol is kept so that loading need not try the others. Of an option only name and value are kept:
+/// type and limits are announced at every start and may change with the program. Missing rows, empty ones
+/// and those of another word are no errors, since people edit the file.
 class InstalledEngines {
 public:
     /// By the name under which the engine is installed.

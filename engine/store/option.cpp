@@ -11,6 +11,7 @@ namespace velmora {
 namespace {
 
 /// The words that end a run of text, in a name or a default as well: "Skill spin" is read as "Skill".
+/// The grammar of UCI has no quotes, so a keyword in a name can't be told from the next field.
 constexpr auto keywords = std::to_array<std::string_view>(
     {"name", "type", "value", "default", "min", "max", "var", "check", "combo", "spin", "button", "string"});
 

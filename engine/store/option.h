@@ -8,6 +8,10 @@
 namespace velmora {
 
 /// One option of an engine, as announced by an "option" line or kept in the list of installed engines.
+///
+/// All texts stay as the engine wrote them, numbers included: they go back to the engine and into a file,
+/// and what passed through a number might come out in another form. Only the dialog that shows a spin
+/// button reads them.
 struct Option {
     std::string name;  ///< as the engine gives it, inner blanks kept
     std::string type;  ///< "check", "spin", "combo", "button" or "string"; empty when not announced

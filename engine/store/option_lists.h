@@ -14,9 +14,13 @@ std::optional<std::int64_t> spin_number(std::string_view text);
 
 /// The options in the form that the dialog takes. A spin option that could not be shown as one (a text of
 /// its three is no number, or its range is empty) becomes a string option.
+/// A text can always be shown and changed, and the engine is the one to judge it; a spin button would have
+/// to make up a number.
 std::vector<Option> for_dialog(const Options& options);
 
 /// The options of `after` whose name or value differs from those at the same place of `before`.
+/// By place, since the dialog keeps the order. An engine is told these alone: a button among the options
+/// does something at each telling.
 std::vector<Option> changed(const std::vector<Option>& before, const std::vector<Option>& after);
 
 }  // namespace velmora::option_lists

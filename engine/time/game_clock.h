@@ -13,6 +13,10 @@ namespace velmora {
 ///
 /// Time left is the allowance (all time given so far: base, increments, further sessions, refunds) less what
 /// the stop watch measured. Sums are kept in 64 bits, what is read is limited to 32.
+///
+/// Nothing is counted down, so there is no tick and no rounding that adds up: the time is worked out when
+/// it is asked for. A clock belongs to one thread at a time; the driver's mutex sees to that for an
+/// engine's.
 class GameClock {
 public:
     explicit GameClock(Stopwatch::TimeSource now = Stopwatch::steady_time);
@@ -32,6 +36,8 @@ public:
     /// Stops the clock for a finished move: counts it, adds the increment and, at the end of a session, the
     /// time of the next one. `stamp` is the arrival_stamp() of the engine's line, 0 for none; the time
     /// between it and `present` is refunded.
+    /// The stamps are 32 bits of the wall clock: where they wrap, or the clock was set back, the stamp is
+    /// not below `present` and nothing is refunded.
     void move_and_stop_clock(std::uint32_t stamp, std::uint32_t present = arrival_stamp());
 
     /// When the last move came, by the steady clock.

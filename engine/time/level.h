@@ -17,6 +17,9 @@ enum class LevelType : std::int32_t {
 
 /// A time control as a value with a text form, as it travels in the "level" command and stands in files:
 /// "sessions 40 0:10 0.1", "sudden_death 0 5 0", "fixed_depth 12", "fixed_nodes 1000", "fixed_movetime 500".
+///
+/// The words ahead are the program's own. The numbers behind them are those of xboard's "level" command,
+/// moves, minutes or minutes:seconds, and seconds, so that who knows the one can write the other.
 class Level {
 public:
     /// The base time of the fixed modes, milliseconds: a clock that follows such a level never runs out.

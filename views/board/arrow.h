@@ -11,6 +11,10 @@ namespace velmora {
 
 /// An arrow on the board as it is painted: in pixels from the lower left corner of the board, upwards, for
 /// the size of the cells at the time it was set.
+///
+/// Upwards like the ranks, so that the direction of a move needs no change of sign; the painter, who counts
+/// from the top, turns it. The numbers are fixed when the arrow is made, because arrows last for a move and
+/// a window is seldom resized in between.
 struct Arrow {
     std::int32_t x1 = 0, y1 = 0;  ///< tail
     std::int32_t x2 = 0, y2 = 0;  ///< head

@@ -12,6 +12,7 @@ Board::Board(int size) : m_drawing(size) {
     });
 }
 
+/// A half turn of the board is the reversal of its 64 squares.
 void Board::set_position(const Placement& pieces) {
     Placement shown = pieces;
     if (m_flipped) std::reverse(shown.begin(), shown.end());

@@ -13,6 +13,13 @@ namespace velmora {
 
 /// Takes the pointer's events on the board, and the keyboard with them, and hides from the outside which side
 /// the board is seen from: all squares here are those of the position.
+///
+/// A drawing area of its own takes no part in this: which side the board is seen from, and what a press
+/// means, are questions of input, and the drawing stays one that can be fed with squares of the screen
+/// alone.
+///
+/// The board doesn't decide what a click means. It reports where a piece was taken and where it was let go,
+/// and whoever listens shows the position anew if nothing comes of it.
 class Board : public Gtk::EventBox {
 public:
     explicit Board(int size);
@@ -42,6 +49,7 @@ public:
     Drawing& drawing() { return m_drawing; }
 
     /// The button was let go over a square, after a drag or without one; get_move() tells the squares.
+    /// Without arguments: the listener asks for the squares when it wants them.
     sigc::signal<void>& signal_move_made() { return m_move_made; }
     /// The button was pressed on a piece; picked_square() tells the square.
     sigc::signal<void>& signal_piece_picked() { return m_piece_picked; }
@@ -62,7 +70,8 @@ private:
     bool m_flipped = false;
     Drawing m_drawing;
     std::pair<Square, Square> m_move{Square(0), Square(0)};  // shown squares
-    BoardMarks m_marks;                                      // squares of the position
+    /// Kept as they came, to be turned when the board is.
+    BoardMarks m_marks;  // squares of the position
 };
 
 }  // namespace velmora

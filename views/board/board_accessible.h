@@ -11,6 +11,9 @@ namespace velmora {
 /// that can be pressed instead of clicked.
 
 /// Gives the widgets of a class this kind of accessible object. REQUIRES: the class is that of a Drawing.
+///
+/// A picture is nothing to a screen reader, and 64 widgets would cost the start of the program and every
+/// move. So the children exist for the accessibility bus alone, and are made when somebody asks for them.
 void use_board_accessible(GtkWidgetClass* widget_class);
 
 /// Tells those who listen that what stands on a square of the position has changed.

@@ -53,6 +53,7 @@ Glib::RefPtr<Gdk::Pixbuf> plain_image(int code, CellSize size) {
     return Gdk::Pixbuf::create(surface, 0, 0, size.width, size.height);
 }
 
+/// A pixbuf would be converted at each paint, its channels being in another order.
 Cairo::RefPtr<Cairo::ImageSurface> to_surface(const Glib::RefPtr<Gdk::Pixbuf>& pixbuf) {
     const auto surface =
         Cairo::ImageSurface::create(pixbuf->get_has_alpha() ? Cairo::FORMAT_ARGB32 : Cairo::FORMAT_RGB24,

@@ -13,11 +13,17 @@
 namespace velmora {
 
 /// The fourteen images of the board, rendered for one size of a cell.
+///
+/// The files are vector graphics, whose rendering takes some frames' time; so it is done once a size and
+/// both forms are kept, pixbufs for the choosers and surfaces for the board. A program that finds none of
+/// its images must still be usable, hence the plain ones.
 class BoardImages {
 public:
     /// Renders all images at a size in device pixels, from the data directory as it is found now. An image
     /// that cannot be read becomes a plain square or the letter of the piece, and is reported on standard
     /// error once in the life of this object.
+    /// In device pixels, since images for logical pixels would be scaled up, and blurred, on a screen with
+    /// a scale.
     void render(CellSize size);
 
     /// The size of the images, 0 by 0 before the first rendering.

@@ -23,6 +23,7 @@ struct BoardMarks {
 BoardMarks turned(const BoardMarks& marks);
 
 /// Which squares carry another mark in `after` than in `before`, each once, in ascending order.
+/// Only these are painted anew: most steps through a game change a handful of the 64.
 std::vector<Square> changed_squares(const BoardMarks& before, const BoardMarks& after);
 
 }  // namespace velmora

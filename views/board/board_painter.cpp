@@ -21,6 +21,9 @@ void set_tint(const Cairo::RefPtr<Cairo::Context>& cr, const Tint& tint) {
 }
 
 /// The painting of one picture; holds what every step needs.
+///
+/// Cells out of the clip are left out one by one: during a drag the clip is the place of the piece, and to
+/// paint 64 cells for each motion of the pointer would make it lag.
 class Painter {
 public:
     Painter(const Cairo::RefPtr<Cairo::Context>& cr, const BoardPicture& picture)

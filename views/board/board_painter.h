@@ -12,6 +12,9 @@
 namespace velmora {
 
 /// All that a picture of the board is made from. Squares and marks are those of the screen.
+///
+/// References to what the drawing keeps, for the length of one paint. The painter has no state of its own,
+/// so a picture can be painted onto any surface, without a widget.
 struct BoardPicture {
     const SquareTable& table;
     const BoardMarks& marks;

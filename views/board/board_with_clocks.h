@@ -12,11 +12,16 @@ namespace velmora {
 ///
 /// However long the bar is, it asks for no more than the board at its least size takes: a window can be made
 /// small again at once.
+///
+/// The box places its two children itself because the toolkit's boxes share out spare height in equal parts
+/// or give it to one child, while here bar and board must grow in proportion.
 class BoardWithClocks : public Gtk::Box {
 public:
     BoardWithClocks(Clocks& clocks, ChessBoard& board);
 
 protected:
+    /// A height for a width would have the toolkit ask in circles: the width of the bar follows from the
+    /// height.
     Gtk::SizeRequestMode get_request_mode_vfunc() const override { return Gtk::SIZE_REQUEST_CONSTANT_SIZE; }
     void get_preferred_width_vfunc(int& minimum, int& natural) const override;
     void get_preferred_height_vfunc(int& minimum, int& natural) const override;

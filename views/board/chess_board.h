@@ -14,6 +14,9 @@ namespace velmora {
 /// The chess board of the window: keeps the board square, with the letters of the files and the digits of the
 /// ranks around it, and reads FEN. It knows no rules: it shows what it is told and reports a drag as a pair
 /// of squares. Squares are those of the position, whichever side the board is seen from.
+///
+/// The margin for letters and digits belongs to the frame and not to the board, so that a pixel of the
+/// board is a pixel of a square and the squares can be found by division.
 class ChessBoard : public Gtk::AspectFrame {
 public:
     /// The size of the board in pixels, see board_size().
@@ -46,6 +49,7 @@ public:
 
     /// Has a screen reader say a text, for instance the last move; it also stays as the description of the
     /// board.
+    /// In words, since nobody hears a game from two squares that have changed.
     void announce(const std::string& text);
 
     /// A drag or a click has ended over a square; get_move() tells which.

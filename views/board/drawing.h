@@ -18,6 +18,10 @@ namespace velmora {
 
 /// The widget that paints the board. All squares are shown squares; only set_arrow() takes squares of the
 /// position and turns them itself.
+///
+/// It paints what SquareTable, BoardMarks and the arrows say, and its part is to know what of that has to
+/// be painted anew. Images are rendered when the board is first drawn, since only then size and scale of
+/// the screen are known.
 class Drawing : public Gtk::DrawingArea {
 public:
     /// Asks for a board of this many pixels, see board_size().
@@ -53,6 +57,7 @@ public:
     void set_marks(const BoardMarks& marks);
 
     /// The fourteen images by code, at the size of a cell in device pixels.
+    /// Rendered now if nothing has been drawn yet.
     const std::vector<Glib::RefPtr<Gdk::Pixbuf>>& pixbufs();
     /// That of a piece.
     const Glib::RefPtr<Gdk::Pixbuf>& image_of(Piece piece) {
@@ -64,6 +69,7 @@ public:
     /// "e4, white pawn" or "e4, empty" for a square of the position.
     std::string content_in_words(Square square) const;
     /// A square of the position has been pressed by other means than the pointer.
+    /// The pointer's events are the business of the board around it.
     sigc::signal<void, Square>& signal_square_pressed() { return m_square_pressed; }
 
     const SquareTable& table() const { return m_table; }

@@ -10,6 +10,8 @@
 /// asks what stands on a square asks for a Piece instead.
 namespace velmora {
 
+/// The numbers of one side are those of PieceKind, so a code is a kind and an offset, and no table stands
+/// between.
 constexpr int light_square_image = 0;
 constexpr int dark_square_image = 7;
 constexpr int image_count = 14;

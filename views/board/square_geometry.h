@@ -48,6 +48,7 @@ constexpr Place corner_of(Square shown_square, CellSize cell) {
 }
 
 /// The shown square under a point; nothing for a point beside the 64 squares.
+/// A board whose pixels don't divide by eight has a strip to the right and below that belongs to no square.
 std::optional<Square> square_at(double x, double y, CellSize cell);
 
 }  // namespace velmora

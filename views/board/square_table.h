@@ -13,10 +13,15 @@ namespace velmora {
 ///
 /// Knows nothing of pixels but the place of the piece in the air, which it keeps for the painter. Squares are
 /// shown squares: 0 is the lower left corner of the screen.
+///
+/// A piece in the air stands on no square: the square it left is empty, so that the painter needs no
+/// exception for it. That is also why every way out of a drag must put it down somewhere.
 class SquareTable {
 public:
     /// Places pieces. A piece in the air stays there when the new table holds it on the square it left, and
     /// is let go otherwise.
+    /// An engine's move may come while the person holds a piece: what the move doesn't concern isn't taken
+    /// from the hand.
     void set_pieces(const Placement& pieces);
     /// Throws std::out_of_range for no square of the board.
     void set_piece(Piece piece, Square square) { m_pieces.at(std::size_t(square.value())) = piece; }

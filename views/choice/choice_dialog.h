@@ -59,6 +59,9 @@ private:
 };
 
 /// The outer layer: a modal dialog that runs in its constructor and ends with the first click.
+///
+/// The same for both choosers, which differ in grid and images alone. One click is the answer and there is
+/// no "OK", since a promotion comes in the middle of a game, and the clocks run.
 class ChoiceDialog : public Gtk::Dialog {
 public:
     /// The code that was chosen, 0 when the dialog was closed without a choice.

@@ -8,6 +8,8 @@
 namespace velmora {
 
 /// The arithmetic of a chooser: codes in a grid of cells, without a widget.
+///
+/// REQUIRES: full rows. That way rows and cells follow from the number of codes.
 struct ChoiceGrid {
     int columns = 1;
     std::vector<int> codes;  ///< row by row

@@ -18,6 +18,7 @@ public:
                       const Image& knight);
 
     /// None without a choice.
+    /// A kind and not a piece: the side is that of the pawn, which the caller knows.
     PieceKind kind() const;
 };
 

@@ -72,6 +72,8 @@ void ClockPair::stop() {
     }
 }
 
+/// A second more than shown is no time given but the difference of two clocks that were read at different
+/// moments.
 std::optional<std::string> ClockPair::refresh(Side side) {
     SideClock& clock = m_sides[side];
     const auto elapsed = std::int64_t(clock.timer.elapsed() * 100);

@@ -19,6 +19,10 @@ std::string clock_text(std::int64_t centiseconds);
 
 /// The two clocks of a game as the window keeps them between the referee's updates, without their labels. A
 /// side that has run out of time loses nothing here: that is the referee's decision.
+///
+/// It counts on by itself so that the labels run while the referee, who says the time after each move, says
+/// nothing. What it shows may be off by the way of a line; the next update puts it right. Hundredths of a
+/// second are its unit since no label shows less than a second.
 class ClockPair {
 public:
     explicit ClockPair(Stopwatch::TimeSource now = Stopwatch::steady_time);
@@ -37,6 +41,8 @@ public:
 
     /// The text that a side's label must take now; nothing while the second shown is still right, or when the
     /// time has grown by one second only: that much an update of the referee may jump without being seen.
+    /// Asked at every tick of the window, twenty times a second: a label that takes a text lays itself out
+    /// anew.
     std::optional<std::string> refresh(Side side);
 
     /// What was left when the side's watch was last reset, centiseconds.

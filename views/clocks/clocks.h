@@ -12,6 +12,9 @@ namespace velmora {
 
 /// The strip with the two chess clocks. The side to move stands on the active colour and, for who does not
 /// see it, in bold with a frame around its time.
+///
+/// The colours come by a style sheet of its own, which also takes away the image that a theme may lay over
+/// them.
 class Clocks : public Gtk::Box {
 public:
     Clocks();

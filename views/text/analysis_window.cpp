@@ -80,6 +80,7 @@ bool AnalysisWindow::add_waiting() {
     return false;
 }
 
+/// The view follows the end by a mark, which stays there when text is put in ahead of it.
 void AnalysisWindow::lengthen(Pane& pane) {
     const auto& buffer = pane.buffer;
     const auto texts = std::exchange(pane.waiting, {});

@@ -13,6 +13,10 @@
 namespace velmora {
 
 /// The window with what the engines write while they think, one pane a side.
+///
+/// An engine at low depths writes hundreds of lines in a moment. Each change of a text buffer moves its
+/// marks and has the view laid out; so lines are collected and go in by one insertion, before the next
+/// frame is drawn.
 class AnalysisWindow : public Gtk::Window {
 public:
     AnalysisWindow();

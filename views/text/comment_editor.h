@@ -8,6 +8,9 @@
 namespace velmora {
 
 /// The small window for the comment at the current move.
+///
+/// What the record holds may not be fit for a text box. So box and record are kept apart: as long as nobody
+/// types, the bytes that were set are the bytes that come back, and opening the window changes no game.
 class CommentEditor : public Gtk::Window {
 public:
     CommentEditor();

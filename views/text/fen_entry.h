@@ -12,6 +12,9 @@ namespace velmora {
 
 /// A strip with an entry in which the user types a FEN. "OK" or the Enter key hands the text over as it
 /// stands, empty or not; whether it is a position is for the listener to find out.
+///
+/// Nothing happens while one types: half a FEN is no position, and the board would flicker through
+/// nonsense.
 class FenEntry : public Gtk::Box {
 public:
     FenEntry();

@@ -10,6 +10,9 @@ namespace velmora {
 
 /// The window that shows the game as PGN text, with the current move marked, and lets the user jump to a move
 /// by a click on it.
+///
+/// The view knows text and offsets, not moves: which move an offset belongs to is known by the record,
+/// which wrote the text.
 class PgnView : public Gtk::Window {
 public:
     PgnView();

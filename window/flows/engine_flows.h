@@ -14,6 +14,9 @@
 namespace velmora {
 
 /// The Engine and Options menus: loading, installing, setting up an engine, and the time control.
+///
+/// Loading is asked for and not waited for: the referee may take fifteen seconds, and the window stays
+/// alive. What is on the screen meanwhile is the matter of SeatedEngine.
 class EngineFlows {
 public:
     /// @param engine_variables  gives the referee's record of the engine in the first seat; throws
@@ -26,6 +29,8 @@ public:
     void load_installed();
     void install();
     void choose_time_control();
+    /// The referee's record is copied, edited and compared, and only what differs is sent: the dialog
+    /// writes into its copy while one types.
     void edit_options();
 
 private:

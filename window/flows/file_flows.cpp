@@ -24,6 +24,8 @@ constexpr std::size_t first_position = 1;
 // ---------------------------------------------------------------------------------------------------------------
 // Games
 
+/// The mode goes first: behind the dialog an engine's move would be played into the game that is about to
+/// go.
 void FileFlows::load_game() {
     m_frame.select_mode(Mode::human_human);
     const std::string path = m_dialogs.choose_file(FileKind::load_game);
@@ -90,6 +92,8 @@ void FileFlows::load_previous_position() {
     step_to_position(std::max(m_position_index, first_position + 1) - 1);
 }
 
+/// Lines are counted from the front each time: places kept of a file that may have been edited since would
+/// go wrong unnoticed.
 void FileFlows::step_to_position(std::size_t index) {
     if (m_position_file.empty() || m_frame.mode() == Mode::tournament) return;
     m_frame.select_mode(Mode::human_human);
@@ -103,6 +107,8 @@ void FileFlows::step_to_position(std::size_t index) {
     set_up(line);
 }
 
+/// Read by the rules' own reader and written anew, so that what is set up has one form wherever it came
+/// from.
 std::optional<std::string> FileFlows::readable_fen(const std::string& line) {
     ChessPosition position;
     try {

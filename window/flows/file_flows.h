@@ -15,6 +15,10 @@
 namespace velmora {
 
 /// The File menu: games and positions from and to files, and the Polyglot book.
+///
+/// Whatever brings a game or a position ends in follow_loaded(): the record and the board have changed
+/// without a move, and the referee has to be told. Files from outside go the same way as chosen ones, so
+/// that there is one set of words for what can be wrong with a file.
 class FileFlows {
 public:
     FileFlows(GameSession& session, BoardView& board, WindowFrame& frame, Dialogs& dialogs,
@@ -61,6 +65,7 @@ private:
     Dialogs& m_dialogs;
     ManagerLink& m_manager;
     ModeController& m_modes;
+    /// The file is read anew at each step: it may have been edited meanwhile.
     std::string m_position_file;       // loaded last
     std::size_t m_position_index = 0;  // of its line, from 1
 };

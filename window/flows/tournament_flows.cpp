@@ -50,6 +50,7 @@ void enter(Tournament& tournament, const TournamentData& entered, const Installe
 
 }  // namespace
 
+/// The list of engines is read anew, for one may have been installed since the dialog was open last.
 void TournamentFlows::edit() {
     try {
         InstalledEngines installed;
@@ -107,6 +108,7 @@ void TournamentFlows::load_named(const std::string& name) {
     m_manager.send(to_referee::LoadTournament{name});
 }
 
+/// "Cancel" also ends a match that is being played.
 void TournamentFlows::leave() {
     m_frame.select_mode(Mode::human_human);
     m_manager.send(to_referee::HumanHuman());

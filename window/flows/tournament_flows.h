@@ -9,6 +9,9 @@
 namespace velmora {
 
 /// The Tournament menu: making, editing, choosing and deleting tournaments.
+///
+/// The file on the disk is what window and referee have in common: the window saves it and sends the name,
+/// the referee reads it. So the format is tried with each tournament, and no object crosses the threads.
 class TournamentFlows {
 public:
     TournamentFlows(GameSession& session, WindowFrame& frame, Dialogs& dialogs, ManagerLink& manager)

@@ -16,6 +16,7 @@
 namespace {
 
 /// What leaves a handler of the toolkit is reported; the program goes on.
+/// Without it the toolkit would end the program at the first exception out of a signal.
 void report_exception() {
     try {
         throw;

@@ -133,6 +133,7 @@ Actions::Actions(Rooms& rooms)
     }
 }
 
+/// The rows outlive the actions, being static; so the slots refer to them and to no copy.
 void Actions::add(const ActionRow& row) {
     Glib::RefPtr<Gtk::Action> action;
     switch (row.kind) {

@@ -19,6 +19,10 @@ struct Rooms;
 ///
 /// A row of kind `menu` begins a menu; those behind it, up to the next of its kind, are what it shows from
 /// top to bottom.
+///
+/// A table is what can be read as the menu, from top to bottom; what an entry does stands with its label,
+/// and a test can walk it. The function gets the rooms instead of capturing them, so that the table is
+/// constant.
 struct ActionRow {
     enum class Kind { menu, separator, plain, toggle, radio };
 
@@ -31,6 +35,9 @@ struct ActionRow {
 };
 
 /// The menu bar's actions: built from one table, reached by name.
+///
+/// Radio actions are the one place where the mode is kept. Who wants another mode selects the action, and
+/// what is to follow comes by its signal, whether a person or the referee was the cause.
 class Actions {
 public:
     /// Builds actions, groups and menu bar; entries call into `rooms`, which must outlive them. A UI string

@@ -14,6 +14,7 @@ namespace velmora {
 class ChessBoard;
 
 /// What the menu's entries call into; owned by the Interface.
+/// A list and no more: it saves the table's functions a parameter for each room.
 struct Rooms {
     ManagerLink& manager;
     GameSession& session;

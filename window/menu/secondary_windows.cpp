@@ -10,6 +10,7 @@ namespace velmora {
 
 namespace {
 
+/// With the title and the borders that the window manager puts around it.
 ScreenBox frame_of(const Glib::RefPtr<const Gdk::Window>& window) {
     Gdk::Rectangle frame;
     window->get_frame_extents(frame);

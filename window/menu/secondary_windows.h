@@ -15,6 +15,9 @@ namespace velmora {
 ///
 /// A part is a window beside the main one or a strip in it, and is known by the name of its toggle action
 /// alone: whoever adds one names it here and in the menu's table.
+///
+/// The windows are made with the program and hidden, so that what comes from an engine has a place from the
+/// start; what is dear in them is put in when they are first shown.
 class SecondaryWindows {
 public:
     /// @param refresh  fills a part with the present game before it is shown
@@ -27,6 +30,8 @@ public:
     /// The same for a window of which nobody else need know, since it shows by itself what it is told.
     void add(const char* action, std::unique_ptr<Gtk::Window> window);
 
+    /// Shows or hides a part; a window is placed beside the main one at its first show, and stays where the
+    /// person has put it from then on.
     void show(std::string_view action, bool on);
     void hide_all();
 

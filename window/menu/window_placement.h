@@ -15,6 +15,7 @@ struct ScreenBox {
 
 /// Where a second window goes so that it covers the first one as little as the screen allows: to its right,
 /// to its left, or else at the edge on the wider side. Its height above the bottom of the screen is kept.
+/// Arithmetic alone: what a window manager makes of the place is its own affair.
 ScreenBox place_beside(const ScreenBox& first, const ScreenBox& second, const ScreenBox& screen);
 
 /// The y at which a window of that height stands below all open ones, from `top` downwards; `otherwise` when

@@ -48,6 +48,7 @@ void read_score(WordReader& reader, Side side, SearchLine& result, std::string& 
 
 }  // namespace
 
+/// A line without a score appends, since engines that split their output say depth and nodes apart.
 void annotate(std::string& annotation, std::string_view line, Side side) {
     SearchLine found;
     WordReader reader(line);

@@ -6,6 +6,9 @@
 namespace velmora {
 
 /// The board as the window's logic sees it.
+///
+/// It takes no position: the view asks the session, which is the owner. So a caller can't show anything
+/// else than what is.
 class BoardView {
 public:
     virtual ~BoardView() = default;

@@ -5,6 +5,8 @@
 namespace velmora {
 
 /// What of the game that the window shows can change.
+/// Named by what changed in the game and not by what is to be drawn: which widgets show it is known
+/// elsewhere.
 enum class Change : unsigned {
     position = 1U << 0U,   ///< the pieces, or what the board has to show anew
     turn = 1U << 1U,       ///< whose move it is
@@ -16,6 +18,9 @@ enum class Change : unsigned {
 };
 
 /// What one operation has changed.
+///
+/// A set, so that an operation that touches five things gives one notice, and nothing is shown half
+/// changed.
 class Changes {
 public:
     constexpr Changes(std::initializer_list<Change> changes) {

@@ -18,6 +18,8 @@
 namespace velmora {
 
 /// What a file is chosen for; decides open or save, title and filters.
+///
+/// The numbers are the index into the table of titles and filters.
 enum class FileKind : std::size_t {
     load_position = 0,
     save_position = 1,
@@ -62,6 +64,8 @@ public:
     virtual int choose_hints() = 0;
 
     /// The chosen path, empty for none.
+    /// A position replaces its file, so an existing one is asked for once more; games are appended, and
+    /// nobody is asked.
     virtual std::string choose_file(FileKind kind) = 0;
     /// Lets the person choose a game of a PGN file: where it begins, in bytes from the start of the file.
     virtual std::optional<std::uint64_t> choose_game(const std::string& path) = 0;

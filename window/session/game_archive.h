@@ -7,6 +7,9 @@ namespace velmora {
 
 /// A PGN file that only ever grows: the running archive of finished games, or a file that the person saves
 /// to.
+///
+/// Games are appended because an archive may be large, and because several programs may share it: what
+/// stands in it is never written again.
 class GameArchive {
 public:
     explicit GameArchive(std::string path) : m_path(std::move(path)) {}

@@ -9,6 +9,9 @@ namespace velmora {
 ///
 /// The order within a notice is fixed. The comment comes ahead of the record's text, so that the box never
 /// holds the text of another move while something else is shown; the board comes last.
+///
+/// A class beside the session and not a part of it, so that the session knows no view, and a test can look
+/// at the notices themselves.
 class GamePresenter {
 public:
     /// Asks the session to be told; must outlive its last notice.

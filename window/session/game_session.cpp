@@ -96,6 +96,7 @@ void GameSession::load_position(const std::string& line, const std::string& fen)
     tell(other_node);
 }
 
+/// No comment is stored, since the record that it belonged to is gone by then.
 void GameSession::load(Game record) {
     m_record = std::move(record);
     m_record.to_start();
@@ -182,6 +183,8 @@ void GameSession::end_game(const GameOutcome& outcome) {
 // ---------------------------------------------------------------------------------------------------------------
 // The person looks and writes
 
+/// Only where it differs, since storing cleans the text: a comment from a file that nobody edits stays as
+/// it was.
 void GameSession::store_comment() {
     const std::string text = m_comment_box();
     if (text != m_record.comment()) m_record.set_comment(comment_from_user(text));

@@ -32,6 +32,12 @@ namespace velmora {
 /// its castling rights, which the record keeps, until the record is stepped through or begun anew.
 ///
 /// The referee has its own copy of the game; the lines of the channel keep the two in step. Main thread only.
+///
+/// The comment box is asked and not told: what is typed there is part of the game as soon as the game goes
+/// on, and a signal at each key would change the record at each key.
+///
+/// Listeners are told when all is done, never in between, so that what they ask the session is consistent.
+/// They must not change the game from within a notice.
 class GameSession {
 public:
     using Listener = std::function<void(Changes)>;
@@ -84,6 +90,7 @@ public:
     /// Plays a legal move.
     void play(const Move& move);
     /// Plays a legal move of an engine, whose side it takes and whose words become the comment.
+    /// The clocks run on: an engine's move is a move of the game whatever the person was looking at.
     void play_for_engine(const Move& move);
     /// Notes search output, without its first word, for the comment of the engine's next move.
     void note_search(Side side, std::string_view line);
@@ -93,8 +100,11 @@ public:
     /// What the last move took, as the referee writes it.
     void append_move_time(std::string_view milliseconds);
     /// Takes back the last move, if one has been played since the position was set up or stepped to.
+    /// Not beyond that: what lies before was loaded or stepped to, not played.
     void take_back();
     /// Ends the record with a result, the words in braces behind it, and the tags of a finished game.
+    /// The referee knows why a game has ended, the session knows the record: words and tags come together
+    /// here.
     void end_game(const GameOutcome& outcome);
 
     // ---- The person looks and writes
@@ -108,8 +118,10 @@ public:
     /// The person has finished with the comment box.
     void apply_comment();
     /// The record as a file gets it, with what stands in the comment box.
+    /// What is typed and not yet applied would else be missing in the file, though it stands on the screen.
     std::string text_to_save();
     /// Takes the castling rights off the board, which is to be set up.
+    /// A king that is moved in the set-up and back would else be found able to castle.
     void clear_rights();
 
     // ---- Who plays, where, and how long

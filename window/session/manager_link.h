@@ -12,6 +12,10 @@ namespace velmora {
 
 /// The window's end of the channel to the referee: gives each command the window's sender id, and writes both
 /// directions to "interface.log" while logging is on.
+///
+/// Both sides count the window's commands, and a line of the referee's is believed if it had taken the
+/// command that matters. Time stamps wouldn't do: the order in which the two queues are read is no order of
+/// time.
 class ManagerLink {
 public:
     explicit ManagerLink(CommandSink& manager);

@@ -96,6 +96,7 @@ void MessageDispatcher::handle(const to_window::NewGame& /*line*/) {
     m_screen.clocks.stop_clocks();
 }
 
+/// A game without a move isn't worth a place in the archive.
 void MessageDispatcher::handle(const to_window::GameOver& line) {
     if (m_session.record().is_empty()) return;
     m_screen.clocks.stop_clocks();
@@ -105,6 +106,8 @@ void MessageDispatcher::handle(const to_window::GameOver& line) {
     if (fault) std::cerr << "The game could not be added to the archive " << *fault << '\n';
 }
 
+/// "currmove" says which move is being searched, many times a second, and would push all else out of the
+/// pane.
 void MessageDispatcher::handle(const to_window::SearchOutput& line) {
     if (m_manager.is_leaving()) return;
     if (line.text.find("currmove") == std::string::npos)

@@ -18,6 +18,11 @@ namespace velmora {
 /// Carries out the referee's lines on the session and the screen, one function a line.
 ///
 /// The board changes only where the mode lets the referee move it.
+///
+/// A line is decoded to a value first, and std::visit picks the function; a line that is added to the
+/// language without one is taken by the template, which does nothing. It changes the session, and what is
+/// to be shown follows from the session's notice; only what isn't part of the game goes to the screen from
+/// here.
 class MessageDispatcher {
 public:
     MessageDispatcher(GameSession& session, const Screen& screen, Dialogs& dialogs, ManagerLink& manager,

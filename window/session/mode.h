@@ -6,6 +6,7 @@
 namespace velmora {
 
 /// The six radio actions of the Mode menu, in menu order.
+/// The window's modes, not the referee's, which has none for setting up.
 enum class Mode : std::size_t {
     setup,
     human_human,

@@ -11,6 +11,10 @@
 namespace velmora {
 
 /// What the six radio actions, "Start thinking" and "New game" bring about.
+///
+/// What a mode is, for the window, is all told by five things: who plays which side, whether the clocks
+/// run, what the referee is told, which entries of the menu are of use, and what happens to the board. Each
+/// handler sets what its mode needs of these, whichever mode was on before.
 class ModeController {
 public:
     ModeController(GameSession& session, BoardView& board, ClockView& clocks, WindowFrame& frame,
@@ -24,6 +28,7 @@ public:
           m_engine(engine) {}
 
     /// A radio action has been switched on or off. The one switched off is told first.
+    /// A click on the mode that is on already switches nothing and tells nobody.
     void on_switched(Mode mode, bool on);
     /// The board shows a position that didn't come by a move: the referee follows, and an engine that takes
     /// part in the mode goes on from there.
@@ -33,6 +38,7 @@ public:
     void new_game();
 
     /// Whether an engine searches or owes a move, as far as the window knows.
+    /// Only then the referee has to be woken; at rest its thread sleeps.
     bool awaits_engine() const;
 
 private:

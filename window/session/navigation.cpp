@@ -24,12 +24,15 @@ void Navigation::to_text_offset(std::size_t offset) {
     go([offset](Game& game) { return game.goto_text_offset(offset); });
 }
 
+/// In a match the buttons and keys do nothing, since the board follows the referee there.
 void Navigation::press(const GameSession::Step& step) {
     if (m_session.seats().only_looks_on()) return;
     m_session.hold_clocks(true);
     go(step);
 }
 
+/// A record from a file may hold a move that can't be played. The board goes as far as it can then, and the
+/// word about it comes when it shows where that is.
 void Navigation::go(const GameSession::Step& step) {
     const Mode mode = m_frame.mode();
     if (mode != Mode::analyze_position && mode != Mode::learn_openings)

@@ -11,6 +11,9 @@
 namespace velmora {
 
 /// Steps through the record: the four buttons under the board and clicks into the PGN text.
+///
+/// Looking at the game leaves a game against an engine: the person is no longer at the position to be
+/// played, and the engine must not move there. Analysis and drill follow the board instead.
 class Navigation {
 public:
     Navigation(GameSession& session, BoardView& board, WindowFrame& frame, Dialogs& dialogs,

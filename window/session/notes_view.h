@@ -7,6 +7,8 @@
 namespace velmora {
 
 /// What is written beside the board: the record, the comment of its current move, and what engines say.
+///
+/// Apart from the board because it is the part that may be out of sight, in windows of its own.
 class NotesView {
 public:
     virtual ~NotesView() = default;

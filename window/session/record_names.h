@@ -20,6 +20,8 @@ struct Player {
 };
 
 /// What the tags of a record that is begun say of the game: where it is played, and by whom.
+///
+/// Kept apart from the record, since it outlives it: the next game has the same players.
 struct RecordNames {
     std::string event = default_event;
     std::string site = default_site;
@@ -31,6 +33,8 @@ struct RecordNames {
 std::string pgn_date(std::chrono::system_clock::time_point now);
 
 /// A time control as the PGN tag has it: "40/10+0.1", "300", "300+2", "-" for the fixed modes.
+/// The forms are those of the PGN standard (9.6.1): moves and seconds of a period with a slash, seconds
+/// alone for sudden death, an increment behind a plus sign, which may follow a period here, too.
 std::string pgn_time_control(const Level& level);
 
 /// Empties a record and gives it the seven tags, with today's date and without a result.

@@ -19,6 +19,9 @@ inline constexpr const char* no_engine_title = "Velmora (no engine loaded)";
 ///
 /// To find out how to talk to a program takes the referee up to fifteen seconds, in which it says nothing. So
 /// the window keeps in mind what it has asked for, until the referee answers with a name or with a message.
+///
+/// An answer counts only if the referee had taken the request when it gave it: the name of the engine
+/// before may still be on its way when the next one is asked for.
 class SeatedEngine {
 public:
     /// @param protocol  asks the referee which protocol the engine in the first seat speaks; nothing when
@@ -31,6 +34,7 @@ public:
     /// "start_tournament" has been sent: the referee sends the engines away and seats those of the match.
     void begin_match();
     /// The mode of the match has been left, which may have been before its engines came.
+    /// The referee has unloaded the engines of the person at its start, so who sits there is asked for.
     void leave_match();
 
     /// The referee has named who sits there.

@@ -5,6 +5,9 @@
 namespace velmora {
 
 /// Whose moves the person at the board may make: each side is played by a person or by an engine.
+///
+/// One value and not two flags, so that a change of seats is one assignment, and nobody sees one side
+/// changed and the other not.
 class Seats {
 public:
     static constexpr Seats of_people() { return {false, false}; }

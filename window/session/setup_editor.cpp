@@ -55,6 +55,8 @@ Piece SetupEditor::place_chosen(ChessPosition& board, Square square) {
     return piece;
 }
 
+/// There is no switch for the side to move. So it is the other side's turn after a piece was touched, as it
+/// is after a move, and a piece can be touched once more to change it.
 void SetupEditor::take_over(ChessPosition& board, Piece touched) {
     if (touched.side() == board.side_to_move()) board.flip_side();
     // Editing leaves pins, keys and attack maps as they were: the position is read back from its own text.

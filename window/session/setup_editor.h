@@ -10,6 +10,9 @@
 namespace velmora {
 
 /// Edits the position in set-up mode: a drag moves a piece, a click removes one or opens the chooser.
+///
+/// The rules are kept out of it as far as they can be. What is refused is what would make a position that
+/// can't be read back: a pawn on the first or last rank, a side without its king.
 class SetupEditor {
 public:
     /// @param click_timer  restarted when the chooser has closed

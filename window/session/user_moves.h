@@ -16,6 +16,10 @@
 namespace velmora {
 
 /// Turns what the person does on the board into moves: drags, and clicks on a piece and on its destination.
+///
+/// Drags and clicks end in the same place, where a move is looked for among the legal ones; whoever types
+/// it goes there, too. The referee is told of legal moves only, though it looks again: its board may have
+/// changed meanwhile.
 class UserMoves {
 public:
     /// Seconds after the start, and after the piece chooser closed, in which the board takes no click: the
@@ -40,6 +44,7 @@ private:
     void make(const Move& move);
     bool sets_up() const { return m_frame.mode() == Mode::setup; }
     bool may_move() const { return !m_session.engine_to_move(); }
+    /// Of the side to move, which between people is each in turn.
     bool is_own_piece(Square square) const;
     PieceKind choose_promotion(Square from, Square to);
 
