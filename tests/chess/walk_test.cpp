@@ -187,6 +187,36 @@ TEST_P(Walk, SharpPositions) {
     }
 }
 
+// Where rules meet, a few moves from each.
+TEST_P(Walk, RareCases) {
+    std::minstd_rand random(9);
+    ChessPosition position;
+    for (const char* fen :
+         {// Castling: an attacked square on the king's way, a rook that is attacked or passes one, check,
+          // a piece between, rights without their rook or king, targets that king or rook stands on, and
+          // a rook that shields the target.
+          "4kr2/8/8/8/8/8/8/4K2R w K - 0 1", "4k2r/8/8/8/8/8/8/4K2R w K - 0 1",
+          "1r2k3/8/8/8/8/8/8/R3K3 w Q - 0 1", "4r1k1/8/8/8/8/8/8/R3K3 w Q - 0 1",
+          "4k3/8/8/8/8/8/8/RN2K3 w Q - 0 1", "4k3/8/8/8/8/8/8/4K3 w BG - 0 1",
+          "4k3/8/8/8/8/8/4K3/R6R w KQ - 0 1", "4k3/8/8/8/8/8/8/5KR1 w G - 0 1",
+          "4k3/8/8/8/8/8/8/rR1K4 w B - 0 1", "4k3/8/8/8/8/8/8/2KR4 w D - 0 1",
+          // En passant: both pawns leave the king's rank, a pin on the diagonal of the capture, the pawn
+          // that gives check, a target that is occupied or has no pawn behind it.
+          "4k3/8/8/K2pP2r/8/8/8/8 w - d6 0 1", "8/6k1/8/8/3pP3/2B5/8/K7 b - e3 0 1",
+          "8/8/8/3pP3/2K4k/8/8/8 w - d6 0 1", "4k3/8/3n4/3pP3/8/8/8/4K3 w - d6 0 1",
+          "4k3/8/8/4P3/8/8/8/4K3 w - d6 0 1",
+          // Mates and what looks like one: smothered, stalemate, the line behind the king is free when a
+          // pawn checks, en passant is the only way out, double check.
+          "6rk/5Npp/8/8/8/8/8/K7 b - - 0 1", "7k/5Q2/6K1/8/8/8/8/8 b - - 0 1",
+          "1rb5/pk6/p1P5/3N4/Q7/8/8/4K3 b - - 0 1", "8/8/8/2k5/3Pp3/8/8/KQ4R1 b - d3 0 1",
+          "4k3/3ppN2/8/8/8/8/4R3/K2Q4 b - - 0 1",
+          // The king of the side that is not to move could be taken.
+          "4k3/8/8/8/8/8/P3R3/K7 w - - 0 1"}) {
+        position.fen(fen);
+        walk(position, random, 4, GetParam());
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Chess, Walk, ::testing::Values(Depth::incremental, Depth::everything),
                          [](const auto& depth) {
                              return depth.param == Depth::everything ? "AgainstMailbox" : "Incremental";

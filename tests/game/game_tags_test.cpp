@@ -44,7 +44,6 @@ TEST(GameTags, ReadTheStartFromFen) {
         {"8/8/8/8/8/8/8/8 w - - 0 31", Side::white, 31},
         {"8/8/8/8/8/8/8/8 b - - 0 12", Side::black, 12},
         {"8/8/8/8/8/8/8/8 W - - 0 2", Side::black, 2},
-        {"8/8/8/8/8/8/8/8 w - -", Side::white, 1},
         {"8/8/8/8/8/8/8/8 w - - 0 x", Side::white, 1},
         {"8/8/8/8/8/8/8/8 b - - 0 99999999999", Side::black, 1},
         {"", Side::black, 1},
