@@ -50,36 +50,31 @@ TEST(Fen, Faults) {
     struct Row {
         std::string text, expected;
     };
-    const auto kings = [](const std::string& text) {
-        return "ChessPosition::fen(" + text + ")   error number of kings";
-    };
-    const auto syntax = [](const std::string& text) {
-        return "BoardPosition::fen(" + text + ")    syntax error";
-    };
-    const auto unknown = [](const std::string& text, const std::string& code) {
-        return "BoardPosition::fen(" + text + ") \nunkown piece 0x" + code;
-    };
+    // The FEN is put in for "$".
+    const std::string kings = "ChessPosition::fen($)   error number of kings";
+    const std::string syntax = "BoardPosition::fen($)    syntax error";
+    const std::string unknown = "BoardPosition::fen($) \nunkown piece 0x";
     for (const Row& row : {
-             Row{"", kings("")},
-             {"KK6/8/8/8/8/8/8/k7 w - -", kings("KK6/8/8/8/8/8/8/k7 w - -")},
+             Row{"", kings},
+             {"KK6/8/8/8/8/8/8/k7 w - -", kings},
              {"4k3/8/8/8/8/8/8/4K3 w", "ChessPosition::fen(string)   error castle field"},
              {"4k3/8/8/8/8/8/8/4K3 w -", "ChessPosition::fen(string)   error EP field"},
              {"4k3/8/8/8/8/8/8/P3K3 w - -", "BoardPosition::fen   error: white pawn on wrong square"},
              {"4k2p/8/8/8/8/8/8/4K3 w - -", "BoardPosition::fen   error: black pawn on wrong square"},
-             {"nnnnnnnnn/8/8/8/8/8/8/K6k w - -", syntax("nnnnnnnnn/8/8/8/8/8/8/K6k w - -")},
-             {"kK6/8/8/8/8/8/8/8/8/8 w - -", syntax("kK6/8/8/8/8/8/8/8/8/8 w - -")},
-             {"k7/8/8/8/8/K7/8/8/8/n7/8 w - -", syntax("k7/8/8/8/8/K7/8/8/8/n7/8 w - -")},
-             {"k8n/8/8/8/8/8/8/K7 w - -", syntax("k8n/8/8/8/8/8/8/K7 w - -")},
-             {"9/8/8/8/8/8/8/K6k w - - 0 1", unknown("9/8/8/8/8/8/8/K6k w - - 0 1", "39")},
-             {"8/8/\xE4/8/8/8/8/K6k w - - 0 1", unknown("8/8/\xE4/8/8/8/8/K6k w - - 0 1", "e4")},
+             {"nnnnnnnnn/8/8/8/8/8/8/K6k w - -", syntax},
+             {"kK6/8/8/8/8/8/8/8/8/8 w - -", syntax},
+             {"k7/8/8/8/8/K7/8/8/8/n7/8 w - -", syntax},
+             {"k8n/8/8/8/8/8/8/K7 w - -", syntax},
+             {"9/8/8/8/8/8/8/K6k w - - 0 1", unknown + "39"},
+             {"8/8/\xE4/8/8/8/8/K6k w - - 0 1", unknown + "e4"},
              // The character named is counted from the start of the whole text.
-             {" 7x/8/8/8/8/8/8/K6k w - -", unknown(" 7x/8/8/8/8/8/8/K6k w - -", "37")},
+             {" 7x/8/8/8/8/8/8/K6k w - -", unknown + "37"},
              // A king that a later piece replaces.
-             {"8/8/8/8/8/8/8/8K/r7/8/k6 w - -", syntax("8/8/8/8/8/8/8/8K/r7/8/k6 w - -")},
-             {"K78/n6k/8/8 w - -", kings("K78/n6k/8/8 w - -")},
+             {"8/8/8/8/8/8/8/8K/r7/8/k6 w - -", syntax},
+             {"K78/n6k/8/8 w - -", kings},
          }) {
         ChessPosition position;
-        EXPECT_EQ(thrown_text([&] { position.fen(row.text); }), row.expected);
+        EXPECT_EQ(thrown_text([&] { position.fen(row.text); }), test::filled(row.expected, row.text));
 
         ChessPosition kept;
         kept.new_game();

@@ -106,12 +106,10 @@ TEST(SanMove, Faults) {
              // Both are pinned and cannot go there along their lines.
              {"4rk2/8/8/b7/8/2N1N3/8/4K3 w - - 0 1", "Nd5", none("Nd5")},
          }) {
-        std::string expected = row.expected;
-        if (const std::size_t place = expected.find('$'); place != std::string::npos) {
-            expected.replace(place, 1, row.fen);
-        }
         const ChessPosition position = position_of(row.fen);
-        EXPECT_EQ(thrown_text([&] { SanMove(position, std::string_view(row.san)); }), expected) << row.san;
+        EXPECT_EQ(thrown_text([&] { SanMove(position, std::string_view(row.san)); }),
+                  test::filled(row.expected, row.fen))
+            << row.san;
     }
 }
 

@@ -3,6 +3,7 @@
 #include <random>
 #include <set>
 #include <string>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -17,46 +18,15 @@ namespace {
 
 using test::Mailbox;
 
-/// All that a position can be asked for, with the history that its keys remember.
-struct Snapshot {
-    explicit Snapshot(const ChessPosition& now)
-        : position(now),
-          key(now.key()),
-          pawn_key(now.pawn_key()),
-          material_key(now.material().key()),
-          phase(now.material().phase()),
-          repeated(now.is_repetition(2)) {}
+/// What its FEN says about a position, as far as it is kept up to date from move to move.
+auto state_of(const ChessPosition& position) {
+    return std::tuple(position.fen(), position.key(), position.pawn_key(), position.material().counts(),
+                      position.material().phase(), position.checkers());
+}
 
-    void expect_equal(const ChessPosition& other) const {
-        EXPECT_TRUE(position == other);
-        EXPECT_EQ(position.fen(), other.fen());
-        EXPECT_EQ(key, other.key());
-        EXPECT_EQ(pawn_key, other.pawn_key());
-        EXPECT_TRUE(position.material() == other.material());
-        EXPECT_EQ(material_key, other.material().key());
-        EXPECT_EQ(phase, other.material().phase());
-        EXPECT_EQ(repeated, other.is_repetition(2));
-        EXPECT_EQ(position.moves(), other.moves());
-    }
-
-    ChessPosition position;
-    std::uint64_t key, pawn_key;
-    std::uint32_t material_key;
-    std::int32_t phase;
-    bool repeated;
-};
-
-/// The incremental state against that of the same position read from its FEN.
-void expect_equals_scratch(const ChessPosition& position) {
-    ChessPosition scratch;
-    scratch.fen(position.fen());
-    EXPECT_TRUE(scratch == position);
-    EXPECT_EQ(scratch.fen(), position.fen());
-    EXPECT_EQ(scratch.key(), position.key());
-    EXPECT_EQ(scratch.pawn_key(), position.pawn_key());
-    EXPECT_TRUE(scratch.material() == position.material());
-    EXPECT_EQ(scratch.material().phase(), position.material().phase());
-    EXPECT_EQ(scratch.checkers(), position.checkers());
+/// What depends on the moves before.
+auto history_of(const ChessPosition& position) {
+    return std::tuple(position.material().key(), position.is_repetition(2), position.moves());
 }
 
 void expect_equals_mailbox(const ChessPosition& position, const MoveList& list) {
@@ -137,12 +107,19 @@ void walk(ChessPosition& position, std::minstd_rand& random, int plies, Depth de
         }
         if (list.empty()) return;
         const Move move = list[random() % list.size()];
-        const Snapshot before(position);
+        const ChessPosition before(position);
+        const auto state = state_of(position);
+        const auto history = history_of(position);
         position.do_move(move);
         EXPECT_EQ(position.in_check(), move.check()) << move.dump();
-        expect_equals_scratch(position);
+        ChessPosition scratch;
+        scratch.fen(position.fen());
+        EXPECT_TRUE(scratch == position);
+        EXPECT_EQ(state_of(scratch), state_of(position));
         position.undo_move();
-        before.expect_equal(position);
+        EXPECT_TRUE(before == position);
+        EXPECT_EQ(state, state_of(position));
+        EXPECT_EQ(history, history_of(position));
         position.do_move(move);
     }
     while (!position.moves().empty()) position.undo_move();
