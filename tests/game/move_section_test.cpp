@@ -37,9 +37,7 @@ TEST(MoveSection, LinksMoves) {
     const struct {
         const char *name, *text, *elements;
     } rows[] = {
-        {"main line, no marker for a star", "1. e4 e5 2. Nf3 *", "e4^0w1>2 e5^1b1>3 Nf3^2w2 >1"},
-        {"an alternative to the first move counts as Black's", "1. e4 (1. d4 d5) e5 1-0",
-         "e4^0w1>6 (^1 d4^0b1>4 d5^3w2 )^1 e5^1b1>7 1-0^6 >1>3"},
+        {"no marker for a star", "1. e4 e5 *", "e4^0w1>2 e5^1b1 >1"},
         {"numbers are counted, but for the first", "7. e4 9. e5 3. Nf3", "e4^0w7>2 e5^1b7>3 Nf3^2w8 >1"},
         {"a number too large is none", "99999999999. e4 e5", "e4^0w0>2 e5^1b0 >1"},
         {"the largest number stays", "2147483647. e4 e5 d4",
