@@ -90,7 +90,9 @@ TEST_F(PgnFileTest, LosesTheDamagedGameAlone) {
         {"bytes", std::string("\0\x01\xFF[\0\xFE]\n\x80 7 \x80\n", 14), "az"},
         {"byte-order mark", "\xEF\xBB\xBF" + b + "\n*\n", "abz"},
     };
-    for (const auto& row : rows) EXPECT_EQ(events_of(game_a + row.damaged + game_z), row.events) << row.name;
+    for (const auto& row : rows) {
+        EXPECT_EQ(events_of(std::string(game_a).append(row.damaged).append(game_z)), row.events) << row.name;
+    }
     EXPECT_EQ(events_of(game_a + game_z.substr(0, game_z.size() - 1)), "az") << "no final newline";
 }
 

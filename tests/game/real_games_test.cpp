@@ -133,7 +133,7 @@ protected:
         const auto read_again = read(files.path("saved.pgn"));
         EXPECT_EQ(read_again.games.size(), read_once.games.size());
         // Behind a comment Black's alternative carries its number twice, which is more than others read.
-        static const std::regex number_twice("(\\(\\s[0-9]+\\.\\.\\.)\\s[0-9]+\\.\\.\\.");
+        static const std::regex number_twice(R"((\(\s[0-9]+\.\.\.)\s[0-9]+\.\.\.)");
         const auto single = std::regex_replace(files.content("saved.pgn"), number_twice, "$1 ");
         const auto others = ends_by_pgn_extract(files.write("single.pgn", single));
         EXPECT_EQ(difference(read_again.ends, others), Positions());

@@ -13,7 +13,7 @@ namespace {
 
 std::string text_of(const TagPairs& tags) {
     std::string text;
-    for (const auto& [name, value] : tags) text += name + "=" + value + ";";
+    for (const auto& [name, value] : tags) text.append(name).append("=").append(value).append(";");
     return text;
 }
 
