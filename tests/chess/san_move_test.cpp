@@ -28,6 +28,7 @@ TEST(SanMove, Written) {
              {"3k4/8/8/8/8/8/8/R3K2R w KQ - 0 1", "e1c1", "O-O-O+"},
              {"R7/8/8/7k/8/4K3/8/R7 w - - 0 1", "a1a4", "R1a4"},
              {"8/6k1/8/8/8/Q7/8/Q1Q4K w - - 0 1", "a1b2", "Qa1b2+"},
+             {"4k3/4r3/8/8/8/2N1N3/8/4K3 w - - 0 1", "c3d5", "Nd5"},  // the other is pinned
              {"4k3/8/8/8/1b6/7R/3R4/4K3 w - - 0 1", "h3d3", "Rd3"},
              {"1rb5/pk6/p7/2PN4/Q7/8/8/4K3 w - - 0 1", "c5c6", "c6+"},  // Ka8 is left
          }) {
