@@ -59,26 +59,5 @@ TEST(MagicMoves, SelfTestNeedsTheFullTables) {
               "square=0\nindex=0\nmagic_bishop_moves: 0\nb");
 }
 
-TEST(BitTables, Lines) {
-    const Square a1("a1"), a4("a4"), b3("b3"), e4("e4"), e6("e6"), h8("h8");
-    EXPECT_EQ(bit_tables.between(a1, h8).count(), 6);
-    EXPECT_TRUE(bit_tables.between(a1, b3).empty());
-    EXPECT_EQ(bit_tables.between_inclusive(a1, b3), a1.bit() | b3.bit());
-    EXPECT_EQ(bit_tables.ray_through(e4, e6), walk(e4, 0, 1, no_squares));
-    EXPECT_EQ(bit_tables.ray_through(e6, e4), walk(e6, 0, -1, no_squares));
-    EXPECT_TRUE(bit_tables.ray_through(a1, b3).empty());
-    EXPECT_TRUE(bit_tables.ray_through(a1, a1).empty());
-    EXPECT_EQ(bit_tables.block(a1).count(), 4);
-    EXPECT_EQ(bit_tables.block(e4).count(), 9);
-    EXPECT_EQ(bit_tables.knight_moves(a4).squares(),
-              (std::vector<Square>{Square("b2"), Square("c3"), Square("c5"), Square("b6")}));
-    EXPECT_EQ(bit_tables.queen_lines(e4), rook_walk(e4, no_squares) | bishop_walk(e4, no_squares));
-    const int steps[BitTables::directions][2] = {{1, 0},  {1, 1},   {0, 1},  {-1, 1},
-                                                 {-1, 0}, {-1, -1}, {0, -1}, {1, -1}};
-    for (int i = 0; i < BitTables::directions; ++i) {
-        EXPECT_EQ(bit_tables.rays(i, e4), walk(e4, steps[i][0], steps[i][1], no_squares)) << i;
-    }
-}
-
 }  // namespace
 }  // namespace velmora

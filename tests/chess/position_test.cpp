@@ -55,25 +55,17 @@ TEST(Position, RightsAndEnPassantAfterMoves) {
               "1r2k2r/8/8/8/8/8/8/4K3 w k - 1 2"},
              {"castling short", "r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "e1g1",
               "r3k2r/8/8/8/8/8/8/R4RK1 b kq - 1 1"},
-             {"castling long", "r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 0 1", "e8c8",
-              "2kr3r/8/8/8/8/8/8/R3K2R w KQ - 1 2"},
              {"Chess960 castling over its own squares", "4k3/8/8/8/8/8/8/5KR1 w G - 0 1", "f1g1",
               "4k3/8/8/8/8/8/8/5RK1 b - - 1 1"},
              {"promotion with capture of a rook", "r3k3/1P6/8/8/8/8/8/4K3 w q - 0 1", "b7a8n",
               "N3k3/8/8/8/8/8/8/4K3 b - - 0 1"},
-             {"en passant", "4k3/8/8/8/3pP3/8/8/4K3 b - e3 0 1", "d4e3", "4k3/8/8/8/8/4p3/8/4K3 w - - 0 2"},
              // The look beside the pawn has no edge.
              {"from the a-file to the h-file", "4k3/8/8/8/8/7p/P7/4K3 w - - 0 1", "a2a4",
               "4k3/8/8/8/P7/7p/8/4K3 b - a3 0 1"},
              {"from the h-file to the a-file", "4k3/7p/P7/8/8/8/8/4K3 b - - 0 1", "h7h5",
               "4k3/8/P7/7p/8/8/8/4K3 w - h6 0 2"},
          }) {
-        ChessPosition position = position_of(row.fen, row.move);
-        EXPECT_EQ(position.fen(), row.after) << row.name;
-        position.undo_move();
-        EXPECT_EQ(position.fen(), row.fen) << row.name;
-        position.undo_move();  // nothing to take back
-        EXPECT_EQ(position.fen(), row.fen) << row.name;
+        EXPECT_EQ(position_of(row.fen, row.move).fen(), row.after) << row.name;
     }
 }
 
@@ -84,30 +76,23 @@ TEST(Position, PassingTheTurn) {
     position.undo_move();
     EXPECT_EQ(position.key(), 0x823C9B50FD114196);
     EXPECT_EQ(position.moves_text(), "e2e4");
+    position.undo_move();
+    position.undo_move();  // nothing to take back
+    EXPECT_EQ(position.fen(), start);
 }
 
-TEST(Position, RepetitionAndFiftyMoves) {
-    const std::string shuffle = "g1f3 g8f6 f3g1 f6g8";
-    ChessPosition position = position_of(start, shuffle);
-    EXPECT_TRUE(position.is_repetition(2));
-    EXPECT_FALSE(position.is_repetition(3));
-    position = position_of(start, shuffle + ' ' + shuffle);
-    EXPECT_TRUE(position.is_repetition(3));
-    position.do_move(position.convert_to_move("e2e4"));
+TEST(Position, Repetition) {
+    // A pawn's move puts a mark where the search for a repetition ends; taken back, the mark goes with it.
+    ChessPosition position = position_of(start, "g1f3 g8f6 f3g1 f6g8 e2e4");
     EXPECT_FALSE(position.is_repetition(2));
     position.undo_move();
-    EXPECT_TRUE(position.is_repetition(3));  // the mark of the pawn move went with it
+    EXPECT_TRUE(position.is_repetition(2));
+    EXPECT_FALSE(position.is_repetition(3));
 
     // The same pieces with other rights are another position.
     position = position_of("4k3/8/8/8/8/8/8/4K2R w K - 98 80", "h1g1 e8d8 g1h1");
-    EXPECT_TRUE(position.is_fifty());
     position.do_move(position.convert_to_move("d8e8"));
     EXPECT_FALSE(position.is_repetition(2));
-    position.undo_move();
-    position.undo_move();
-    EXPECT_TRUE(position.is_fifty());
-    position.undo_move();
-    EXPECT_FALSE(position.is_fifty());
 }
 
 TEST(Position, CopiesAreIndependent) {
@@ -118,12 +103,9 @@ TEST(Position, CopiesAreIndependent) {
     position.undo_move();
     position.do_move(position.convert_to_move("d2d4"));
     EXPECT_EQ(copy.moves_text(), "e2e4");
-    EXPECT_FALSE(copy == position);
     position = copy;
     EXPECT_EQ(position.id(), id);
     EXPECT_TRUE(copy == position);
-    EXPECT_EQ(position.maps().attacks(PieceKind::pawn, Side::white),
-              copy.maps().attacks(PieceKind::pawn, Side::white));
 }
 
 TEST(Position, EditsReachTheBoardAlone) {
@@ -140,7 +122,7 @@ TEST(Position, EditsReachTheBoardAlone) {
     EXPECT_EQ(position.side(), 0);
 }
 
-TEST(Position, DumpNamesTheMen) {
+TEST(Position, DumpNamesThePieces) {
     const std::string dump = position_of("4k3/8/8/8/4r3/8/4N3/4K3 w - - 0 1").dump();
     EXPECT_NE(dump.find("side to move: white\nwhite pawn:\nwhite knight: e2\n"), std::string::npos);
     EXPECT_NE(dump.find("pinned pieces: 0000000000001000\n"), std::string::npos);
@@ -155,7 +137,6 @@ TEST(Material, CountsAndSignature) {
     } rows[] = {
         {start.c_str(), "", 0x0001222800012228, "KQRRBBNNPPPPPPPPkqrrbbnnpppppppp", 0},
         {"4k3/8/8/8/8/8/8/4K3 w - - 0 1", "", 0, "Kk", 1024},
-        {"4k3/P7/8/8/8/8/8/4K3 w - - 0 1", "a7a8q", 0x0001000000000000, "KQk", 876},
         {"1n2k3/P7/8/8/8/8/7p/4K1N1 w - - 0 1", "a7b8r h2g1n", 0x0000100000000010, "KRkn", 892},
     };
     for (const auto& row : rows) {
@@ -166,18 +147,10 @@ TEST(Material, CountsAndSignature) {
     }
 }
 
-// Counting XORs count * constant, moves XOR the constants themselves.
-TEST(Material, KeyDependsOnTheWay) {
-    ChessPosition position = position_of("4k3/P7/8/8/8/8/P7/4K3 w - - 0 1");
-    const std::uint32_t pawn = 0xD091BB5C;
-    EXPECT_EQ(position.material().key(), 2 * pawn);
-    position.do_move(position.convert_to_move("a7a8r"));
-    EXPECT_EQ(position.material().key(), 2 * pawn ^ 0x0552A425U);
-    position.undo_move();
-    EXPECT_EQ(position.material().key(), 2 * pawn);
-}
-
 TEST(Material, Operations) {
+    // Counting XORs count * constant, moves XOR the constants themselves.
+    EXPECT_EQ(position_of("4k3/P7/8/8/8/8/P7/4K3 w - - 0 1", "a7a8r").material().key(),
+              2 * 0xD091BB5CU ^ 0x0552A425U);
     Material material;
     material.set(Piece(1), 3);
     material.add(Piece(13));
@@ -197,14 +170,10 @@ TEST(ConvertToMove, Faults) {
     ChessPosition position;
     position.new_game();
     const std::pair<std::string, const char*> rows[] = {{"", "  invalid size"},
-                                                        {"e2e", "  invalid size"},
                                                         {"e7e8qq", "  invalid size"},
-                                                        {"i2e4", "  invalid 'from' square"},
                                                         {"e9e4", "  invalid 'from' square"},
-                                                        {"e2E4", "  invalid 'to' square"},
                                                         {"e2e0", "  invalid 'to' square"},
                                                         {"e2e4k", "  invalid promotion piece"},
-                                                        {"e2e4Q", "  invalid promotion piece"},
                                                         {"e4e5", "  no piece on 'from' square"}};
     for (const auto& [text, suffix] : rows) {
         EXPECT_EQ(thrown_text([&, word = text] { position.convert_to_move(word); }),
@@ -212,36 +181,23 @@ TEST(ConvertToMove, Faults) {
     }
 }
 
-TEST(ConvertToMove, Moves) {
+TEST(ConvertToMove, WhatIsNoLegalMove) {
     struct Row {
         const char *name, *fen, *text;
         const char* expected;  // the dump without xcode
     };
     for (const Row& row : {
-             Row{"check", "4k3/8/8/8/8/8/8/R3K3 w Q - 0 1", "a1a8",
-                 "from:a1  to:a8  code:normal_move  piece:white rook  capture:no piece  check:true"},
-             {"classic castling", "4k3/8/8/8/8/8/8/R3K3 w Q - 0 1", "e1c1",
-              "from:e1  to:a1  code:castling  piece:white king  capture:no piece  check:false"},
-             {"king takes rook", "r3k3/8/8/8/8/8/8/4K3 b q - 0 1", "e8a8",
-              "from:e8  to:a8  code:castling  piece:black king  capture:no piece  check:false"},
-             {"no rook, no castling", "4k3/8/8/8/8/8/8/4K3 w - - 0 1", "e1g1",
-              "from:e1  to:g1  code:normal_move  piece:white king  capture:no piece  check:false"},
+             Row{"no rook, no castling", "4k3/8/8/8/8/8/8/4K3 w - - 0 1", "e1g1",
+                 "from:e1  to:g1  code:normal_move  piece:white king  capture:no piece  check:false"},
              {"occupied target, no castling", "4k3/8/8/8/8/8/8/4K1nR w K - 0 1", "e1g1",
               "from:e1  to:g1  code:normal_move  piece:white king  capture:black knight  check:false"},
-             {"en passant", "4k3/8/8/3pP3/8/8/8/4K3 w - d6 0 1", "e5d6",
-              "from:e5  to:d6  code:en_passant  piece:white pawn  capture:black pawn  check:false"},
-             {"promotion with check", "4k3/P7/8/8/8/8/8/4K3 w - - 0 1", "a7a8r",
-              "from:a7  to:a8  code:promo_rook  piece:white pawn  capture:no piece  check:true"},
              {"illegal moves pass, without check bit", "4k3/8/8/8/8/8/8/R3K3 w - - 0 1", "a1e8",
               "from:a1  to:e8  code:normal_move  piece:white rook  capture:black king  check:false"},
          }) {
         const std::string dump = position_of(row.fen).convert_to_move(row.text).dump();
         EXPECT_EQ(dump.substr(0, dump.find("   xcode")), row.expected) << row.name;
     }
-    ChessPosition position;
-    position.new_game();
-    EXPECT_TRUE(position.make_move(Square("e2"), Square("e2"), MoveCode::normal_move).empty());
-    EXPECT_TRUE(position.make_move(Square("e4"), Square("e5"), MoveCode::normal_move).empty());
+    const ChessPosition position = position_of(start);
     EXPECT_TRUE(position.make_move(Square("e1"), no_square, MoveCode::normal_move).empty());
     EXPECT_TRUE(position.make_move(Square("e2"), Square("d1"), MoveCode::castling).capture().empty());
     EXPECT_FALSE(find_legal(position, position.make_move(Square("e2"), Square("e5"), MoveCode::normal_move)));

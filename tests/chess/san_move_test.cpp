@@ -20,24 +20,16 @@ TEST(SanMove, Written) {
     };
     for (const Row& row : {
              Row{start.c_str(), "e2e4", "e4"},
-             {start.c_str(), "g1f3", "Nf3"},
-             {"4k3/8/8/3p4/4P3/8/8/4K3 w - - 0 1", "e4d5", "exd5"},
              {"4k3/8/8/3pP3/8/8/8/4K3 w - d6 0 1", "e5d6", "exd6"},
              {"3r4/4P3/8/k7/8/8/8/4K3 w - - 0 1", "e7e8n", "e8=N"},
              {"3r4/4P3/8/k7/8/8/8/4K3 w - - 0 1", "e7d8b", "exd8=B+"},
-             {"8/4P3/8/k7/8/8/8/4K3 w - - 0 1", "e7e8r", "e8=R"},
              {"k7/4P3/1K6/8/8/8/8/8 w - - 0 1", "e7e8q", "e8=Q#"},
              {"4k3/8/8/8/8/8/8/R3K2R w KQ - 0 1", "e1g1", "O-O"},
              {"3k4/8/8/8/8/8/8/R3K2R w KQ - 0 1", "e1c1", "O-O-O+"},
-             {"8/8/8/8/1k6/4K3/8/R6R w - - 0 1", "a1d1", "Rad1"},
-             {"8/8/8/8/1k6/4K3/8/R6R w - - 0 1", "h1d1", "Rhd1"},
              {"R7/8/8/7k/8/4K3/8/R7 w - - 0 1", "a1a4", "R1a4"},
-             {"R7/8/8/7k/8/4K3/8/R7 w - - 0 1", "a8a4", "R8a4"},
              {"8/6k1/8/8/8/Q7/8/Q1Q4K w - - 0 1", "a1b2", "Qa1b2+"},
              {"4k3/4r3/8/8/8/2N1N3/8/4K3 w - - 0 1", "c3d5", "Nd5"},  // the other is pinned
-             {"4k3/8/8/8/8/8/4q3/3RK3 w - - 0 1", "e1e2", "Kxe2"},
              {"4k3/8/8/8/1b6/7R/3R4/4K3 w - - 0 1", "h3d3", "Rd3"},
-             {"6rk/6pp/7N/8/8/8/8/K7 w - - 0 1", "h6f7", "Nf7#"},
              {"1rb5/pk6/p7/2PN4/Q7/8/8/4K3 w - - 0 1", "c5c6", "c6+"},  // Ka8 is left
          }) {
         const ChessPosition position = position_of(row.fen);
@@ -55,24 +47,13 @@ TEST(SanMove, Read) {
         const char *fen, *san;
         const char* move;  // coordinate text, "+" when the check bit is set
     };
-    const char* const knights = "1n2k3/8/5n2/8/8/8/8/4K3 b - - 0 1";
     for (const Row& row : {
              Row{start.c_str(), "Nf3", "g1f3"},
              {start.c_str(), "Ng1f3", "g1f3"},
              {start.c_str(), "N1f3", "g1f3"},
-             {start.c_str(), "Nf3+", "g1f3+"},
              {start.c_str(), "Nf3#!?! ", "g1f3+"},
-             {start.c_str(), "e4", "e2e4"},
-             {start.c_str(), "e3", "e2e3"},
              {start.c_str(), "zzze4", "e2e4"},
-             {knights, "Nbd7", "b8d7"},
-             {knights, "N6d7", "f6d7"},
-             {"4k3/8/8/4P3/8/8/8/4K3 w - - 0 1", "exd6", "e5d6"},
-             {"8/4P1k1/8/8/8/8/8/4K3 w - - 0 1", "e8=Q", "e7e8q"},
              {"3r4/4P1k1/8/8/8/8/8/4K3 w - - 0 1", "exd8=N#", "e7d8n+"},
-             {"4k3/8/8/8/8/8/8/R3K2R w KQ - 0 1", "O-O", "e1h1"},
-             {"4k3/8/8/8/8/8/8/R3K2R w KQ - 0 1", "O-O-O+", "e1a1+"},
-             {"4k3/8/8/8/8/8/8/1K3R2 w F - 0 1", "O-O", "b1f1"},
              {"4k3/8/8/8/8/8/8/1K3R2 w - - 0 1", "O-O", "b1f1"},  // rights are not asked
              // Of several candidates pinned ones drop out, or go along their line when all are pinned.
              {"4k3/4r3/8/8/8/2N1N3/8/4K3 w - - 0 1", "Nd5", "c3d5"},
@@ -106,15 +87,9 @@ TEST(SanMove, Faults) {
     };
     for (const Row& row : {
              Row{start.c_str(), "", none("")},
-             {start.c_str(), "!? ", none("!? ")},
              {start.c_str(), "+", none("+")},
              {start.c_str(), "x", none("x")},
-             {start.c_str(), "=", none("=")},
-             {start.c_str(), "e5", none("e5")},
-             {start.c_str(), "e1", none("e1")},
              {start.c_str(), "Ng5", none("Ng5")},
-             {start.c_str(), "O-O!", none("O-O!")},
-             {start.c_str(), "0-0", none("0-0")},
              {start.c_str(), "O-O", castling("O-O")},
              {"4k3/8/8/8/8/8/8/1KN2R2 w F - 0 1", "O-O+", castling("O-O+")},
              {"4k3/8/8/8/8/8/8/4K3 w - - 0 1", "O-O-O", castling("O-O-O")},
@@ -126,16 +101,14 @@ TEST(SanMove, Faults) {
              // Both are pinned and cannot go there along their lines.
              {"4rk2/8/8/b7/8/2N1N3/8/4K3 w - - 0 1", "Nd5", none("Nd5")},
          }) {
-        std::string expected = row.expected;
-        if (const std::size_t place = expected.find('$'); place != std::string::npos) {
-            expected.replace(place, 1, row.fen);
-        }
         const ChessPosition position = position_of(row.fen);
-        EXPECT_EQ(thrown_text([&] { SanMove(position, std::string_view(row.san)); }), expected) << row.san;
+        EXPECT_EQ(thrown_text([&] { SanMove(position, std::string_view(row.san)); }),
+                  test::filled(row.expected, row.fen))
+            << row.san;
     }
 }
 
-TEST(SanMove, IsLegalLooksAtPinsAndOwnMen) {
+TEST(SanMove, IsLegalLooksAtPinsAndOwnPieces) {
     const ChessPosition position = position_of("4k3/4r3/8/8/8/2N1R3/3P4/4K3 w - - 0 1");
     SanMove move(position, std::string_view("Kf1"));
     EXPECT_TRUE(move.is_legal(Square("c3"), Square("a4")));
@@ -153,7 +126,7 @@ TEST(SanMove, IsLegalLooksAtPinsAndOwnMen) {
     EXPECT_EQ(move.san(), "Nd5");
 }
 
-TEST(SanMove, NoManReachesTheSquare) {
+TEST(SanMove, NoPieceReachesTheSquare) {
     const ChessPosition position = position_of(start);
     EXPECT_EQ(thrown_text([&] { SanMove(position, position.convert_to_move("g1g5")); }),
               "FEN " + start + "\nSanMove::operator=(g1g5):   no piece can make this move");

@@ -28,34 +28,20 @@ TEST(Square, ReadsAndWritesItsName) {
 }
 
 TEST(Piece, Table) {
-    struct Row {
-        std::uint32_t code;
-        int value;
-        const char* name;
-    };
-    for (const Row& row : {Row{0, 0, "no piece"},
-                           {1, 100, "white pawn"},
-                           {2, 300, "white knight"},
-                           {3, 300, "white bishop"},
-                           {4, 500, "white rook"},
-                           {5, 900, "white queen"},
-                           {6, 4000, "white king"},
-                           {9, -100, "black pawn"},
-                           {10, -300, "black knight"},
-                           {11, -300, "black bishop"},
-                           {12, -500, "black rook"},
-                           {13, -900, "black queen"},
-                           {14, -4000, "black king"}}) {
-        EXPECT_EQ(Piece(row.code).value(), row.value);
-        EXPECT_EQ(Piece(row.code).abs_value(), std::abs(row.value));
-        EXPECT_EQ(Piece(row.code).name(), row.name);
-        EXPECT_EQ(Piece(row.code).is_black(), row.code > 8);
+    EXPECT_EQ(Piece().name(), "no piece");
+    EXPECT_EQ(Piece().value(), 0);
+    EXPECT_TRUE(Piece().is_white());
+    const std::pair<const char*, int> kinds[] = {{"pawn", 100}, {"knight", 300}, {"bishop", 300},
+                                                 {"rook", 500}, {"queen", 900},  {"king", 4000}};
+    std::uint32_t code = 0;
+    for (const auto& [name, value] : kinds) {
+        ++code;
+        EXPECT_EQ(Piece(code).name(), std::string("white ") + name);
+        EXPECT_EQ(Piece(code + 8).name(), std::string("black ") + name);
+        EXPECT_EQ(Piece(code).value(), value);
+        EXPECT_EQ(Piece(code + 8).value(), -value);
+        EXPECT_EQ(Piece(code + 8).abs_value(), value);
     }
-    EXPECT_TRUE(Piece(0).is_white());
-    EXPECT_TRUE(Piece(13).is_queen() && Piece(13).is_black_queen() && !Piece(13).is_white_queen());
-    Piece piece;
-    piece.set_black_knight();
-    EXPECT_EQ(piece, Piece(PieceKind::knight, Side::black));
 }
 
 TEST(Piece, CodesThatAreNone) {
@@ -66,25 +52,9 @@ TEST(Piece, CodesThatAreNone) {
     EXPECT_EQ(thrown_text([] { Piece(7).name(); }), "Piece::unknown piece");
 }
 
-TEST(Bitboard, SetsOfSquares) {
-    const Square c7("c7");
-    EXPECT_EQ(c7.bit().value(), std::uint64_t{1} << 50);
-    EXPECT_EQ(c7.file_mask() & c7.rank_mask(), c7.bit());
-    EXPECT_EQ(c7.reverse_rank(), 1);
+TEST(Bitboard, Edges) {
     EXPECT_TRUE(no_square.bit().empty());
-    Bitboard squares = Square("b1").bit() | Square("h8").bit();
-    EXPECT_EQ(squares.count(), 2);
-    EXPECT_FALSE(squares.one_bit());
-    EXPECT_EQ(squares.squares(), (std::vector<Square>{Square("b1"), Square("h8")}));
-    EXPECT_EQ(squares.mirror_vertical(), Square("b8").bit() | Square("h1").bit());
-    EXPECT_EQ(squares.mirror_horizontal(), Square("g1").bit() | Square("a8").bit());
-    EXPECT_EQ(squares.pop_square(), Square("b1"));
-    EXPECT_TRUE(squares.one_bit());
-    EXPECT_EQ(squares.pop_bit(), Square("h8").bit());
-    EXPECT_TRUE(squares.empty());
-    EXPECT_EQ(squares.first_square(), no_square);
-    EXPECT_EQ(squares.count(), 0);
-    EXPECT_EQ(all_squares.count(), 64);
+    EXPECT_EQ(Bitboard().first_square(), no_square);
     EXPECT_EQ(file_a << 65, file_a << 1);  // counts are taken modulo 64
 }
 

@@ -3,6 +3,7 @@
 #include <random>
 #include <set>
 #include <string>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -17,46 +18,15 @@ namespace {
 
 using test::Mailbox;
 
-/// All that a position can be asked for, with the history that its keys remember.
-struct Snapshot {
-    explicit Snapshot(const ChessPosition& now)
-        : position(now),
-          key(now.key()),
-          pawn_key(now.pawn_key()),
-          material_key(now.material().key()),
-          phase(now.material().phase()),
-          repeated(now.is_repetition(2)) {}
+/// What its FEN says about a position, as far as it is kept up to date from move to move.
+auto state_of(const ChessPosition& position) {
+    return std::tuple(position.fen(), position.key(), position.pawn_key(), position.material().counts(),
+                      position.material().phase(), position.checkers());
+}
 
-    void expect_equal(const ChessPosition& other) const {
-        EXPECT_TRUE(position == other);
-        EXPECT_EQ(position.fen(), other.fen());
-        EXPECT_EQ(key, other.key());
-        EXPECT_EQ(pawn_key, other.pawn_key());
-        EXPECT_TRUE(position.material() == other.material());
-        EXPECT_EQ(material_key, other.material().key());
-        EXPECT_EQ(phase, other.material().phase());
-        EXPECT_EQ(repeated, other.is_repetition(2));
-        EXPECT_EQ(position.moves(), other.moves());
-    }
-
-    ChessPosition position;
-    std::uint64_t key, pawn_key;
-    std::uint32_t material_key;
-    std::int32_t phase;
-    bool repeated;
-};
-
-/// The incremental state against that of the same position read from its FEN.
-void expect_equals_scratch(const ChessPosition& position) {
-    ChessPosition scratch;
-    scratch.fen(position.fen());
-    EXPECT_TRUE(scratch == position);
-    EXPECT_EQ(scratch.fen(), position.fen());
-    EXPECT_EQ(scratch.key(), position.key());
-    EXPECT_EQ(scratch.pawn_key(), position.pawn_key());
-    EXPECT_TRUE(scratch.material() == position.material());
-    EXPECT_EQ(scratch.material().phase(), position.material().phase());
-    EXPECT_EQ(scratch.checkers(), position.checkers());
+/// What depends on the moves before.
+auto history_of(const ChessPosition& position) {
+    return std::tuple(position.material().key(), position.is_repetition(2), position.moves());
 }
 
 void expect_equals_mailbox(const ChessPosition& position, const MoveList& list) {
@@ -137,12 +107,19 @@ void walk(ChessPosition& position, std::minstd_rand& random, int plies, Depth de
         }
         if (list.empty()) return;
         const Move move = list[random() % list.size()];
-        const Snapshot before(position);
+        const ChessPosition before(position);
+        const auto state = state_of(position);
+        const auto history = history_of(position);
         position.do_move(move);
         EXPECT_EQ(position.in_check(), move.check()) << move.dump();
-        expect_equals_scratch(position);
+        ChessPosition scratch;
+        scratch.fen(position.fen());
+        EXPECT_TRUE(scratch == position);
+        EXPECT_EQ(state_of(scratch), state_of(position));
         position.undo_move();
-        before.expect_equal(position);
+        EXPECT_TRUE(before == position);
+        EXPECT_EQ(state, state_of(position));
+        EXPECT_EQ(history, history_of(position));
         position.do_move(move);
     }
     while (!position.moves().empty()) position.undo_move();
@@ -184,6 +161,36 @@ TEST_P(Walk, SharpPositions) {
             position.fen(fen);
             walk(position, random, 30, GetParam());
         }
+    }
+}
+
+// Where rules meet, a few moves from each.
+TEST_P(Walk, RareCases) {
+    std::minstd_rand random(9);
+    ChessPosition position;
+    for (const char* fen :
+         {// Castling: an attacked square on the king's way, a rook that is attacked or passes one, check,
+          // a piece between, rights without their rook or king, targets that king or rook stands on, and
+          // a rook that shields the target.
+          "4kr2/8/8/8/8/8/8/4K2R w K - 0 1", "4k2r/8/8/8/8/8/8/4K2R w K - 0 1",
+          "1r2k3/8/8/8/8/8/8/R3K3 w Q - 0 1", "4r1k1/8/8/8/8/8/8/R3K3 w Q - 0 1",
+          "4k3/8/8/8/8/8/8/RN2K3 w Q - 0 1", "4k3/8/8/8/8/8/8/4K3 w BG - 0 1",
+          "4k3/8/8/8/8/8/4K3/R6R w KQ - 0 1", "4k3/8/8/8/8/8/8/5KR1 w G - 0 1",
+          "4k3/8/8/8/8/8/8/rR1K4 w B - 0 1", "4k3/8/8/8/8/8/8/2KR4 w D - 0 1",
+          // En passant: both pawns leave the king's rank, a pin on the diagonal of the capture, the pawn
+          // that gives check, a target that is occupied or has no pawn behind it.
+          "4k3/8/8/K2pP2r/8/8/8/8 w - d6 0 1", "8/6k1/8/8/3pP3/2B5/8/K7 b - e3 0 1",
+          "8/8/8/3pP3/2K4k/8/8/8 w - d6 0 1", "4k3/8/3n4/3pP3/8/8/8/4K3 w - d6 0 1",
+          "4k3/8/8/4P3/8/8/8/4K3 w - d6 0 1",
+          // Mates and what looks like one: smothered, stalemate, the line behind the king is free when a
+          // pawn checks, en passant is the only way out, double check.
+          "6rk/5Npp/8/8/8/8/8/K7 b - - 0 1", "7k/5Q2/6K1/8/8/8/8/8 b - - 0 1",
+          "1rb5/pk6/p1P5/3N4/Q7/8/8/4K3 b - - 0 1", "8/8/8/2k5/3Pp3/8/8/KQ4R1 b - d3 0 1",
+          "4k3/3ppN2/8/8/8/8/4R3/K2Q4 b - - 0 1",
+          // The king of the side that is not to move could be taken.
+          "4k3/8/8/8/8/8/P3R3/K7 w - - 0 1"}) {
+        position.fen(fen);
+        walk(position, random, 4, GetParam());
     }
 }
 

@@ -59,8 +59,6 @@ TEST_F(GuiBookTest, PlaysTheMainLineOfGames) {
     EXPECT_EQ(fen_of(4), GameTags::standard_fen);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "GuiBook::setup()   error\n");
     for (const auto entry : {5, 0, -1}) EXPECT_EQ(fen_of(entry), GameTags::standard_fen) << entry;
-    m_book.play_first(m_position);
-    EXPECT_EQ(m_book.index(), 1);
     std::filesystem::remove(m_files.path("book.pgn"));
     EXPECT_EQ(fen_of(1), GameTags::standard_fen) << "gone meanwhile";
 }
@@ -70,7 +68,6 @@ TEST_F(GuiBookTest, SetsPositionsOfLines) {
     EXPECT_EQ(m_book.count(), 4) << "empty lines count";
     EXPECT_EQ(fen_of(1), "4k3/8/8/8/8/8/4P3/4K3 w - - 0 1");
     EXPECT_EQ(fen_of(2), GameTags::standard_fen);
-    EXPECT_EQ(fen_of(3), GameTags::standard_fen);
     for (const auto entry : {4, 5, 100}) EXPECT_EQ(fen_of(entry), "4k3/4p3/8/8/8/8/8/4K3 b - - 0 1") << entry;
     EXPECT_EQ(fen_of(0), GameTags::standard_fen);
 }
@@ -84,8 +81,6 @@ TEST_F(GuiBookTest, DrawsAtRandom) {
         m_book.play_random(m_position);
         drawn.insert(m_book.index());
         const auto fen = m_position.fen();
-        EXPECT_EQ(fen,
-                  m_book.index() == 1 ? "4k3/8/8/8/8/8/8/4K3 w - - 0 1" : "4k3/8/8/8/8/8/8/3K4 w - - 0 1");
         m_book.play_again(m_position);
         EXPECT_EQ(m_position.fen(), fen);
     }
@@ -100,8 +95,7 @@ TEST_F(GuiBookTest, DoesWithoutAFile) {
         m_book.set_path(path);
         EXPECT_EQ(m_book.path(), "") << path;
         EXPECT_EQ(m_book.count(), 0);
-        m_book.play_random(m_position);
-        EXPECT_EQ(m_position.fen(), GameTags::standard_fen);
+        EXPECT_EQ(fen_of(1), GameTags::standard_fen);
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "\nbook " + m_files.path("absent.epd") + " error\n");
     m_book.set_path(m_files.write("book.pgn", games));

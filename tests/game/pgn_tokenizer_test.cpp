@@ -52,9 +52,9 @@ TEST(PgnTokenizer, CutsTexts) {
          "{|C:caf? \xC3\xA9 \xE2\x99\x94 \xF0\x9F\x99\x82 ?|}"},
         // Tags
         {"[White \"A B\"]", "[|N:White|V:A B|]"},
-        {"[White \"a \\\"b\\\" c\"]", "[|N:White|V:a \\\"b\\\" c|]"},
+        {R"([White "a \"b\" c"])", R"([|N:White|V:a \"b\" c|])"},
         {"[WhiteElo \"\"]\n[Black \"y\"]", "[|N:WhiteElo|V:|]|[|N:Black|V:y|]"},
-        {"[White \"\"Deep\" X\"]", "[|N:White|V:Deep|S:X|]"},
+        {R"([White ""Deep" X"])", "[|N:White|V:Deep|S:X|]"},
         // The value is looked for too far ahead when blanks stand before the name.
         {"[ White \"x\"]", "[|N:White|V:e |S:x|]"},
         {"[White \"open", "[|N:White|V:open"},

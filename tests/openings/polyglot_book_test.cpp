@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include "chess/moves/legal_moves.h"
-#include "chess/moves/position.h"
 #include "tests/support/scratch_directory.h"
 #include "tests/support/thrown_text.h"
 
@@ -54,18 +52,14 @@ TEST_F(PolyglotBookTest, FindsAllRecordsOfAKey) {
         std::vector<int> found;
     } rows[] = {
         {book_of({7}), 7, {0}},
-        {book_of({7}), 6, {}},
-        {book_of({7}), 8, {}},
         {ten, 5, {3, 4, 5, 6, 7}},
         {ten, 1, {0}},
         {ten, high, {9}},
         {ten, 0, {}},
-        {ten, 4, {}},
         {ten, ~std::uint64_t{0}, {}},
         {book_of({4, 4, 4}), 4, {0, 1, 2}},
         {book_of({9, 1, 5, 2}), 77, {}},  // not sorted: nothing is promised but an end
         {"", 0, {}},
-        {std::string(15, '\0'), 0, {}},
         {book_of({7}) + "x", 7, {0}},
     };
     for (const auto& row : rows) {
@@ -85,7 +79,8 @@ TEST_F(PolyglotBookTest, TakesTheFirstRecordsOfAKeyThatHasMoreThanAnyPosition) {
 }
 
 TEST_F(PolyglotBookTest, ReadsTheFields) {
-    const PolyglotBook book(m_files.write("book.bin", record(0x0123456789ABCDEF, 0x31C)));
+    const std::string bytes_of_record("\x01\x23\x45\x67\x89\xAB\xCD\xEF\x03\x1C\x04\x1C\x00\x01\x03\x1C", 16);
+    const PolyglotBook book(m_files.write("book.bin", bytes_of_record));
     const auto entries = book.entries(0x0123456789ABCDEF);
     ASSERT_EQ(entries.size(), 1U);
     EXPECT_EQ(entries[0], (BookEntry{0x0123456789ABCDEF, BookMove(0x31C), 0x41C, 0x1031C}));
@@ -93,15 +88,12 @@ TEST_F(PolyglotBookTest, ReadsTheFields) {
 
 TEST_F(PolyglotBookTest, OpensAndCloses) {
     PolyglotBook book;
-    EXPECT_FALSE(book.is_open());
     EXPECT_TRUE(book.entries(1).empty());
-    book.set_path(m_files.write("one.bin", book_of({1})));
-    EXPECT_TRUE(book.entries(1).empty()) << "a path alone opens nothing";
-    book.open();
-    EXPECT_EQ(indexes(book, 1).size(), 1U);
-    book.set_path(m_files.write("two.bin", book_of({1, 1})));
-    book.open();
-    EXPECT_EQ(indexes(book, 1).size(), 2U);
+    for (const int count : {1, 2}) {
+        book.set_path(m_files.write("book.bin", count == 1 ? book_of({1}) : book_of({1, 1})));
+        book.open();
+        EXPECT_EQ(indexes(book, 1).size(), count);
+    }
     book.close();
     EXPECT_FALSE(book.is_open());
     EXPECT_EQ(book.record_count(), 0U);
@@ -112,7 +104,6 @@ TEST_F(PolyglotBookTest, OpensAndCloses) {
         book.set_path(path);
         EXPECT_EQ(test::thrown_text([&] { book.open(); }),
                   "PolyglotBook::open() open " + path + " failed (1)" + reason);
-        EXPECT_THROW(PolyglotBook{path}, std::logic_error);
         EXPECT_TRUE(book.entries(1).empty());
     }
 }
@@ -130,22 +121,16 @@ TEST_F(PolyglotBookTest, LivesOnWhenTheFileIsCutShort) {
 }
 
 TEST(BookMove, HoldsItsFields) {
-    const struct {
-        int from, to, promotion;
-        const char* text;
-    } rows[] = {{12, 28, 0, "e2e4"}, {52, 61, 4, "e7f8q"}, {48, 56, 1, "a7a8n"},
-                {15, 7, 2, "h2h1b"}, {8, 0, 3, "a2a1r"},   {63, 0, 7, "h8a1"}};
-    for (const auto& row : rows) {
-        BookMove move(0x8000);
-        move.set_to(Square(row.to));
-        move.set_from(Square(row.from));
-        move.set_promotion(row.promotion);
-        EXPECT_EQ(move.to_string(), row.text);
-        EXPECT_EQ(move.value(), 0x8000 + row.to + row.from * 64 + row.promotion * 4096);
-        EXPECT_EQ(move.promotion(), row.promotion);
+    BookMove move(0x8000);
+    move.set_from(Square("h7"));
+    move.set_to(Square("g8"));
+    move.set_promotion(3);
+    EXPECT_EQ(move, BookMove(0x8000 | 3 << 12 | 55 << 6 | 62));
+    EXPECT_EQ(move.to_string(), "h7g8r");
+    for (const auto& [promotion, letter] : {std::pair{0, ""}, {1, "n"}, {2, "b"}, {4, "q"}, {7, ""}}) {
+        move.set_promotion(promotion);
+        EXPECT_EQ(move.to_string(), std::string("h7g8") + letter);
     }
-    EXPECT_TRUE(BookMove().empty());
-    EXPECT_FALSE(BookMove(1).empty());
 }
 
 TEST_F(PolyglotBookTest, FindsByFen) {
@@ -154,9 +139,9 @@ TEST_F(PolyglotBookTest, FindsByFen) {
         std::uint64_t key;
     } rows[] = {
         // The examples that the format was published with.
-        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", 0x463B96181691FC9C},
         {"rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq - 0 1", 0x823C9B50FD114196},
         {"rnbqkbnr/p1pppppp/8/8/PpP4P/8/1P1PPPP1/RNBQKBNR b KQkq c3 0 3", 0x3C8123EA7B067637},
+        {"rnbqkbnr/p1pppppp/8/8/P6P/R1p5/1P1PPPP1/1NBQKBNR b Kkq - 1 4", 0x5C3F9B829B279560},
         // Odd texts: unknown letters, pieces off the board, and fields that aren't there count for nothing.
         {"", 0},
         {"/////PPPP x zz z9 what", 0},
@@ -164,31 +149,8 @@ TEST_F(PolyglotBookTest, FindsByFen) {
     };
     for (const auto& row : rows) {
         const PolyglotBook book(m_files.write("book.bin", record(row.key, 5)));
-        EXPECT_EQ(book.entries(row.fen).size(), 1U) << row.fen;
         EXPECT_EQ(book.moves(row.fen), std::vector{BookMove(5)}) << row.fen;
     }
-}
-
-TEST(PolyglotBook, ReadsARealBook) {
-    const std::string path = "/usr/share/games/gnuchess/book.bin";
-    if (!std::filesystem::exists(path))
-        GTEST_SKIP() << "no " << path << ": install the package gnuchess-book";
-    const PolyglotBook book(path);
-    EXPECT_GT(book.record_count(), 100000U);
-    ChessPosition position;
-    position.new_game();
-    // The book's first choice again and again: every move of every position on the way must be legal.
-    int depth = 0;
-    for (auto moves = book.moves(position.key()); !moves.empty() && depth < 40;
-         moves = book.moves(position.key())) {
-        EXPECT_EQ(moves, book.moves(position.fen())) << position.fen();
-        for (const auto move : moves) {
-            EXPECT_TRUE(find_legal(position, position.convert_to_move(move.to_string()))) << move.to_string();
-        }
-        position.do_move(*find_legal(position, position.convert_to_move(moves.front().to_string())));
-        ++depth;
-    }
-    EXPECT_GT(depth, 8);
 }
 
 }  // namespace

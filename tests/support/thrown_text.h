@@ -16,4 +16,10 @@ std::string thrown_text(Call call) {
     return "nothing thrown";
 }
 
+/// The text with a value in the place of its "$", when it has one.
+inline std::string filled(std::string text, const std::string& value) {
+    const auto place = text.find('$');
+    return place == std::string::npos ? text : text.replace(place, 1, value);
+}
+
 }  // namespace velmora::test
