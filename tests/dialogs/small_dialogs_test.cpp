@@ -21,8 +21,6 @@ TEST(ShownText, AnyBytesBecomeWhatAWidgetTakes) {
         std::size_t longest;
         const char* expected;
     } rows[] = {
-        {"Gr\u00FC\u00DFe", 100, "Gr\u00FC\u00DFe"},
-        {"caf\xE9", 100, "caf?"},
         {std::string("a\0b", 3), 100, "a?b"},
         {"abcdef", 3, "abc\u2026"},
         {"ab\u20AC", 4, "ab\u2026"},  // a character is not torn apart
@@ -37,7 +35,6 @@ TEST_F(SmallDialogsTest, MessageBoxShowsBothTextsAndTakesEnterAndEscape) {
     for (const unsigned key : {GDK_KEY_Return, GDK_KEY_Escape}) {
         answering<Gtk::MessageDialog>(
             [&](Gtk::MessageDialog& box) {
-                EXPECT_EQ(box.get_title(), "Message:");
                 EXPECT_EQ(box.property_text().get_value(), "No_such <b>engine</b>");
                 EXPECT_EQ(box.property_secondary_text().get_value(), "line 1\nline 2 caf?");
                 gui::press_key(box, key);
@@ -104,7 +101,6 @@ TEST_F(SmallDialogsTest, AboutShowsNameVersionAndImage) {
     };
     answering<Gtk::AboutDialog>(
         [](Gtk::AboutDialog& dialog) {
-            EXPECT_EQ(dialog.get_program_name(), "Velmora GUI");
             EXPECT_EQ(dialog.get_version(), program_version);
             EXPECT_EQ(dialog.get_logo()->get_width(), 100);
             escape(dialog);

@@ -86,7 +86,10 @@ TEST_F(TournamentDialogTest, ProposesAFreeNameInsteadOfAnothersResults) {
         second_answer = Glib::signal_timeout().connect(
             [&] {
                 if (event() != "May cup 2") return true;
-                EXPECT_TRUE(says(shown, "“May cup” is another tournament"));
+                const auto says = [](Gtk::Label& label) {
+                    return label.get_text().raw().starts_with("“May cup” is another tournament");
+                };
+                EXPECT_TRUE(gui::find_widget<Gtk::Label>(shown, says));
                 press(shown, "OK");
                 return false;
             },
@@ -114,7 +117,6 @@ TEST_F(TournamentDialogTest, WaysToLeaveIt) {
     TournamentDialog dialog(m_parent, m_tournament, m_installed);
     EXPECT_EQ(run(dialog, pressing("CANCEL")), TournamentDialog::cancel);
     EXPECT_LT(run(dialog, escape), 0);
-    EXPECT_LT(run(dialog, [](Gtk::Dialog& shown) { shown.close(); }), 0);
 }
 
 class TournamentListTest : public DialogTest {

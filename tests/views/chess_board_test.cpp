@@ -20,11 +20,12 @@ TEST_F(BoardTest, ReportsDragsAndClicks) {
     drag("e2", "e4");
     click("e5");
     click("b1");
-    drag("a6", "b6");
-    EXPECT_THAT(moves, ElementsAre("e2e4", "e5e5", "b1b1", "b6b6"));
-    EXPECT_EQ(letter("e4"), 'P') << "the piece stays where it was dropped";
+    drag("a6", "b1");
+    EXPECT_EQ(letter("b1"), 'N') << "nothing is dragged from an empty square";
+    drag("e4", "d7");
+    EXPECT_THAT(moves, ElementsAre("e2e4", "e5e5", "b1b1", "b1b1", "e4d7"));
+    EXPECT_EQ(letter("d7"), 'P') << "the piece stays where it was dropped";
     EXPECT_EQ(letter("e2"), '?');
-    EXPECT_EQ(letter("b1"), 'N');
 }
 
 TEST_F(BoardTest, FlippedBoardSpeaksOfRealSquares) {
@@ -52,8 +53,13 @@ TEST_F(BoardTest, NothingIsReportedOrLostBesideTheBoard) {
     gui::drag(taker(), middle("e2"), {-40, 20});
     EXPECT_THAT(moves, ElementsAre("e2e2"));
     EXPECT_EQ(letter("e2"), 'P');
-    gui::drag(taker(), {-5, 20}, {1000, 1000});
+    for (const auto& [x, y] : {std::pair(-0.5, 20.0), {20.0, -0.5}, {560.0, 20.0}, {20.0, 560.0}}) {
+        gui::click(taker(), {x, y});
+    }
     EXPECT_EQ(moves.size(), 1U);
+    gui::click(taker(), {0, 0});
+    gui::click(taker(), {559.9, 559.9});
+    EXPECT_THAT(moves, ElementsAre("e2e2", "a8a8", "h1h1"));
 }
 
 TEST_F(BoardTest, PressOnAPieceTellsItsSquare) {
@@ -222,9 +228,14 @@ TEST_F(BoardTest, PartialRedrawsLeaveWhatAFullOneWould) {
     }
     BoardMarks marks;
     marks.targets = {Square(16), Square(17)};
+    marks.captures = {Square(18)};
     board.set_marks(marks);
     gui::pump_pending();
-    marks.targets = {Square(17), Square(18)};
+    marks = {.last_move = std::pair(Square(12), Square(28)),
+             .selected = Square(2),
+             .targets = {Square(17), Square(18)},
+             .captures = {Square(19)},
+             .checked_king = Square(60)};
     board.set_marks(marks);
     board.set_fen("rnbqkbnr/pppp1ppp/8/4p3/4P3/8/PPPP1PPP/RNBQKBNR w");
     gui::release_button(taker(), middle("e4"));

@@ -18,7 +18,7 @@ protected:
         gui::Answer<Gtk::Dialog> answer(reply);
         const PieceChoiceDialog dialog(window, board.drawing().pixbufs());
         EXPECT_TRUE(answer.given());
-        EXPECT_EQ(dialog.piece(), piece_of_image(dialog.choice()));
+        last_piece = dialog.piece();
         return dialog.choice();
     }
     PieceKind promotion(const Reply& reply) {
@@ -43,15 +43,20 @@ protected:
             return true;
         };
     }
+
+    Piece last_piece;  ///< of the last choice of a piece
 };
 
 TEST_F(ChooserTest, EveryPieceHasItsCode) {
     const int expected[4][3] = {{1, 2, 3}, {4, 5, 6}, {8, 9, 10}, {11, 12, 13}};
+    std::string letters;
     for (int row = 0; row < 4; ++row) {
         for (int column = 0; column < 3; ++column) {
             EXPECT_EQ(piece_choice(click_at(column + 0.5, row + 0.5)), expected[row][column]);
+            letters += last_piece.letter();
         }
     }
+    EXPECT_EQ(letters, "PNBRQKpnbrqk");
     EXPECT_EQ(promotion(click_at(0.5, 0.5)), PieceKind::queen);
     EXPECT_EQ(promotion(click_at(1.5, 0.5)), PieceKind::rook);
     EXPECT_EQ(promotion(click_at(0.5, 1.5)), PieceKind::bishop);
@@ -65,12 +70,18 @@ TEST_F(ChooserTest, NoChoiceIsZero) {
               }),
               PieceKind::none);
     EXPECT_EQ(piece_choice(keys({GDK_KEY_Escape})), 0);
-    EXPECT_EQ(piece_choice(click_at(3, 4)), 0) << "the lower right corner lies past the grid";
+    for (const auto& [column, row] : {std::pair(3.0, 3.5), {2.5, 4.0}, {-0.01, 0.5}, {0.5, -0.01}}) {
+        EXPECT_EQ(piece_choice(click_at(column, row)), 0) << "beside the grid " << column << " " << row;
+    }
+    EXPECT_EQ(last_piece, no_piece);
 }
 
 TEST_F(ChooserTest, KeyboardChoosesToo) {
     EXPECT_EQ(piece_choice(keys({GDK_KEY_Down, GDK_KEY_Down, GDK_KEY_Right, GDK_KEY_Return})), 5);
-    EXPECT_EQ(promotion(keys({GDK_KEY_Up, GDK_KEY_KP_Enter})), PieceKind::queen);
+    const auto right = GDK_KEY_Right, down = GDK_KEY_Down;
+    EXPECT_EQ(promotion(keys({right, right, right, down, down, down, GDK_KEY_Return})), PieceKind::knight)
+        << "the borders stop it";
+    EXPECT_EQ(promotion(keys({GDK_KEY_Up, GDK_KEY_Up, GDK_KEY_Left, GDK_KEY_KP_Enter})), PieceKind::queen);
     EXPECT_EQ(promotion(keys({GDK_KEY_Return, GDK_KEY_Escape})), PieceKind::none) << "nothing is marked yet";
 }
 

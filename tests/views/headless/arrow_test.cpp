@@ -1,5 +1,6 @@
 #include "views/board/arrow.h"
 
+#include <cmath>
 #include <tuple>
 
 #include <gtest/gtest.h>
@@ -9,7 +10,7 @@ namespace {
 
 constexpr CellSize cell{70, 60};
 
-TEST(Arrow, CentresAndAngles) {
+TEST(Arrow, RunsFromCentreToCentreWithItsTipAhead) {
     struct Row {
         const char* name;
         int from, to, x1, y1, x2, y2;
@@ -32,25 +33,12 @@ TEST(Arrow, CentresAndAngles) {
                   std::tuple(row.x1, row.y1, row.x2, row.y2))
             << row.name;
         EXPECT_NEAR(arrow->angle, row.angle, 1e-7) << row.name;
-    }
-}
-
-TEST(Arrow, HeadStandsAroundTheEndWithItsTipAhead) {
-    struct Row {
-        const char* name;
-        int from, to;
-        double tip_x, tip_y;  // from the end of the line, in radii, y downwards
-    };
-    for (const Row& row : {Row{"up", 4, 28, 0, -1}, Row{"down", 28, 4, 0, 1}, Row{"right", 0, 7, 1, 0},
-                           Row{"left", 7, 0, -1, 0}}) {
-        const auto arrow = make_arrow(Square(row.from), Square(row.to), ArrowColor::red, cell);
         const auto head = arrow_head(*arrow, cell);
         const double radius = 23;  // a third of 70, cut
-        const double x = arrow->x2, y = 480 - arrow->y2;
-        EXPECT_NEAR(head[0].x, x + radius * row.tip_x, 1e-4) << row.name;
-        EXPECT_NEAR(head[0].y, y + radius * row.tip_y, 1e-4) << row.name;
-        EXPECT_NEAR((head[0].x + head[1].x + head[2].x) / 3, x, 1e-4) << row.name;
-        EXPECT_NEAR((head[0].y + head[1].y + head[2].y) / 3, y, 1e-4) << row.name;
+        EXPECT_NEAR(head[0].x, row.x2 - radius * std::sin(row.angle), 1e-4) << row.name;
+        EXPECT_NEAR(head[0].y, 480 - row.y2 - radius * std::cos(row.angle), 1e-4) << row.name;
+        EXPECT_NEAR((head[0].x + head[1].x + head[2].x) / 3, row.x2, 1e-4) << row.name;
+        EXPECT_NEAR((head[0].y + head[1].y + head[2].y) / 3, 480 - row.y2, 1e-4) << row.name;
     }
 }
 

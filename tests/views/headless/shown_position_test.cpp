@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/thrown_text.h"
-#include "views/board/image_code.h"
 
 namespace velmora {
 namespace {
@@ -60,24 +59,6 @@ TEST(ShownPosition, FaultsHaveTheirTexts) {
     EXPECT_EQ(test::thrown_text([] { shown_pieces(with(no_pieces, 63, 'x')); }), unknown);
     EXPECT_EQ(test::thrown_text([] { shown_piece('1'); }), unknown);
     EXPECT_THROW(shown_pieces("????"), std::logic_error);
-}
-
-TEST(ShownPosition, PiecesInWords) {
-    EXPECT_EQ(describe_pieces(read_shown_position("4k3/8/8/8/8/8/4P2P/R3K2R w").pieces),
-              "White: king e1, rooks a1, h1, pawns e2, h2. Black: king e8.");
-    EXPECT_EQ(describe_pieces({}), "White: no pieces. Black: no pieces.");
-}
-
-TEST(ImageCode, NamesTheImageOfEachPiece) {
-    const Placement start = shown_pieces(start_letters);
-    std::string codes;
-    for (const std::size_t square : {8, 1, 2, 0, 3, 4, 48, 57, 58, 56, 59, 60}) {
-        codes += std::to_string(image_code(start[square])) + " ";
-        EXPECT_EQ(piece_of_image(image_code(start[square])), start[square]);
-    }
-    EXPECT_EQ(codes, "1 2 3 4 5 6 8 9 10 11 12 13 ");
-    for (const int code : {0, 7, 14}) EXPECT_EQ(piece_of_image(code), no_piece);
-    EXPECT_EQ(image_files[12], "BlackQueen.svg");
 }
 
 }  // namespace

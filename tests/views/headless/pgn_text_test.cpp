@@ -1,36 +1,11 @@
+#include "views/text/pgn_text.h"
+
 #include <tuple>
 
 #include <gtest/gtest.h>
 
-#include "views/text/pane_text.h"
-#include "views/text/pgn_text.h"
-
 namespace velmora {
 namespace {
-
-TEST(PaneText, TextsRunStraightOn) {
-    struct Row {
-        const char* name;
-        std::size_t length;
-        std::vector<std::string> texts;
-        std::size_t removed;
-        std::string added;
-    };
-    for (const Row& row : {
-             Row{"into an empty pane", 0, {"abc"}, 0, "abc\n\n"},
-             Row{"four characters keep their end", 4, {"abc"}, 0, "abc\n\n"},
-             Row{"five do not", 5, {"abc"}, 2, "abc\n\n"},
-             Row{"several at once", 100, {"a\n", "b\n"}, 2, "a\nb\n\n\n"},
-             Row{"several into an empty pane", 0, {"ab", "cd", "ef"}, 0, "ab\n\ncdef\n\n"},
-             // Three characters of two bytes each and two line feeds are five.
-             Row{"characters count, not bytes", 0, {"\u00E9\u00E9", "x", "y"}, 0, "\u00E9\u00E9\n\nxy\n\n"},
-             Row{"nothing to add", 9, {}, 0, ""},
-         }) {
-        const PaneChange change = lengthen_pane(row.length, row.texts);
-        EXPECT_EQ(change.removed, row.removed) << row.name;
-        EXPECT_EQ(change.added, row.added) << row.name;
-    }
-}
 
 const std::string game = "[White \"J\xC3\xBC\"]\n\n1.e4 e5 ( 1... c5) 2.Nf3\nNc6{ok} *";
 

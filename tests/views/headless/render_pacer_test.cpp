@@ -1,27 +1,9 @@
-#include "views/board/board_marks.h"
+#include "views/board/render_pacer.h"
 
 #include <gtest/gtest.h>
 
-#include "views/board/render_pacer.h"
-
 namespace velmora {
 namespace {
-
-std::vector<Square> squares(std::initializer_list<std::int32_t> numbers) {
-    return {numbers.begin(), numbers.end()};
-}
-
-TEST(BoardMarks, OnlyChangesAreDrawn) {
-    BoardMarks before, after;
-    before.last_move = {Square(12), Square(28)};
-    before.targets = squares({40, 41});
-    after.last_move = {Square(28), Square(12)};
-    after.targets = squares({41});
-    after.captures = squares({3, 99, -1});
-    EXPECT_EQ(changed_squares(before, after), squares({3, 40}));
-    EXPECT_EQ(changed_squares(after, after), squares({}));
-    EXPECT_EQ(changed_squares({}, before), squares({12, 28, 40, 41}));
-}
 
 TEST(RenderPacer, RendersSingleChangesAtOnceAndSeriesAtTheirEnd) {
     using std::chrono::milliseconds;
