@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <functional>
 #include <random>
 
 #include <gtest/gtest.h>

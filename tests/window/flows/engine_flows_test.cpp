@@ -79,29 +79,19 @@ TEST_F(EngineFlowsTest, EachValueThatHasChangedIsSent) {
 }
 
 TEST_F(EngineFlowsTest, SpinsThatCannotBeShownAreAskedForAsTexts) {
-    const struct {
-        const char *min, *max, *value, *type;
-    } rows[] = {
-        {"1", "1024", "64", "spin"},
-        {"-9223372036854775808", "9223372036854775807", "0", "spin"},
-        {"0", "18446744073709551615", "0", "string"},
-        {"", "10", "1", "string"},
-        {"0", "many", "1", "string"},
-        {"0", "10", "1.5", "string"},
-        {"10", "0", "1", "string"},
-        {"0", "10", "99", "spin"},
+    const std::pair<const char*, const char*> rows[] = {
+        {"min -9223372036854775808 max 9223372036854775807 default 0", "spin"},
+        {"min 0 max 18446744073709551615 default 0", "string"},
+        {"max 10 default 1", "string"},
+        {"min 0 max many default 1", "string"},
+        {"min 0 max 10 default 1.5", "string"},
+        {"min 10 max 0 default 1", "string"},
+        {"min 0 max 10 default 99", "spin"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [range, type] : rows) {
         seated.emplace().name = "Alpha";
-        Option& spin = seated->options["S"];
-        spin.type = "spin";
-        spin.min = row.min;
-        spin.max = row.max;
-        spin.value = row.value;
-        dialogs.do_to_options = [&](const std::vector<Option>& options) {
-            EXPECT_EQ(options.at(0).type + options.at(0).value, std::string(row.type) + row.value)
-                << row.min << row.max;
-        };
+        seated->add_option(Option(std::string("option name S type spin ") + range));
+        dialogs.do_to_options = [&](const auto& options) { EXPECT_EQ(options.at(0).type, type) << range; };
         engines.edit_options();
     }
 }

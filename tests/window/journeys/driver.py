@@ -213,17 +213,6 @@ class Velmora:
 
         return wait_until(squares, "a board of square squares")
 
-    def resize(self, width):
-        """Gives the window another width, and a height at which the board can fill it; waits until it stands."""
-        xdotool("windowsize", self.number, width + 40, width + 160)
-        seen = [None]
-
-        def stands():
-            seen.append(self.board())
-            return seen[-1] == seen[-2] and seen[-1][2] >= width - 60
-
-        wait_until(stands, f"a board of {width} pixels")
-
     def center(self, square):
         left, top, width = self.board()
         file, rank = ord(square[0]) - ord("a"), int(square[1]) - 1

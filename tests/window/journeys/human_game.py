@@ -1,4 +1,4 @@
-"""Two people at the board: a whole game by the mouse, in windows of all sizes."""
+"""Two people at the board: a whole game by the mouse."""
 import re
 
 from driver import Journey, main, text_of, wait_until
@@ -11,10 +11,7 @@ class HumanGame(Journey):
         program.debug_on()
         moves = ("e2e4 d7d5 e4e5 f7f5 e5f6 b8c6 g1f3 c8g4 f1e2 d8d7 e1g1 e8c8 f6g7 a7a6 g7h8q c6e5 f3e5 d7c6 e2g4 "
                  "c6e6 g4e6 d8d7 h8g8 c8d8 g8f8").split()
-        sizes = {"g1f3": 480, "e8c8": 613, "g7h8q": 1000, "g4e6": 1190}
         for move in moves:
-            if move in sizes:
-                program.resize(sizes[move])
             program.play(move)
             if move in ("e8c8", "g4e6"):
                 # Not the side's turn, no such move, off the board: nothing is sent and the piece snaps back.
