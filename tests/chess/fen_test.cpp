@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "chess/board/chess960.h"
-#include "chess/moves/legal_moves.h"
 #include "tests/support/positions.h"
 #include "tests/support/thrown_text.h"
 

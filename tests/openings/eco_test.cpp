@@ -44,6 +44,7 @@ TEST(Eco, NamesPositions) {
         EXPECT_EQ(std::tuple(eco.code(row.key), eco.opening(row.key), eco.variation(row.key)), row.names)
             << std::hex << row.key;
     }
+    for (const auto& row : eco_rows()) EXPECT_NE(eco.code(row.key), "") << row.code << row.variation;
 }
 
 TEST(Eco, GoesByPosition) {
