@@ -10,7 +10,7 @@ namespace {
 TEST(DataDirectory, IsTheFirstThatHoldsTheImages) {
     const ScratchDirectory root;
     const std::vector<std::string> candidates{root.path("first/"), root.path("second/"), "/usr/games/"};
-    const auto add_image = [&](int n) {
+    const auto add_image = [&](std::size_t n) {
         std::filesystem::create_directories(candidates[n] + "velmora.files/svg");
         std::ofstream(candidates[n] + "velmora.files/svg/wood_l.svg") << "<svg/>";
     };
