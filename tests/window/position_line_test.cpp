@@ -28,6 +28,8 @@ TEST(PositionLine, ValidityTest) {
         {start + " w KQkq e9", false},
         {start + " w KQkq", false},
         {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP w KQkq -", false},
+        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBN w KQkq -", false},
+        {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR1 w KQkq -", false},
         {"rnbqkbnr/pppppppp/7x/8/8/8/PPPPPPPP/RNBQKBNR w KQkq -", false},
         {"", false},
     };
