@@ -5,15 +5,6 @@
 namespace velmora::text {
 namespace {
 
-TEST(WordReader, ReadsAsAStreamDoes) {
-    WordReader reader("  load 3x name  Alpha 1.0 ");
-    EXPECT_EQ(reader.word(), "load");
-    EXPECT_EQ(reader.integer<int>(), 3);
-    EXPECT_EQ(reader.word(), "x");
-    EXPECT_EQ(reader.word(), "name");
-    EXPECT_EQ(reader.rest(), "  Alpha 1.0 ");
-}
-
 TEST(WordReader, AWordThatIsNoNumberStaysToBeRead) {
     WordReader reader("x 99999999999999999999 -5 +7 0.1");
     EXPECT_EQ(reader.integer<int>(), std::nullopt);
@@ -26,13 +17,6 @@ TEST(WordReader, AWordThatIsNoNumberStaysToBeRead) {
     EXPECT_EQ(reader.real(), std::nullopt);
 }
 
-TEST(Text, Trimming) {
-    EXPECT_EQ(trim_blanks("  a\tb \t "), "a\tb \t");
-    EXPECT_EQ(trim_white_space("\r\n a b \n"), "a b");
-    EXPECT_EQ(trim_blanks("   "), "");
-    EXPECT_EQ(trim_leading_blanks("  a "), "a ");
-}
-
 TEST(Text, StrictIntegersTakeTheWholeTextOrNothing) {
     EXPECT_EQ(strict_integer<int>("-12"), -12);
     EXPECT_EQ(strict_integer<int>("+12"), 12);
@@ -41,10 +25,7 @@ TEST(Text, StrictIntegersTakeTheWholeTextOrNothing) {
     }
 }
 
-TEST(Text, NumberForms) {
-    EXPECT_EQ(default_form(0.34), "0.34");
-    EXPECT_EQ(default_form(-12.5), "-12.5");
-    EXPECT_EQ(default_form(0), "0");
+TEST(Text, LogStampsBeginAgain) {
     EXPECT_EQ(log_stamp(1234), "00001.234");
     EXPECT_EQ(log_stamp(65536ULL * 1000 + 7), "00000.007");
 }

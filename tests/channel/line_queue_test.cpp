@@ -10,25 +10,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(LineQueue, KeepsTheOrderOfEachOfThreeWriters) {
-    constexpr int lines = 5000;
-    LineQueue queue;
-    std::vector<std::thread> writers;
-    for (int writer = 0; writer < 3; ++writer) {
-        writers.emplace_back([&queue, writer] {
-            for (int i = 0; i < lines; ++i) queue.put(std::to_string(writer) + " " + std::to_string(i));
-        });
-    }
-    std::vector<int> next(3, 0);
-    for (int i = 0; i < 3 * lines; ++i) {
-        const auto line = queue.wait_and_pop();
-        const auto writer = static_cast<std::size_t>(line.front() - '0');
-        EXPECT_EQ(line, std::to_string(writer) + " " + std::to_string(next[writer]++));
-    }
-    for (auto& writer : writers) writer.join();
-    EXPECT_TRUE(queue.empty());
-}
-
 TEST(LineQueue, QuietLinesComeWhenAnnouncedAndWithTheNextLine) {
     LineQueue queue;
     std::string read;

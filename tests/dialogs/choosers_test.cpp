@@ -166,6 +166,7 @@ TEST_F(ChoosersTest, ALongFileIsListedToItsEnd) {
                 Gtk::TreeModel::Path first, last;
                 return view.get_visible_range(first, last) && first <= row_60 && row_60 <= last;
             };
+            wait_for_rows(view, 61);
             if (selects) {
                 view.set_cursor(row_60);  // the list fills while it scrolls there
             } else {

@@ -128,7 +128,7 @@ protected:
     test::RecordingSink m_sink;
     std::size_t m_heard = 0;
     LogFile m_trace;
-    GuiEngine m_engine{std::chrono::milliseconds(1)};
+    GuiEngine m_engine{std::chrono::milliseconds(10)};
 };
 
 TEST_P(DriverTranscript, IsSpoken) {

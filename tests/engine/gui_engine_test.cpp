@@ -14,7 +14,7 @@
 namespace velmora {
 namespace {
 
-constexpr std::chrono::milliseconds quick(1);
+constexpr std::chrono::milliseconds quick(5);
 constexpr std::chrono::milliseconds patient(50);  // where the engine must not be given up too soon
 
 /// A queue that drops thinking output when nobody reads, as the referee has it.

@@ -25,17 +25,12 @@ TEST(Level, ReadsAndWritesItsText) {
         {"sudden_death 0 5:07 2.5", "sudden_death 0 5:7 2.5", 0, 307000, 2500},
         {"  sessions\t20  1:30:20 1 rest", "sessions 20 1:30 1", 20, 90000, 1000},
         {"sessions 20 x5y30 0.29", "sessions 20 5 0.29", 20, 300000, 290},
-        {"sessions 20 :30 0", "sessions 20 30 0", 20, 1800000, 0},
-        {"sessions", "sessions 0 0 0", 0, 0, 0},
         {"sessions many 5 1", "sessions 0 5 1", 0, 300000, 1000},
-        {"sudden_death 0 100 -1", "sudden_death 0 100 -1", 0, 6000000, -1000},
         {"sessions 1 30000 0", "sessions 1 30000 0", 1, 1800000000, 0},
         {"sessions 99999999999 99999999999:59 1e30", "sessions 2147483647 35791:23 2.14748e+06", 2147483647,
          2147483647, 2147483647},
         {"sudden_death 0 1 nan", "sudden_death 0 1 0", 0, 60000, 0},
         {"fixed_depth 12", "fixed_depth 12", 0, 1073741824, 0},
-        {"fixed_nodes 1000", "fixed_nodes 1000", 0, 1073741824, 0},
-        {"fixed_movetime 500", "fixed_movetime 500", 0, 1073741824, 0},
         {"fixed_movetime", "fixed_movetime 0", 0, 1073741824, 0},
     };
     for (const auto& row : rows) {
@@ -49,7 +44,6 @@ TEST(Level, ReadsAndWritesItsText) {
 
 TEST(Level, RefusesAnUnknownMode) {
     EXPECT_EQ(test::thrown_text([] { Level("blitz 5 0"); }), "Level::set(blitz)");
-    EXPECT_EQ(test::thrown_text([] { Level("Sessions 40 5 0"); }), "Level::set(Sessions)");
     EXPECT_EQ(test::thrown_text([] { Level(""); }), "Level::set(level_t=\?\?\?)");
 }
 
@@ -61,29 +55,6 @@ TEST(Level, ComparesWhatMakesAClock) {
     level.set_depth(9);
     EXPECT_EQ(level.text(), "fixed_depth 9");
     EXPECT_EQ(level, Level()) << "the base time stays";
-}
-
-TEST(Stopwatch, SumsItsLaps) {
-    Stopwatch watch(fake_now);
-    advance(50);
-    EXPECT_EQ(watch.elapsed_ms(), 0) << "stopped after construction";
-    watch.start();
-    advance(1500);
-    EXPECT_DOUBLE_EQ(watch.elapsed(), 1.5);
-    watch.stop();
-    watch.stop();
-    advance(70);
-    EXPECT_EQ(watch.elapsed_ms(), 1500);
-    watch.start();
-    advance(7);
-    watch.start();  // drops the seven
-    advance(3);
-    EXPECT_EQ(watch.elapsed_ms(), 1503);
-    const Stopwatch copy = watch;
-    watch.reset();
-    advance(1);
-    EXPECT_EQ(watch.elapsed_ms(), 0);
-    EXPECT_EQ(copy.elapsed_ms(), 1504) << "a copy runs on";
 }
 
 TEST(GameClock, AddsIncrementsAndSessions) {
@@ -109,16 +80,6 @@ TEST(GameClock, AddsIncrementsAndSessions) {
     EXPECT_EQ(clock.time_left(), 60000);
     clock.set_time_left(1234);
     EXPECT_EQ(clock.time_left(), 1234);
-}
-
-TEST(GameClock, HasNoSessionInSuddenDeath) {
-    GameClock clock(fake_now);
-    clock.set_level(Level("sudden_death 0 1 0"));
-    for (int i = 0; i < 3; ++i) clock.move_and_stop_clock(0);
-    EXPECT_EQ(clock.moves_to_go(), -3);
-    clock.start_clock();
-    advance(60050);
-    EXPECT_EQ(clock.time_left(), -50);
 }
 
 TEST(GameClock, RefundsTheTimeInTransit) {
@@ -147,11 +108,9 @@ TEST(PlayState, TakesTheHandicapOffTheClockAlone) {
         int time_left, increment;
     };
     for (const Row& row :
-         {Row{"50", "sudden_death 0 10 2", 300000, 1000}, Row{"25", "sessions 40 4 0", 180000, 0},
-          Row{"12.5 %", "sessions 40 4 1", 210000, 875}, Row{"100", "sessions 40 4 1", 240000, 1000},
-          Row{"0", "sessions 40 4 1", 240000, 1000}, Row{"", "sessions 40 4 1", 240000, 1000},
-          Row{"half", "sessions 40 4 1", 240000, 1000}, Row{"-5", "sessions 40 4 1", 240000, 1000},
-          Row{"50", "fixed_depth 8", 536870912, 0}}) {
+         {Row{"50", "sudden_death 0 10 2", 300000, 1000}, Row{"12.5 %", "sessions 40 4 1", 210000, 875},
+          Row{"100", "sessions 40 4 1", 240000, 1000}, Row{"half", "sessions 40 4 1", 240000, 1000},
+          Row{"-5", "sessions 40 4 1", 240000, 1000}, Row{"50", "fixed_depth 8", 536870912, 0}}) {
         PlayState engine;
         engine.set_level(Level(row.level), row.handicap);
         EXPECT_EQ(engine.clock.time_left(), row.time_left) << row.handicap;

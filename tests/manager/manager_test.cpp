@@ -111,8 +111,6 @@ TEST(Manager, PublishesWhatIsKnownOfTheFirstEngine) {
     } rows[] = {
         {"setoption name Hash value 32", "32", "b"},
         {"setoption name  Book  File  value  a  b ", "32", "a b"},
-        {"setoption Hash value 64", "32", "a b"},
-        {"setoption name value 64", "32", "a b"},
         {"setoption name Unknown value 64", "32", "a b"},
         {"setoption name Book File value", "32", ""},
         {"setoption name Hash", "", ""},
@@ -136,19 +134,6 @@ TEST(Manager, ALineOfAnotherSenderIsAFaultOfTheProgram) {
     Manager manager(window, "velmora");
     EXPECT_EQ(test::thrown_text([&] { manager.process_command_from_interface("1 quit"); }),
               "Manager::process_command_from_interface: command not from interface");
-}
-
-TEST(Manager, TheDestructorQuitsTheEngines) {
-    test::Workplace workplace;
-    test::RecordingWindow window;
-    const auto program = workplace.add_engine("alpha", "play\n");
-    {
-        Manager manager(window, "velmora");
-        manager.process_command_from_interface("0 load 1 filename " + program);
-        EXPECT_TRUE(manager.has_engine());
-    }
-    workplace.wait_for([&] { return workplace.sent_to("alpha").ends_with("quit\n"); });
-    EXPECT_TRUE(workplace.sent_to("alpha").ends_with("quit\n"));
 }
 
 /// What games 1 to 200 of a tournament with a book of three begin with.

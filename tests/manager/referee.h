@@ -18,7 +18,7 @@ using Lines = std::vector<std::string>;
 /// A Manager on its thread with a recording window, in a working directory of its own; ends with the test.
 class Referee {
 public:
-    explicit Referee(std::chrono::milliseconds probe_interval = std::chrono::milliseconds(2))
+    explicit Referee(std::chrono::milliseconds probe_interval = std::chrono::milliseconds(10))
         : m_manager(m_window, "velmora", probe_interval), m_thread(std::ref(m_manager)) {}
 
     ~Referee() {

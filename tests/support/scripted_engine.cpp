@@ -119,11 +119,8 @@ void Script::run(const std::string& command_line) {
             m_wire.write_bytes(block);
             block.clear();
         }
-    } else if (word == "spew") {
-        const auto count = static_cast<std::size_t>(number(reader.word()));
-        m_wire.write_bytes(std::string(count, unescaped(text::trim_leading_blanks(reader.rest())).front()));
     } else if (word == "close") {
-        ::close(rest_text == "stdin" ? STDIN_FILENO : STDOUT_FILENO);
+        ::close(STDOUT_FILENO);
     } else if (word == "ignore") {
         m_ignores_quit = true;
     } else if (word == "hang") {
@@ -138,10 +135,6 @@ void Script::run(const std::string& command_line) {
         m_settings.name = rest_text;
     } else if (word == "option") {
         m_settings.options.push_back(rest_text);
-    } else if (word == "feature") {
-        m_settings.features = rest_text;
-    } else if (word == "seed") {
-        m_settings.seed = static_cast<std::uint32_t>(number(rest_text));
     } else if (word == "line") {
         m_settings.lines.push_back(rest_text);
     } else if (word == "info") {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,8 +19,7 @@
 ///   write <bytes>        writes the bytes as they are: lines split at will
 ///   wait <ms>            sleeps
 ///   flood <n> <bytes>    writes the bytes and a line feed n times, %d being the number from 1
-///   spew <n> <byte>      writes n times the byte, without a line end
-///   close stdin|stdout   closes one stream
+///   close stdout         as it says
 ///   ignore quit          from here on neither "quit" nor the end of input ends the program
 ///   hang                 neither reads nor writes again
 ///   die [status]         ends at once
@@ -35,8 +33,6 @@
 ///
 ///   name <text>          the reported name
 ///   option <rest>        announces "option <rest>" (UCI)
-///   feature <pairs>      announced instead of the default features (xboard)
-///   seed <n>             of the random moves; the process number when not given
 ///   line <moves>         a game in coordinate form, followed as long as the game agrees with it; the first
 ///                        line that fits gives the move, else it is a random one
 ///   info <n>             thinking lines ahead of each move
@@ -55,8 +51,6 @@ struct PlayerSettings {
     };
     std::string name = "Scripted Engine";
     std::vector<std::string> options;
-    std::string features = "setboard=1 usermove=1 time=1 reuse=1 colors=0 ping=1 san=0";
-    std::uint32_t seed = 0;
     std::vector<std::string> lines;  ///< each a game, coordinate moves with single blanks between
     int infos = 0;
     int think_ms = 0;

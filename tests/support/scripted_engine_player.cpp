@@ -16,8 +16,7 @@ namespace {
 class Player {
 public:
     explicit Player(const PlayerSettings& settings)
-        : m_settings(settings),
-          m_random(settings.seed != 0 ? settings.seed : static_cast<std::uint32_t>(::getpid())) {}
+        : m_settings(settings), m_random(static_cast<std::uint32_t>(::getpid())) {}
 
     /// What is to happen in place of the move that is due now; empty for an ordinary move.
     std::string incident() {
@@ -171,8 +170,8 @@ private:
         const std::string word(reader.word());
         const std::string argument(text::trim_leading_blanks(reader.rest()));
         if (word == "protover") {
-            m_wire.write_line("feature " + m_settings.features + " myname=\"" + m_settings.name +
-                              "\" done=1");
+            m_wire.write_line("feature setboard=1 usermove=1 time=1 reuse=1 colors=0 ping=1 san=0 myname=\"" +
+                              m_settings.name + "\" done=1");
         } else if (word == "new") {
             m_position.new_game();
             m_plays = Side::black;
@@ -210,8 +209,7 @@ private:
         if (m_settings.think_ms > 0) ::usleep(static_cast<useconds_t>(m_settings.think_ms) * 1000);
         if (const std::string incident = m_player.incident(); !incident.empty())
             return m_script.run(incident);
-        const bool san = m_settings.features.find("san=1") != std::string::npos;
-        m_wire.write_line("move " + (san ? SanMove(m_position, move).san() : move.to_string(false)));
+        m_wire.write_line("move " + move.to_string(false));
         m_position.do_move(move);
     }
 

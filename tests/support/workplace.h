@@ -43,7 +43,7 @@ public:
     std::string add_engine(const std::string& name, const std::string& script,
                            const std::string& suffix = ".engine") const {
         write(name + ".script", script);
-        const std::string program = path(name + suffix);
+        std::string program = path(name + suffix);
         if (!std::filesystem::exists(program)) std::filesystem::create_symlink(SCRIPTED_ENGINE, program);
         return program;
     }

@@ -68,16 +68,13 @@ TEST(Console, WaitsForARunningMatchAtTheEndOfTheInput) {
         int quits_at_end, quits_then;
         bool wakes_at_end, wakes_then;
     } rows[] = {
-        {"nothing", "", {"move e2e4"}, 1, 1, false, false},
         {"match", "start_tournament\n", {"move e2e4", "1-0 {White mates}"}, 0, 0, true, true},
         {"match over", "start_tournament", {"tournament_finished", "quit"}, 0, 1, true, false},
         {"match left", "start_tournament\nhuman_human\n", {}, 1, 1, false, false},
-        {"match set aside", "start_tournament\nsetboard 8/8 w\n", {}, 1, 1, false, false},
         {"match after play", "go\nstart_tournament\n", {"move e2e4"}, 0, 0, true, true},
         {"the engine's move", "go\n", {"move e2e4"}, 1, 1, true, false},
         {"the person's move", "usermove e2e4", {"0-1 {Black mates}"}, 1, 1, true, false},
         {"analysis", "analyzeposition", {"white_info depth 1"}, 1, 1, true, true},
-        {"analysis left", "analyzeposition\nhuman_human", {}, 1, 1, false, false},
     };
     for (const auto& row : rows) {
         Bench bench;

@@ -42,16 +42,13 @@ TEST(Pairings, Schedules) {
     } rows[] = {
         {"match of four", pairings::match, 2, 4, "1:ba 2:ab 3:ba 4:ab"},
         {"match of no round", pairings::match, 2, 0, "1:ba"},
-        {"match of negative rounds", pairings::match, 2, -7, "1:ba"},
         {"match above the limit", pairings::match, 2, 1'000'001, "1:ba 2:ab"},
         {"match of three takes two", pairings::match, 3, 1, "1:ba"},
         {"gauntlet", pairings::gauntlet, 3, 2, "1.1:ba 1.2:ab 2.1:ca 2.2:ac"},
-        {"gauntlet of no round", pairings::gauntlet, 4, 0, "1.1:ba 2.1:ca 3.1:da"},
         {"gauntlet above the limit", pairings::gauntlet, 2, 2'000'000, "1.1:ba 1.2:ab"},
         {"round robin of two", pairings::round_robin, 2, 3, "1.1:ba 2.1:ab 3.1:ba"},
         {"round robin of three: c and a meet only in the second cycle", pairings::round_robin, 3, 2,
          "1.1:cb 1.2:ba 2.1:ca 2.2:bc"},
-        {"round robin of four", pairings::round_robin, 4, 1, "1.1:ca 1.2:db 1.3:cd 1.4:ba 1.5:cb 1.6:ad"},
         {"round robin of four, second cycle", pairings::round_robin, 4, 2,
          "1.1:ca 1.2:db 1.3:cd 1.4:ba 1.5:cb 1.6:ad 2.1:ac 2.2:bd 2.3:dc 2.4:ab 2.5:bc 2.6:da"},
         {"round robin of five", pairings::round_robin, 5, 1,
@@ -72,23 +69,6 @@ TEST(Pairings, TheLongestMatchCanBeMade) {
 TEST(Pairings, AScheduleThatWouldFillTheMemoryIsRefused) {
     EXPECT_THROW(pairings::round_robin(letters(4), 2'000'000'000), std::length_error);
     EXPECT_THROW(pairings::gauntlet(letters(4), 1'000'000), std::length_error);
-}
-
-TEST(Pairings, AnEvenRoundRobinLetsAllMeetOnceACycle) {
-    for (const std::int32_t count : {2, 4, 6, 8}) {
-        for (std::int32_t cycles = 1; cycles <= 3; ++cycles) {
-            std::vector<std::vector<int>> met(10, std::vector<int>(10));
-            for (const auto& game : pairings::round_robin(letters(count), cycles)) {
-                ++met.at(static_cast<std::size_t>(game.white.id)).at(static_cast<std::size_t>(game.black.id));
-                ++met.at(static_cast<std::size_t>(game.black.id)).at(static_cast<std::size_t>(game.white.id));
-            }
-            for (std::size_t a = 1; a <= static_cast<std::size_t>(count); ++a) {
-                for (std::size_t b = 1; b <= static_cast<std::size_t>(count); ++b) {
-                    EXPECT_EQ(met[a][b], a == b ? 0 : cycles) << count << " players: " << a << " and " << b;
-                }
-            }
-        }
-    }
 }
 
 }  // namespace
