@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "base/text.h"
 #include "base/program.h"
+#include "base/text.h"
 #include "window/flows/opened_file.h"
 
 namespace velmora {

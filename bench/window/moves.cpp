@@ -113,8 +113,8 @@ int measure(int moves) {
             press_and_move(user_move_back);
             const auto start = now_ns();
             drop(user_move_back);
-            drawn_in_time =
-                drawn_in_time && gui::pump_until([&] { return window.session().position().moves().size() == 4; });
+            drawn_in_time = drawn_in_time &&
+                            gui::pump_until([&] { return window.session().position().moves().size() == 4; });
             const auto played = now_ns();
             drawn_in_time = drawn_in_time && gui::pump_until([&] { return frame >= played; });
             there.push_back(double(window.at_engine - start) * 1e-6);

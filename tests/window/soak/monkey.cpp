@@ -69,6 +69,7 @@ Monkey::Monkey(Interface& window, test::Workplace& place, std::uint32_t seed, in
       m_place(place),
       m_board(*gui::find_widget<Board>(window)),
       m_random(seed),
+      m_check(window),
       m_left(actions) {
     // The window stays open to the end, and the logs on.
     for (const char* const action : {"Quit", "Debug"}) window.actions().set_sensitive(action, false);
@@ -94,6 +95,7 @@ void Monkey::step() {
     Gtk::Widget* const grab = grabbing_widget();
     if (m_left <= 0) return close_all();
     if (auto* const dialog = dynamic_cast<Gtk::Dialog*>(grab)) {
+        m_check.give_up();  // a message: the comparison is off
         if (auto* const chooser = dynamic_cast<Gtk::FileChooserDialog*>(dialog)) return choose_file(*chooser);
         --m_left;
         if (dialog->get_mapped()) act_in(*dialog);
@@ -102,7 +104,13 @@ void Monkey::step() {
         note("key in an open menu");
         // Escape often enough to come out of it.
         press_in_menu(*grab, one_in(2) ? GDK_KEY_Escape : unsigned(any(keys)));
+    } else if (m_check.is_waiting()) {
+        compare();
+    } else if (m_patience > 0) {
+        --m_patience;
+        begin_comparison();
     } else {
+        if (one_in(15)) m_patience = 3000;
         --m_left;
         act();
     }
@@ -240,6 +248,18 @@ void Monkey::choose_any_entry() {
     item->activate();
 }
 
+Gtk::MenuItem* Monkey::entry(const std::string& label) {
+    for (const auto& entry :
+         gui::menu_entries(dynamic_cast<Gtk::MenuShell&>(*m_window.actions().menu_bar()))) {
+        if (entry.label == label) return entry.item;
+    }
+    return nullptr;
+}
+
+void Monkey::choose(const std::string& label) {
+    if (Gtk::MenuItem* const item = entry(label); item && item->get_sensitive()) item->activate();
+}
+
 /// The window's position, as it shows it; empty when a text of the monkey's stands there.
 std::string Monkey::shown_fen() {
     m_window.refresh_board();
@@ -269,6 +289,61 @@ void Monkey::drag_legal_move() {
     const auto& move = any(moves);
     note("drag " + move);
     gui::drag(m_board, on_board(move), on_board(move.substr(2)));
+}
+
+// ---------------------------------------------------------------------------------------------------------------
+// The two positions
+
+/// Whether the engine that the window names has a process.
+bool Monkey::has_engine() {
+    return m_window.get_title() == "Alpha" && !m_place.processes_of("alpha").empty();
+}
+
+/// Sees to an engine that speaks UCI and a mode in which the referee tells it its position, one step a call;
+/// true when all is there.
+bool Monkey::is_ready_to_compare() {
+    if (!m_check.is_under_way() && !has_engine()) {
+        if (!std::exchange(m_loads, true)) {
+            choose("Human - human");
+            m_window.send_to_manager("load 1 filename " + m_place.path("alpha.engine"));
+        }
+        return false;
+    }
+    m_loads = false;
+    const auto is_on = [this](const char* mode) {
+        return dynamic_cast<Gtk::CheckMenuItem&>(*entry(mode)).get_active();
+    };
+    if (!is_on("Analysis") && !is_on("Human - computer")) {
+        choose(one_in(2) ? "Human - computer" : "Analysis");
+        return false;
+    }
+    if (!legal_moves_shown().empty()) return true;
+    choose("New game");
+    return false;
+}
+
+void Monkey::begin_comparison() {
+    const bool ready = is_ready_to_compare();
+    if (!ready) m_check.disturb();
+    // The engine's name, or its move, comes with a later line of the referee.
+    if (!ready || !m_check.is_quiet() || !has_engine()) return;
+    m_patience = 0;
+    const auto before = shown_fen();
+    m_check.prepare();
+    drag_legal_move();
+    if (shown_fen() != before) m_check.expect(shown_fen());
+}
+
+void Monkey::compare() {
+    const auto state = m_check.look();
+    if (state == PositionCheck::State::waiting) return;
+    if (state == PositionCheck::State::agrees) ++m_comparisons;
+    // One that died meanwhile was told nothing.
+    if (state == PositionCheck::State::differs && has_engine()) {
+        m_difference = m_check.report();
+        m_left = 0;
+    }
+    m_check.give_up();
 }
 
 }  // namespace velmora::soak

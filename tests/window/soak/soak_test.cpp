@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <iostream>
 
 #include <gtest/gtest.h>
 
@@ -82,7 +83,12 @@ TEST(Soak, AMonkeyFindsNoFault) {
             return window.get_mapped();
         }));
         window.actions().set_active("Debug", true);
-        Monkey(window, place, static_cast<std::uint32_t>(seed), actions).run();
+        Monkey monkey(window, place, static_cast<std::uint32_t>(seed), actions);
+        monkey.run();
+        EXPECT_EQ(monkey.difference(), "");
+        EXPECT_GE(monkey.comparisons(), actions / 200);
+        std::cerr << actions << " actions, seed " << seed << ", " << monkey.comparisons()
+                  << " positions compared\n";
     }
     // The running archive can be read to its end.
     if (std::filesystem::exists("Velmora battles.pgn")) {
