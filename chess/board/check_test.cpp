@@ -10,9 +10,9 @@ namespace {
 
 /// The mover's pieces that can attack a king, and the occupancy, as they stand after the move. Kings are
 /// left out: one king never checks the other.
-class MenAfter {
+class PiecesAfter {
 public:
-    MenAfter(const BoardPosition& board, Move move)
+    PiecesAfter(const BoardPosition& board, Move move)
         : m_side(board.side_to_move()),
           m_occupied(board.occupied()),
           m_straight(board.straight_sliders(m_side)),
@@ -73,7 +73,7 @@ private:
 
 bool gives_check(const BoardPosition& board, Move move) {
     const Bitboard king = board.pieces(PieceKind::king, opposite(board.side_to_move()));
-    return MenAfter(board, move).attack(king.first_square());
+    return PiecesAfter(board, move).attack(king.first_square());
 }
 
 bool is_legal_en_passant(const BoardPosition& board, Move move) {

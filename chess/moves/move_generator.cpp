@@ -52,14 +52,14 @@ public:
                 m_check_mask = bit_tables.between_inclusive(m_king, m_checkers.first_square());
             }
             pawn_captures();
-            men_captures();
+            other_captures();
         }
         find_king_moves();
         king_moves(m_king_steps & m_targets);
         m_out.finish();
         if (list.end() - first > 1) sort_captures(first, list.end());
         if constexpr (stages == Stages::all) {
-            men_quiet_moves();
+            other_quiet_moves();
             if (!m_checkers.more_than_one()) pawn_pushes();
             king_moves(m_king_steps & ~m_targets);
             castlings();
@@ -188,7 +188,7 @@ private:
         }
     }
 
-    void men_captures() {
+    void other_captures() {
         const Bitboard diagonal_checks = m_magics.bishop_attacks(m_enemy_king, m_occupied);
         const Bitboard straight_checks = m_magics.rook_attacks(m_enemy_king, m_occupied);
         // A pinned knight has no move.
@@ -259,7 +259,7 @@ private:
 
     // Stage two.
 
-    void men_quiet_moves() {
+    void other_quiet_moves() {
         put_movers(m_queens, m_movers_end);
         put_movers(m_rooks, m_queens);
         put_movers(0, m_bishops);
