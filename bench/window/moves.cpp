@@ -102,7 +102,7 @@ int measure(int moves) {
         };
         wait_ms(600);  // no click counts in the first half second
         for (int i = 0; i < moves && drawn_in_time; ++i) {
-            gui::find_widget<Gtk::Entry>(entry)->set_text(board);
+            gui::find_widget<Gtk::Entry>(entry)->set_text(middle_game);
             gui::find_widget<Gtk::Button>(entry)->clicked();
             press_and_move(user_move);
             drop(user_move);

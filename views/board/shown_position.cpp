@@ -27,7 +27,8 @@ std::string places_in_words(Piece piece, const Placement& pieces) {
     int count = 0;
     for (Square square(0); square.on_board(); ++square) {
         if (pieces[std::size_t(square.value())] != piece) continue;
-        places += (count++ == 0 ? " " : ", ") + square.name();
+        places += count++ == 0 ? " " : ", ";
+        places += square.name();
     }
     if (count == 0) return {};
     return std::string(kind_name(piece.kind())) + (count > 1 ? "s" : "") + places;
