@@ -85,6 +85,9 @@ if have update-mime-database shared-mime-info "the file types" && have gio libgl
     opens positions.epd application/x-chess-epd
 fi
 
+grep -q "<launchable type=\"desktop-id\">$(basename "$desktop")</launchable>" "$metainfo" ||
+    fault "$metainfo launches another desktop file"
+grep -qx "Icon=$(basename "$drawing" .svg)" "$desktop" || fault "$desktop names another icon"
 [[ $(grep -m 1 '<release ' "$metainfo") == *" version=\"$version\" "* ]] ||
     fault "the newest release in $metainfo is not $version"
 [[ $(zcat -f "$changelog") == "velmora ($version) "* ]] || fault "the newest release in $changelog is not $version"

@@ -71,5 +71,22 @@ TEST(Pairings, AScheduleThatWouldFillTheMemoryIsRefused) {
     EXPECT_THROW(pairings::gauntlet(letters(4), 1'000'000), std::length_error);
 }
 
+TEST(Pairings, AnEvenRoundRobinLetsAllMeetOnceACycle) {
+    for (const std::int32_t count : {2, 4, 6, 8}) {
+        for (std::int32_t cycles = 1; cycles <= 3; ++cycles) {
+            std::vector<std::vector<int>> met(10, std::vector<int>(10));
+            for (const auto& game : pairings::round_robin(letters(count), cycles)) {
+                ++met.at(static_cast<std::size_t>(game.white.id)).at(static_cast<std::size_t>(game.black.id));
+                ++met.at(static_cast<std::size_t>(game.black.id)).at(static_cast<std::size_t>(game.white.id));
+            }
+            for (std::size_t a = 1; a <= static_cast<std::size_t>(count); ++a) {
+                for (std::size_t b = 1; b <= static_cast<std::size_t>(count); ++b) {
+                    EXPECT_EQ(met[a][b], a == b ? 0 : cycles) << count << " players: " << a << " and " << b;
+                }
+            }
+        }
+    }
+}
+
 }  // namespace
 }  // namespace velmora

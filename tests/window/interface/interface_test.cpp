@@ -8,6 +8,7 @@
 #include <glibmm/miscutils.h>
 #include <gtkmm/entry.h>
 #include <gtkmm/filechooserdialog.h>
+#include <gtkmm/label.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -74,6 +75,16 @@ Tournament:|New / Edit|Load
 Engine:|Load engine...|Install engine...|Load installed engine...
 Options:|Time Control...|Engine...|Ponder|Debug
 Info:|About...)");
+}
+
+/// The referee tells milliseconds, the clocks count hundredths.
+TEST_F(InterfaceTest, TheClockShowsWhatTheRefereeTells) {
+    m_window->put_command("btime 61000");
+    EXPECT_TRUE(gui::pump_until([&] {
+        return gui::find_widget<Gtk::Label>(*m_window, [](Gtk::Label& label) {
+                   return label.get_text().find("1:1") != Glib::ustring::npos;
+               }) != nullptr;
+    }));
 }
 
 TEST_F(InterfaceTest, TheWindows) {
