@@ -48,7 +48,7 @@ void redraw_board(benchmark::State& state) {
     const auto surface = screen(pixels, scale);
     for ([[maybe_unused]] auto step : state) {
         paint_board(Cairo::Context::create(surface),
-                    {scene.table, scene.marks, scene.arrows, scene.images, scene.cell});
+                    {scene.table, scene.marks, scene.arrows, {}, scene.images, scene.cell});
     }
 }
 BENCHMARK(redraw_board)->Args({560, 1})->Args({560, 2})->Args({1200, 1})->Unit(benchmark::kMicrosecond);
@@ -63,7 +63,7 @@ void redraw_drag(benchmark::State& state) {
         const auto cr = Cairo::Context::create(surface);
         cr->rectangle(350, 350, 80, 80);
         cr->clip();
-        paint_board(cr, {scene.table, scene.marks, scene.arrows, scene.images, scene.cell});
+        paint_board(cr, {scene.table, scene.marks, scene.arrows, {}, scene.images, scene.cell});
     }
 }
 BENCHMARK(redraw_drag)->Unit(benchmark::kMicrosecond);

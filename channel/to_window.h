@@ -107,6 +107,15 @@ struct SetRound {
     static constexpr auto form = line("round", token(&SetRound::round));
 };
 
+/// How far a match has come as one of its games begins: "match_progress 3 4 1.5 - 0.5".
+struct MatchProgress {
+    int game = 0;       ///< of the schedule, from 1
+    int games = 0;      ///< in the schedule
+    std::string score;  ///< of two participants, that of the first one first; empty among more
+    static constexpr auto form = line("match_progress", number(&MatchProgress::game),
+                                      number(&MatchProgress::games), trimmed_rest(&MatchProgress::score));
+};
+
 /// The time control of the games to come, in the text form of a level.
 struct SetLevel {
     std::string level;
@@ -189,7 +198,7 @@ struct Quit {
 };
 
 using Line = std::variant<PlayMove, MoveTime, TakeBack, SetBoard, Shout, NewGame, GameOver, SearchOutput,
-                          SetEvent, SetSite, SetRound, SetLevel, SetClock, EngineName, PlayerName, PlayerElo,
+                          SetEvent, SetSite, SetRound, MatchProgress, SetLevel, SetClock, EngineName, PlayerName, PlayerElo,
                           SetArrow, ClearArrows, TellUser, ResetMode, TournamentFinished, Quit>;
 
 /// The text that travels.

@@ -104,6 +104,10 @@ public:
     /// The tags as PGN and an empty line.
     std::string tags_text() const { return m_tags.print() + "\n"; }
 
+    /// Goes to a node, as far as the moves up to it can be made, and gives the FEN there. An absent node is
+    /// nowhere: the game stays.
+    std::string go_to(std::int32_t id);
+
     /// Begin and end of the current node's text in what pgn() gave last, in bytes.
     std::pair<std::uint64_t, std::uint64_t> current_text_range() const;
 

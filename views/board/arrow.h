@@ -25,6 +25,17 @@ struct Arrow {
 /// The arrow between the centres of two shown squares; nothing when one is no square.
 std::optional<Arrow> make_arrow(Square from, Square to, ArrowColor color, CellSize cell);
 
+/// A move that an engine would play, shown as an arrow. Squares of the position.
+///
+/// Other than an Arrow it is kept by its squares: while an engine analyses, the board is turned and resized
+/// at will, and the arrow must follow.
+struct MoveHint {
+    Square from, to;
+    double strength = 1;  ///< 1 for the best move, less for the next ones, which are painted paler
+
+    bool operator==(const MoveHint&) const = default;
+};
+
 /// A point in pixels from the upper left corner of the board.
 struct Corner {
     double x = 0;

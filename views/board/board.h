@@ -41,6 +41,8 @@ public:
     void clear_arrows() { m_drawing.clear_arrows(); }
     const std::vector<Arrow>& arrows() const { return m_drawing.arrows(); }
 
+    void set_hints(std::vector<MoveHint> hints) { m_drawing.set_hints(std::move(hints)); }
+
     void set_marks(const BoardMarks& marks);
 
     /// The square whose piece is in the air.

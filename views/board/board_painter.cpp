@@ -34,7 +34,8 @@ public:
     void paint_cells();
     void paint_marks();
     void paint_piece_in_the_air();
-    void paint_arrow(const Arrow& arrow);
+    /// @param strength  1 in full colour and width, less is paler and thinner
+    void paint_arrow(const Arrow& arrow, double strength = 1);
 
 private:
     bool is_visible(Place corner) const {
@@ -162,12 +163,14 @@ void Painter::paint_piece_in_the_air() {
     paint_image(image_code(m_picture.table.drag_piece()), m_picture.table.drag_place());
 }
 
-void Painter::paint_arrow(const Arrow& arrow) {
+void Painter::paint_arrow(const Arrow& arrow, double strength) {
     static constexpr std::array<Tint, 3> colors{{{1, 0, 0, 0.8}, {0, 1, 0, 0.8}, {0, 0, 1, 0.8}}};
     const int height = 8 * m_cell.height;
     m_cr->save();
-    set_tint(m_cr, colors[std::size_t(arrow.color)]);
-    m_cr->set_line_width(m_cell.width / 8);
+    Tint tint = colors[std::size_t(arrow.color)];
+    tint.alpha *= strength;
+    set_tint(m_cr, tint);
+    m_cr->set_line_width(m_cell.width / 8 * strength);
     m_cr->set_line_cap(Cairo::LINE_CAP_ROUND);
     m_cr->move_to(arrow.x1, height - arrow.y1);
     m_cr->line_to(arrow.x2, height - arrow.y2);
@@ -190,6 +193,7 @@ void paint_board(const Cairo::RefPtr<Cairo::Context>& cr, const BoardPicture& pi
     painter.paint_cells();
     painter.paint_marks();
     painter.paint_piece_in_the_air();
+    for (const HintArrow& hint : picture.hints) painter.paint_arrow(hint.arrow, hint.strength);
     for (const Arrow& arrow : picture.arrows) painter.paint_arrow(arrow);
     cr->pop_group_to_source();
     cr->paint();

@@ -40,6 +40,8 @@ public:
     void clear_arrows() { m_board.clear_arrows(); }
     const std::vector<Arrow>& arrows() const { return m_board.arrows(); }
 
+    void set_hints(std::vector<MoveHint> hints) { m_board.set_hints(std::move(hints)); }
+
     void set_marks(const BoardMarks& marks) { m_board.set_marks(marks); }
 
     /// The square whose piece is in the air, from the press on it to the release.

@@ -100,6 +100,12 @@ void Drawing::clear_arrows() {
     queue_draw();
 }
 
+void Drawing::set_hints(std::vector<MoveHint> hints) {
+    if (hints == m_hints) return;
+    m_hints = std::move(hints);
+    queue_draw();
+}
+
 void Drawing::set_marks(const BoardMarks& marks) {
     const auto squares = changed_squares(m_marks, marks);
     m_marks = marks;
@@ -120,7 +126,14 @@ bool Drawing::on_draw(const Cairo::RefPtr<Cairo::Context>& cr) {
     double scale_x = 1, scale_y = 1;
     cairo_surface_get_device_scale(cairo_get_target(cr->cobj()), &scale_x, &scale_y);
     render_images(scale_x);
-    paint_board(cr, {m_table, m_marks, m_arrows, m_images, m_cell});
+    std::vector<HintArrow> hints;
+    // The weakest first, so that the best move lies on top.
+    for (auto hint = m_hints.rbegin(); hint != m_hints.rend(); ++hint) {
+        const auto arrow =
+            make_arrow(shown_square(hint->from), shown_square(hint->to), ArrowColor::blue, m_cell);
+        if (arrow) hints.push_back({*arrow, hint->strength});
+    }
+    paint_board(cr, {m_table, m_marks, m_arrows, hints, m_images, m_cell});
     return true;
 }
 

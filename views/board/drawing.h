@@ -54,6 +54,9 @@ public:
     void clear_arrows();
     const std::vector<Arrow>& arrows() const { return m_arrows; }
 
+    /// The moves that an engine would play, the best one first; they stay until the next call.
+    void set_hints(std::vector<MoveHint> hints);
+
     void set_marks(const BoardMarks& marks);
 
     /// The fourteen images by code, at the size of a cell in device pixels.
@@ -95,6 +98,7 @@ private:
     SquareTable m_table;
     BoardMarks m_marks;
     std::vector<Arrow> m_arrows;
+    std::vector<MoveHint> m_hints;
     BoardImages m_images;
     RenderPacer m_pacer;
     double m_device_scale = 0;    // device pixels a pixel at the last draw

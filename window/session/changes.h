@@ -15,6 +15,7 @@ enum class Change : unsigned {
     selection = 1U << 4U,  ///< the piece that is picked up
     seats = 1U << 5U,      ///< who plays which side
     clocks = 1U << 6U,     ///< the time control: the clocks begin anew
+    game = 1U << 7U,       ///< another record has come in place of the one before
 };
 
 /// What one operation has changed.

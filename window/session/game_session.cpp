@@ -13,7 +13,9 @@ namespace {
 
 /// What changes when the board comes to another node of the record.
 constexpr Changes other_node = {Change::comment, Change::record, Change::turn, Change::position};
-/// The same by a move against the clock, where the clock that starts shows whose move it is.
+/// The same by another record, at whose start the board stands.
+constexpr Changes other_game = {Change::game, Change::comment, Change::record, Change::turn, Change::position};
+/// The first one by a move against the clock, where the clock that starts shows whose move it is.
 constexpr Changes other_node_by_clock = {Change::comment, Change::record, Change::position};
 
 }  // namespace
@@ -61,7 +63,7 @@ void GameSession::begin_game(const RecordNames& names) {
     begin_record(m_record, names);
     follow_record();
     forget_search();
-    tell({Change::clocks, Change::comment, Change::record, Change::turn, Change::position});
+    tell({Change::game, Change::clocks, Change::comment, Change::record, Change::turn, Change::position});
 }
 
 void GameSession::new_game_without_names() {
@@ -84,7 +86,7 @@ void GameSession::begin_at(const std::string& fen) {
 void GameSession::start_from(const std::string& fen) {
     store_comment();
     begin_at(fen);
-    tell(other_node);
+    tell(other_game);
 }
 
 void GameSession::load_position(const std::string& line, const std::string& fen) {
@@ -93,7 +95,7 @@ void GameSession::load_position(const std::string& line, const std::string& fen)
     begin_record(m_record, m_names);
     for (const auto& [tag, value] : roster_tags(line)) m_record.set_tag(tag, tag_safe(value));
     begin_at(fen);
-    tell(other_node);
+    tell(other_game);
 }
 
 /// No comment is stored, since the record that it belonged to is gone by then.
@@ -103,7 +105,7 @@ void GameSession::load(Game record) {
     follow_record();
     forget_search();
     tag_opening_of_main_line(m_record, m_openings);
-    tell(other_node);
+    tell(other_game);
 }
 
 void GameSession::follow_record() {

@@ -42,6 +42,9 @@ public:
     /// The referee has said what it says only when it has no engine to look for any more.
     void end_search();
 
+    /// The name of what is being looked for, empty while nothing is.
+    const std::string& sought() const { return m_search == Search::none ? m_nothing : m_sought; }
+
     /// Whether an engine sits there and none is being looked for.
     bool is_there() const { return m_there && m_search == Search::none; }
 
@@ -64,6 +67,7 @@ private:
     Dialogs& m_dialogs;
     const ManagerLink& m_manager;
     const std::function<std::optional<Protocol>()> m_protocol;
+    const std::string m_nothing;
     Search m_search = Search::none;
     std::string m_sought;                         // the name of what is being looked for
     Protocol m_asked_for = Protocol::autodetect;  // how it is to be talked to
