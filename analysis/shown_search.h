@@ -21,10 +21,10 @@ struct ShownSearch {
     std::string engine;  ///< its name; empty where nobody sits
     std::string head;    ///< "depth 24, 1.2 M nodes/s, 0:12"
     std::vector<ShownLine> lines;
-    bool covered = false;      ///< the lines aren't to be seen until the person asks for them
-    bool fewer = false;        ///< a smaller number of lines can be asked for
-    bool more = false;         ///< a larger one
-    std::size_t places = 1;    ///< lines that the engine was asked for: so many rows are kept free
+    bool covered = false;    ///< the lines aren't to be seen until the person asks for them
+    bool fewer = false;      ///< a smaller number of lines can be asked for
+    bool more = false;       ///< a larger one
+    std::size_t places = 1;  ///< lines that the engine was asked for: so many rows are kept free
 
     bool operator==(const ShownSearch&) const = default;
 };
