@@ -18,12 +18,18 @@ Activity::Activity(const GameSession& session, const WindowFrame& frame, const S
 std::string Activity::text() const {
     if (!m_engine.sought().empty()) return "Loading " + m_engine.sought() + "...";
     switch (m_frame.mode()) {
-        case Mode::setup: return "Set-up";
-        case Mode::human_human: return "Human - human";
-        case Mode::human_computer: return human_computer();
-        case Mode::analyze_position: return "Analysis: " + m_engine.name();
-        case Mode::learn_openings: return "Opening drill";
-        case Mode::tournament: return match();
+        case Mode::setup:
+            return "Set-up";
+        case Mode::human_human:
+            return "Human - human";
+        case Mode::human_computer:
+            return human_computer();
+        case Mode::analyze_position:
+            return "Analysis: " + m_engine.name();
+        case Mode::learn_openings:
+            return "Opening drill";
+        case Mode::tournament:
+            return match();
     }
     return {};
 }

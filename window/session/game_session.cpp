@@ -14,7 +14,8 @@ namespace {
 /// What changes when the board comes to another node of the record.
 constexpr Changes other_node = {Change::comment, Change::record, Change::turn, Change::position};
 /// The same by another record, at whose start the board stands.
-constexpr Changes other_game = {Change::game, Change::comment, Change::record, Change::turn, Change::position};
+constexpr Changes other_game = {Change::game, Change::comment, Change::record, Change::turn,
+                                Change::position};
 /// The first one by a move against the clock, where the clock that starts shows whose move it is.
 constexpr Changes other_node_by_clock = {Change::comment, Change::record, Change::position};
 

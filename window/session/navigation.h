@@ -34,8 +34,8 @@ public:
 
     /// Whether a game against the engine was left by looking at its earlier moves, and can be gone on with.
     bool has_left_game() const { return m_left && m_frame.mode() == Mode::human_human; }
-    /// Goes back to where that game was left and plays on against the engine, which thinks if it was its turn.
-    /// Does nothing without such a game.
+    /// Goes back to where that game was left and plays on against the engine, which thinks if it was its
+    /// turn. Does nothing without such a game.
     void resume_game();
 
     /// @param offset  of a character in the text that the PGN view shows
