@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -64,6 +65,11 @@ public:
     /// So a person who plays the same move again walks along the game instead of making a variation of
     /// equal moves.
     void add_move(const Move& move);
+
+    /// Adds a line of moves that begins behind a node, as add_move() adds each of them, without leaving the
+    /// current node; gives the last node. Nothing, and the game as it was, when the node can't be reached;
+    /// the line ends ahead of the first move that isn't legal.
+    std::optional<std::int32_t> add_line(std::int32_t id, std::span<const Move> moves);
 
     /// Notes a result at the current node, which the marker then is. A second one for the same position
     /// replaces the first.

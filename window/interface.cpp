@@ -19,6 +19,7 @@ namespace velmora {
 namespace {
 
 constexpr unsigned tick_ms = 50;
+constexpr unsigned panel_ticks = 100 / tick_ms;
 constexpr unsigned wake_up_ticks = 1000 / tick_ms;
 
 std::string_view text_behind_number(std::string_view numbered_line) {
@@ -66,11 +67,17 @@ Interface::Interface(std::string program_path, int board_size)
       m_engines(m_session, m_screen, m_dialogs, m_link, m_modes, m_engine,
                 [this] { return m_manager.get_enginevariables(); }),
       m_tournaments(m_session, m_screen, m_dialogs, m_link),
+      m_search(m_session, m_screen, m_engine, m_dispatcher, m_link,
+               [this] { return m_manager.get_enginevariables(); }),
+      m_activity(m_session, m_screen, m_engine, m_dispatcher),
+      m_panel(m_session, m_screen, m_navigation, m_search, m_board,
+              [this] { m_actions.set_active("ShowSidePanel", true); }),
       m_windows(*this,
                 [this] {
                     m_session.tell({Change::record, Change::position});
                 }),
-      m_rooms{m_link, m_session, m_dialogs, m_board, m_modes, m_files, m_engines, m_tournaments, m_windows},
+      m_rooms{m_link,  m_session, m_dialogs,     m_board,   m_modes,
+              m_files, m_engines, m_tournaments, m_windows, m_panel},
       m_actions(m_rooms) {
     Glib::signal_timeout().connect(sigc::mem_fun(*this, &Interface::on_timeout), tick_ms);
     m_manager_thread = std::thread(std::ref(m_manager));
@@ -86,6 +93,7 @@ Interface::Interface(std::string program_path, int board_size)
     m_link.send(to_referee::SetLevel{m_session.level().text()});
     m_screen.set_sensitive(MenuEntry::ponder, false);
     m_engine.show();
+    m_actions.set_active("ShowBestMove", true);
 }
 
 Interface::~Interface() {
@@ -108,6 +116,7 @@ void Interface::add_windows() {
     });
     m_windows.add("ShowEpdCommands", std::move(epd));
     m_windows.add("ShowFEN", m_fen_entry);
+    m_windows.add_beside("ShowSidePanel", m_panel.widget());
 }
 
 void Interface::lay_out() {
@@ -118,7 +127,10 @@ void Interface::lay_out() {
         m_box.pack_start(*menu_bar, Gtk::PACK_SHRINK);
         add_accel_group(m_actions.accelerators());
     }
-    m_box.pack_start(m_board_with_clocks, Gtk::PACK_EXPAND_WIDGET);
+    // Whatever the window grows by is the board's.
+    m_board_and_panel.pack1(m_board_with_clocks, true, false);
+    m_board_and_panel.pack2(m_panel.widget(), false, false);
+    m_box.pack_start(m_board_and_panel, Gtk::PACK_EXPAND_WIDGET);
     m_box.pack_start(m_navigation_bar, Gtk::PACK_SHRINK);
     m_box.pack_start(m_fen_entry, Gtk::PACK_SHRINK);
     add(m_box);
@@ -200,6 +212,7 @@ void Interface::open_dropped(const std::vector<Glib::ustring>& uris) {
 bool Interface::on_timeout() {
     m_clocks.update();
     process_manager_messages();
+    if (m_ticks % panel_ticks == 0) m_panel.refresh();
     // The referee acts on lines alone, and an engine that has died or fallen silent sends none.
     if (++m_ticks % wake_up_ticks == 0 && m_modes.awaits_engine()) m_link.send(to_referee::WakeUp());
     return true;

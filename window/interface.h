@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <gtkmm/box.h>
+#include <gtkmm/paned.h>
 #include <gtkmm/window.h>
 
 #include "channel/command_sink.h"
@@ -29,12 +30,15 @@
 #include "window/menu/secondary_windows.h"
 #include "window/navigation_bar.h"
 #include "window/navigation_keys.h"
+#include "window/panel/analysis_panel.h"
+#include "window/session/activity.h"
 #include "window/session/game_presenter.h"
 #include "window/session/game_session.h"
 #include "window/session/manager_link.h"
 #include "window/session/message_dispatcher.h"
 #include "window/session/mode_controller.h"
 #include "window/session/navigation.h"
+#include "window/session/search_display.h"
 #include "window/session/seated_engine.h"
 #include "window/session/user_moves.h"
 
@@ -104,6 +108,7 @@ private:
     ChessBoard m_board;
     Clocks m_clocks;
     BoardWithClocks m_board_with_clocks;
+    Gtk::Paned m_board_and_panel;
     NavigationBar m_navigation_bar;
     FenEntry m_fen_entry;
     MoveEntry m_move_entry;
@@ -128,6 +133,9 @@ private:
     FileFlows m_files;
     EngineFlows m_engines;
     TournamentFlows m_tournaments;
+    SearchDisplay m_search;
+    Activity m_activity;
+    AnalysisPanel m_panel;
     SecondaryWindows m_windows;
     Rooms m_rooms;
     Actions m_actions;

@@ -51,8 +51,12 @@ SearchBlock::SearchBlock(PositionOf position_of)
     pack_start(m_head, Gtk::PACK_SHRINK);
     pack_start(m_cover, Gtk::PACK_SHRINK);
     pack_start(m_lines, Gtk::PACK_SHRINK);
-    show_all_children();
+    for (Gtk::Widget* part : std::initializer_list<Gtk::Widget*>{&m_head, &m_cover, &m_lines}) {
+        part->show_all();
+        part->set_no_show_all();  // what is covered stays so when the panel is shown
+    }
     m_cover.hide();
+    show_all_children();
 }
 
 void SearchBlock::show_search(const ShownSearch& search) {

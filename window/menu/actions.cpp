@@ -6,6 +6,7 @@
 
 #include "views/board/chess_board.h"
 #include "window/menu/rooms.h"
+#include "window/panel/analysis_panel.h"
 
 namespace velmora {
 
@@ -27,8 +28,9 @@ ActionRow switch_entry(const char* name, const char* label, void (*change)(Rooms
 }
 
 /// The toggle of the secondary window that SecondaryWindows knows by the action's name.
-ActionRow window_entry(const char* name, const char* label) {
-    return {Kind::toggle, name, label, [name](Rooms& rooms, bool on) { rooms.windows.show(name, on); }};
+ActionRow window_entry(const char* name, const char* label, const char* accelerator = "") {
+    return {Kind::toggle, name, label, [name](Rooms& rooms, bool on) { rooms.windows.show(name, on); },
+            accelerator};
 }
 
 ActionRow mode_entry(Mode mode, const char* label) {
@@ -70,6 +72,10 @@ const std::vector<ActionRow>& Actions::table() {
         window_entry("ShowCommentEditor", "Show Comment Editor"),
         window_entry("ShowEpdCommands", "Show EPD Code"),
         window_entry("ShowFEN", "Show FEN"),
+        separator,
+        window_entry("ShowSidePanel", "Show Side Panel", "F9"),
+        switch_entry("ShowBestMove", "Show Best Move",
+                     [](Rooms& rooms, bool on) { rooms.panel.show_best_moves(on); }),
 
         menu("ModeMenu", "Mode"),
         mode_entry(Mode::setup, "Setup"),

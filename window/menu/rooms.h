@@ -11,6 +11,7 @@
 
 namespace velmora {
 
+class AnalysisPanel;
 class ChessBoard;
 
 /// What the menu's entries call into; owned by the Interface.
@@ -25,6 +26,7 @@ struct Rooms {
     EngineFlows& engines;
     TournamentFlows& tournaments;
     SecondaryWindows& windows;
+    AnalysisPanel& panel;
 };
 
 }  // namespace velmora

@@ -17,11 +17,18 @@ ScreenBox frame_of(const Glib::RefPtr<const Gdk::Window>& window) {
     return {frame.get_x(), frame.get_y(), frame.get_width(), frame.get_height()};
 }
 
+/// What a widget asks for.
+int width_of(const Gtk::Widget& widget) {
+    int least = 0, natural = 0;
+    widget.get_preferred_width(least, natural);
+    return natural;
+}
+
 }  // namespace
 
 void SecondaryWindows::add(const char* action, Gtk::Widget& widget) {
     auto* const window = dynamic_cast<Gtk::Window*>(&widget);
-    m_parts.push_back({action, widget, window});
+    m_parts.push_back({.action = action, .widget = widget, .window = window});
     if (!window) return;
     window->set_transient_for(m_main);
     window->set_type_hint(Gdk::WINDOW_TYPE_HINT_UTILITY);
@@ -32,19 +39,60 @@ void SecondaryWindows::add(const char* action, std::unique_ptr<Gtk::Window> wind
     m_owned.push_back(std::move(window));
 }
 
+void SecondaryWindows::add_beside(const char* action, Gtk::Widget& widget) {
+    m_parts.push_back({.action = action, .widget = widget, .window = nullptr, .beside = true});
+}
+
 void SecondaryWindows::show(std::string_view action, bool on) {
     const auto found = std::ranges::find(m_parts, action, &Part::action);
     if (found == m_parts.end()) throw std::logic_error("no window has the action " + std::string(action));
+    if (!found->window) return set_strip(*found, on);
     if (on) {
         // Where the person puts it later, it stays.
-        if (found->window && !found->placed) place(*found->window, static_cast<int>(found - m_parts.begin()));
+        if (!found->placed) place(*found->window, static_cast<int>(found - m_parts.begin()));
         found->placed = true;
         found->widget.show_all();
         m_refresh();
     } else {
         found->widget.hide();
-        if (!found->window && m_width > 0) m_main.resize(m_width, m_height);
     }
+}
+
+void SecondaryWindows::set_strip(Part& part, bool on) {
+    if (on == part.widget.get_visible()) return;
+    if (on) {
+        part.widget.show_all();
+        if (part.beside) widen(width_of(part.widget));
+        m_refresh();
+        return;
+    }
+    const int width = part.widget.get_allocated_width();
+    part.widget.hide();
+    if (part.beside) {
+        widen(-width);
+    } else if (m_width > 0) {
+        m_main.resize(m_width + width_beside(), m_height);
+    }
+}
+
+/// The board gives way where the screen is too small for both; the toolkit doesn't let a window become
+/// smaller than what it holds.
+void SecondaryWindows::widen(int pixels) {
+    const auto window = m_main.get_window();
+    if (!window) return;
+    Gdk::Rectangle area;
+    window->get_display()->get_monitor_at_window(window)->get_workarea(area);
+    int width = 0, height = 0;
+    m_main.get_size(width, height);
+    m_main.resize(std::clamp(width + pixels, 1, std::max(1, area.get_width())), height);
+}
+
+int SecondaryWindows::width_beside() const {
+    int width = 0;
+    for (const Part& part : m_parts) {
+        if (part.beside && part.widget.get_visible()) width += part.widget.get_allocated_width();
+    }
+    return width;
 }
 
 void SecondaryWindows::place(Gtk::Window& window, int index) {

@@ -27,6 +27,9 @@ public:
     /// Takes in a window or a strip of the main window under the name of its toggle action. The order counts:
     /// where the screen has no room, a window opens the lower the later it came in.
     void add(const char* action, Gtk::Widget& widget);
+    /// Takes in what stands beside the board in the main window: the window grows by its width when it is
+    /// shown, as far as the screen allows, and shrinks by it when it is hidden.
+    void add_beside(const char* action, Gtk::Widget& widget);
     /// The same for a window of which nobody else need know, since it shows by itself what it is told.
     void add(const char* action, std::unique_ptr<Gtk::Window> window);
 
@@ -49,8 +52,13 @@ private:
         const char* action;
         Gtk::Widget& widget;
         Gtk::Window* window;  ///< the widget, null for a strip
+        bool beside = false;  ///< a strip that stands beside the board and not below it
         bool placed = false;
     };
+
+    void set_strip(Part& part, bool on);
+    void widen(int pixels);
+    int width_beside() const;
 
     void place(Gtk::Window& window, int index);
     std::vector<ScreenBox> open_windows() const;
