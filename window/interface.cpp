@@ -48,7 +48,7 @@ Interface::Interface(std::string program_path, int board_size)
     : m_queue(classify),
       m_box(Gtk::ORIENTATION_VERTICAL),
       m_board(board_size),
-      m_board_with_clocks(m_clocks, m_board),
+      m_board_with_clocks(m_clocks, m_board, m_evaluation_bar),
       m_move_entry(m_navigation_bar),
       m_session([this] { return m_comment.text(); }),
       m_manager(*this, std::move(program_path)),
@@ -70,7 +70,7 @@ Interface::Interface(std::string program_path, int board_size)
       m_search(m_session, m_screen, m_engine, m_dispatcher, m_link,
                [this] { return m_manager.get_enginevariables(); }),
       m_activity(m_session, m_screen, m_engine, m_dispatcher),
-      m_panel(m_session, m_screen, m_navigation, m_search, m_board,
+      m_panel(m_session, m_screen, m_navigation, m_search, m_activity, m_board, m_evaluation_bar,
               [this] { m_actions.set_active("ShowSidePanel", true); }),
       m_windows(*this,
                 [this] {
@@ -127,7 +127,7 @@ void Interface::lay_out() {
         m_box.pack_start(*menu_bar, Gtk::PACK_SHRINK);
         add_accel_group(m_actions.accelerators());
     }
-    // Whatever the window grows by is the board's.
+    // What the window grows by is the board's.
     m_board_and_panel.pack1(m_board_with_clocks, true, false);
     m_board_and_panel.pack2(m_panel.widget(), false, false);
     m_box.pack_start(m_board_and_panel, Gtk::PACK_EXPAND_WIDGET);

@@ -105,10 +105,11 @@ private:
     unsigned m_ticks = 0;
 
     Gtk::Box m_box;
+    Gtk::Paned m_board_and_panel;
     ChessBoard m_board;
     Clocks m_clocks;
+    EvaluationBar m_evaluation_bar;
     BoardWithClocks m_board_with_clocks;
-    Gtk::Paned m_board_and_panel;
     NavigationBar m_navigation_bar;
     FenEntry m_fen_entry;
     MoveEntry m_move_entry;

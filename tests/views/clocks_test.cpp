@@ -76,7 +76,8 @@ TEST(BoardWithClocks, TheBarIsAsLongAsTheBoardAtEverySize) {
     Gtk::Window window;
     Clocks clocks;
     ChessBoard board(400);
-    BoardWithClocks both(clocks, board);
+    EvaluationBar evaluation;
+    BoardWithClocks both(clocks, board, evaluation);
     window.add(both);
     ASSERT_TRUE(gui::show_and_wait(window));
     const auto length_and_place = [&] {

@@ -5,6 +5,7 @@
 
 #include "views/board/chess_board.h"
 #include "views/clocks/clocks.h"
+#include "views/evaluation/evaluation_bar.h"
 
 namespace velmora {
 
@@ -17,7 +18,8 @@ namespace velmora {
 /// or give it to one child, while here bar and board must grow in proportion.
 class BoardWithClocks : public Gtk::Box {
 public:
-    BoardWithClocks(Clocks& clocks, ChessBoard& board);
+    /// @param evaluation  shown at the right edge of the board, as high as its squares, while it is visible
+    BoardWithClocks(Clocks& clocks, ChessBoard& board, EvaluationBar& evaluation);
 
 protected:
     /// A height for a width would have the toolkit ask in circles: the width of the bar follows from the
@@ -29,8 +31,11 @@ protected:
     bool on_draw(const Cairo::RefPtr<Cairo::Context>& cr) override;
 
 private:
+    int edge_width() const;
+
     Clocks& m_clocks;
     ChessBoard& m_board;
+    EvaluationBar& m_evaluation;
     Gtk::AspectFrame m_bar;
 };
 

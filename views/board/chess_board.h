@@ -47,6 +47,9 @@ public:
     /// The square whose piece is in the air, from the press on it to the release.
     std::optional<Square> picked_square() const { return m_board.picked_square(); }
 
+    /// Where the 64 squares stand, in the coordinates of an allocation.
+    Gtk::Allocation squares_allocation() const { return m_board.get_allocation(); }
+
     Drawing& drawing() { return m_board.drawing(); }
 
     /// Has a screen reader say a text, for instance the last move; it also stays as the description of the

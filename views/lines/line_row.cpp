@@ -67,6 +67,10 @@ LineRow::LineRow(std::size_t number, PositionOf position_of)
     m_moves.set_track_visited_links(false);
     m_moves.get_style_context()->add_class("engine-line");
     m_moves.get_style_context()->add_provider(style(), GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+    Pango::AttrList plain;
+    auto underline = Pango::Attribute::create_attr_underline(Pango::UNDERLINE_NONE);
+    plain.insert(underline);
+    m_moves.set_attributes(plain);
     m_moves.set_has_tooltip();
     m_moves.signal_query_tooltip().connect(
         [this](int /*x*/, int /*y*/, bool /*keyboard*/, const Glib::RefPtr<Gtk::Tooltip>& tooltip) {

@@ -30,6 +30,7 @@ SearchBlock::SearchBlock(PositionOf position_of)
     m_engine.set_attributes(bold);
     m_title.pack_start(m_engine, Gtk::PACK_EXPAND_WIDGET);
     const auto add_button = [this](Gtk::Button& button, const char* meaning, int change) {
+        button.set_relief(Gtk::RELIEF_NONE);
         button.set_tooltip_text(meaning);
         button.get_accessible()->set_name(meaning);
         button.signal_clicked().connect([this, change] { m_lines_wanted.emit(change); });

@@ -4,8 +4,9 @@ namespace velmora {
 
 namespace {
 
-constexpr int least_width = 300;  // pixels; with the board at its least size the two fit 1024 pixels
-constexpr int spacing = 6;        // pixels
+/// Pixels: a line of an engine to the tenth ply or so; with the board beside it the two fit 800 pixels.
+constexpr int panel_width = 380;
+constexpr int spacing = 6;  // pixels
 
 }  // namespace
 
@@ -38,9 +39,18 @@ void PanelSection::set_has_content(bool has) {
 
 SidePanel::SidePanel() : m_sections(Gtk::ORIENTATION_VERTICAL, spacing) {
     set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
-    set_size_request(least_width, -1);
     m_sections.set_border_width(spacing);
     add(m_sections);
+}
+
+/// Whatever the texts in it are: the panel shall not change its width with them.
+void SidePanel::get_preferred_width_vfunc(int& minimum, int& natural) const {
+    minimum = natural = panel_width;
+}
+
+void SidePanel::add_head(Gtk::Widget& head) {
+    m_sections.pack_start(head, Gtk::PACK_SHRINK);
+    m_sections.reorder_child(head, 0);
 }
 
 PanelSection& SidePanel::add_section(const std::string& title, Gtk::Widget& content, const std::string& hint,

@@ -34,10 +34,16 @@ class SidePanel : public Gtk::ScrolledWindow {
 public:
     SidePanel();
 
+    /// Adds what stands above the sections.
+    void add_head(Gtk::Widget& head);
+
     /// Adds a section at the lower end; it has no content yet. With `takes_rest` it grows with the window as
     /// long as it is unfolded.
     PanelSection& add_section(const std::string& title, Gtk::Widget& content, const std::string& hint,
                               bool takes_rest = false);
+
+protected:
+    void get_preferred_width_vfunc(int& minimum, int& natural) const override;
 
 private:
     Gtk::Box m_sections;

@@ -60,9 +60,11 @@ void SecondaryWindows::show(std::string_view action, bool on) {
 
 void SecondaryWindows::set_strip(Part& part, bool on) {
     if (on == part.widget.get_visible()) return;
+    const int asked = width_of(m_main);
     if (on) {
         part.widget.show_all();
-        if (part.beside) widen(width_of(part.widget));
+        // By what else there is at the board's edge, too.
+        if (part.beside) widen(width_of(m_main) - asked);
         m_refresh();
         return;
     }

@@ -5,20 +5,36 @@
 namespace velmora {
 
 AnalysisPanel::AnalysisPanel(GameSession& session, const WindowFrame& frame, Navigation& navigation,
-                             SearchDisplay& search, ChessBoard& board, std::function<void()> open)
+                             SearchDisplay& search, const Activity& activity, ChessBoard& board,
+                             EvaluationBar& bar, std::function<void()> open)
     : m_session(session),
       m_frame(frame),
       m_navigation(navigation),
       m_search(search),
+      m_activity(activity),
       m_board(board),
+      m_bar(bar),
       m_open(std::move(open)),
       m_lines([this](const LineMovePlace& place) {
           return m_search.position_behind_move(place.search, place.line, place.move);
       }),
-      m_lines_section(m_panel.add_section("Engine lines", m_lines, "Load an engine to see its lines.")) {
+      m_lines_section(m_panel.add_section("Engine lines", m_lines, "Load an engine to see its lines.")),
+      m_graph_section(m_panel.add_section("Evaluation", m_graph,
+                                          "Analyse the game, or load one with evaluations, to see who stood "
+                                          "better.")) {
     m_session.on_change([this](Changes changes) {
         if (changes.has(Change::game) && !m_session.record().is_empty()) m_loaded = true;
+        if (changes.has(Change::game)) m_evaluations.clear();
+        if (changes.has({Change::record, Change::comment, Change::position})) m_record_changed = true;
     });
+    m_panel.signal_show().connect([this] {
+        m_bar.show();
+        m_record_changed = true;
+    });
+    m_panel.signal_hide().connect([this] { m_bar.hide(); });
+    m_state_line.signal_accepted().connect([this] { m_navigation.resume_game(); });
+    m_graph.signal_chosen().connect([this](std::int32_t node) { m_navigation.to_node(node); });
+    m_panel.add_head(m_state_line);
     m_lines.signal_move_chosen().connect([this](const LineMovePlace& place) { play_line(place); });
     m_lines.signal_lines_wanted().connect([this](int change) { m_search.ask_for_lines(change); });
     m_lines.signal_uncovered().connect([this] { m_search.uncover(); });
@@ -26,12 +42,58 @@ AnalysisPanel::AnalysisPanel(GameSession& session, const WindowFrame& frame, Nav
 
 void AnalysisPanel::refresh() {
     open_where_it_helps();
-    if (!m_search.has_news()) return;
-    const auto searches = m_search.shown();
-    show_arrows();
-    if (!m_panel.get_visible()) return;
-    m_lines_section.set_has_content(!searches.empty());
-    m_lines.show_searches(searches);
+    const bool visible = m_panel.get_visible();
+    if (visible) show_activity();
+    if (m_search.has_news()) {
+        const auto searches = m_search.shown();
+        if (const auto evaluation = m_search.evaluation()) {
+            m_evaluations.note(m_session.record().tree(), m_search.node_of(0), *evaluation, m_search.depth());
+            m_record_changed = true;
+        }
+        show_arrows();
+        m_lines_section.set_has_content(!searches.empty());
+        if (visible) m_lines.show_searches(searches);
+    }
+    if (visible && std::exchange(m_record_changed, false)) {
+        show_graph();
+        show_evaluation();
+    }
+}
+
+void AnalysisPanel::show_activity() {
+    m_bar.set_flipped(m_board.is_flipped());
+    m_state_line.set_activity(m_activity.text());
+    m_state_line.set_last_move(m_activity.last_move());
+    m_state_line.offer(m_navigation.has_left_game() ? "Resume game" : "");
+}
+
+/// While an engine analyses, it speaks for the bar, else the game does.
+void AnalysisPanel::show_evaluation() {
+    auto evaluation = m_search.evaluation();
+    if (!evaluation) evaluation = m_evaluations.at(m_session.record().tree(), m_session.record().current());
+    if (m_frame.mode() == Mode::human_computer || !evaluation) return m_bar.set_evaluation(std::nullopt, "");
+    m_bar.set_evaluation(evaluation->expected_score(), evaluation->text());
+}
+
+void AnalysisPanel::show_graph() {
+    const auto line = m_evaluations.main_line(m_session.record().tree());
+    std::vector<GraphPoint> points;
+    bool some = false;
+    points.reserve(line.size());
+    for (const EvaluatedNode& node : line) {
+        GraphPoint point;
+        point.key = node.node;
+        point.label = node.move;
+        if (node.evaluation) {
+            point.expected = node.evaluation->expected_score();
+            point.label += ", " + node.evaluation->text();
+            some = true;
+        }
+        points.push_back(std::move(point));
+    }
+    m_graph_section.set_has_content(some && points.size() > 1);
+    m_graph.set_points(std::move(points));
+    m_graph.set_current(m_session.record().current());
 }
 
 /// The modes and records that are there to be looked at with an engine's eyes.

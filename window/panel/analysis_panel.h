@@ -2,9 +2,14 @@
 
 #include <functional>
 
+#include "analysis/game_evaluations.h"
 #include "views/board/chess_board.h"
+#include "views/evaluation/evaluation_bar.h"
+#include "views/evaluation/evaluation_graph.h"
 #include "views/lines/engine_lines_view.h"
 #include "views/panel/side_panel.h"
+#include "views/panel/state_line.h"
+#include "window/session/activity.h"
 #include "window/session/game_session.h"
 #include "window/session/mode.h"
 #include "window/session/navigation.h"
@@ -22,11 +27,12 @@ class AnalysisPanel {
 public:
     /// @param open  brings the panel onto the screen
     AnalysisPanel(GameSession& session, const WindowFrame& frame, Navigation& navigation,
-                  SearchDisplay& search, ChessBoard& board, std::function<void()> open);
+                  SearchDisplay& search, const Activity& activity, ChessBoard& board, EvaluationBar& bar,
+                  std::function<void()> open);
     AnalysisPanel(const AnalysisPanel&) = delete;  // the session knows where it is
     AnalysisPanel& operator=(const AnalysisPanel&) = delete;
 
-    Gtk::Widget& widget() { return m_panel; }
+    SidePanel& widget() { return m_panel; }
 
     /// Brings sections and arrows up to date.
     void refresh();
@@ -39,6 +45,9 @@ public:
 
 private:
     void open_where_it_helps();
+    void show_activity();
+    void show_evaluation();
+    void show_graph();
     void show_arrows();
     void play_line(const LineMovePlace& place);
 
@@ -46,15 +55,22 @@ private:
     const WindowFrame& m_frame;
     Navigation& m_navigation;
     SearchDisplay& m_search;
+    const Activity& m_activity;
     ChessBoard& m_board;
+    EvaluationBar& m_bar;
     const std::function<void()> m_open;
 
+    GameEvaluations m_evaluations;
+    StateLine m_state_line;
     EngineLinesView m_lines;
+    EvaluationGraph m_graph;
     SidePanel m_panel;
     PanelSection& m_lines_section;
+    PanelSection& m_graph_section;
 
     bool m_arrows = true;
     bool m_kept_closed = false;
+    bool m_record_changed = true;
     bool m_loaded = false;  // a record with moves has come since the last refresh()
     Mode m_mode = Mode::human_human;
 };
