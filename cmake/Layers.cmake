@@ -65,7 +65,7 @@ velmora_layer(tools BELOW manager)
 
 # What isn't part of the program. The tests of a folder see what the folder sees; tests/support serves them all.
 velmora_layer(tests/support TOOLKIT BELOW base channel chess)
-foreach(folder base chess channel openings game engine tournament manager views dialogs window)
+foreach(folder base chess channel openings game analysis engine tournament manager views dialogs window)
     velmora_layer(tests/${folder} TOOLKIT BELOW ${folder} tests/support)
 endforeach()
 velmora_layer(tests/tools BELOW tools tests/support)
