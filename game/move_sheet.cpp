@@ -49,11 +49,11 @@ private:
 
 void MoveSheetBuilder::build() {
     m_sheet.m_index.assign(static_cast<std::size_t>(m_tree.end_id()), MoveSheet::none);
+    m_lines.emplace_back();
     const auto& root = m_tree.node(0);
     add_comment(0, split_comment(root.comment).text);
     const auto first = root.child_at(0);
     const auto number = first > 0 ? m_tree.node(first).move_number : m_tree.start_move_number();
-    m_lines.emplace_back();
     enter(0, {m_tree.start_color(), std::max(number, 1)});
     while (!m_lines.empty()) {
         Line& line = m_lines.back();

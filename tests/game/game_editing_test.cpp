@@ -23,7 +23,7 @@ Game loaded(std::string_view text) {
 /// The moves as they are printed, in one line: where a line ends depends on the id of the first move.
 std::string movetext(Game& game) {
     auto text = game.pgn();
-    text = text.substr(text.find("") + 2);
+    text = text.substr(text.find("\n\n") + 2);
     std::replace(text.begin(), text.end(), '\n', ' ');
     return std::string(text::trim_blanks(text));
 }
