@@ -8,20 +8,20 @@ namespace velmora {
 namespace {
 
 constexpr auto symbols = std::to_array<MoveSymbol>({
-    {"$1", "!", "good move"},
-    {"$2", "?", "mistake"},
-    {"$3", "!!", "brilliant move"},
-    {"$4", "??", "blunder"},
-    {"$5", "!?", "interesting move"},
-    {"$6", "?!", "dubious move"},
-    {"$10", "=", "equal position"},
-    {"$13", "\u221E", "unclear position"},
-    {"$14", "\u2A72", "White is slightly better"},
-    {"$15", "\u2A71", "Black is slightly better"},
-    {"$16", "\u00B1", "White is better"},
-    {"$17", "\u2213", "Black is better"},
-    {"$18", "+\u2212", "White is winning"},
-    {"$19", "\u2212+", "Black is winning"},
+    {"$1", "!", "!", "good move"},
+    {"$2", "?", "?", "mistake"},
+    {"$3", "!!", "!!", "brilliant move"},
+    {"$4", "??", "??", "blunder"},
+    {"$5", "!?", "!?", "interesting move"},
+    {"$6", "?!", "?!", "dubious move"},
+    {"$10", "=", "=", "equal position"},
+    {"$13", "\u221E", "~", "unclear position"},
+    {"$14", "\u2A72", "+/=", "White is slightly better"},
+    {"$15", "\u2A71", "=/+", "Black is slightly better"},
+    {"$16", "\u00B1", "+/-", "White is better"},
+    {"$17", "\u2213", "-/+", "Black is better"},
+    {"$18", "+\u2212", "+-", "White is winning"},
+    {"$19", "\u2212+", "-+", "Black is winning"},
 });
 
 const MoveSymbol* find(std::string_view glyph) {

@@ -10,6 +10,7 @@ namespace velmora {
 struct MoveSymbol {
     std::string_view glyph;  ///< "$1"
     std::string_view sign;   ///< "!"
+    std::string_view plain;  ///< the same for a font without this sign
     std::string_view name;   ///< "good move"
 };
 

@@ -27,7 +27,7 @@ std::int32_t node_of(const Game& game, std::string_view san) {
 }
 
 constexpr const char* annotated =
-    "1. e4 $1 {[%clk 0:05:12][%eval 0.35] best by test} e5 (1... c5 $14 2. Nf3 (2. c3 d5) 2... Nc6) (1... "
+    "1. e4 $1 {[%clk 0:05:12][%eval 0.35] best by test} e5 (1... c5 $16 2. Nf3 (2. c3 d5) 2... Nc6) (1... "
     "e6) "
     "2. Nf3 Nc6 1-0";
 
@@ -77,11 +77,10 @@ protected:
         text().buffer_to_window_coords(Gtk::TEXT_WINDOW_TEXT, place.get_x() + 2, place.get_y() + 3, x, y);
         return {double(x), double(y)};
     }
-    Gtk::MenuItem* entry(const std::string& label) {
-        GList* menus = gtk_menu_get_for_attach_widget(GTK_WIDGET(text().gobj()));
-        auto* menu = menus ? Glib::wrap(GTK_MENU(menus->data)) : nullptr;
-        return menu ? find_entry(*menu, label) : nullptr;
+    Gtk::Menu& menu() {
+        return *Glib::wrap(GTK_MENU(gtk_menu_get_for_attach_widget(GTK_WIDGET(text().gobj()))->data));
     }
+    Gtk::MenuItem* entry(const std::string& label) { return find_entry(menu(), label); }
     static Gtk::MenuItem* find_entry(Gtk::Menu& menu, const std::string& label) {
         for (Gtk::Widget* child : menu.get_children()) {
             auto* item = dynamic_cast<Gtk::MenuItem*>(child);
@@ -106,13 +105,15 @@ TEST_F(MovesViewTest, SetsTheGameInColumnsOrAsRunningText) {
     view.set_sheet(MoveSheet(loaded(annotated).tree()));
     EXPECT_EQ(shown(view),
               "1.\te4! \u202F+0.35\u202F \u202F0:05:12\u202F\nbest by "
-              "test\n1.\t\u2026\te5\n1...\u00A0c5\u00A0\u2A72 "
-              "2.\u00A0Nf3\n2.\u00A0c3 d5\n2...\u00A0Nc6\n1...\u00A0e6\n2.\tNf3\tNc6\n1-0\n");
+              "test\n1.\t\u2026\te5\n1...\u00A0c5\u00A0\u00B1 "
+              "2.\u00A0Nf3\n2.\u00A0c3 d5\n2...\u00A0Nc6\n1...\u00A0e6\n2.\tNf3\tNc6\n1-\u2060"
+              "0\n");
     view.set_layout(MovesLayout::run_on);
     EXPECT_EQ(shown(view),
               "1.\u00A0e4! \u202F+0.35\u202F \u202F0:05:12\u202F best by test "
-              "1...\u00A0e5\n1...\u00A0c5\u00A0\u2A72 "
-              "2.\u00A0Nf3\n2.\u00A0c3 d5\n2...\u00A0Nc6\n1...\u00A0e6\n2.\u00A0Nf3 Nc6 1-0\n");
+              "1...\u00A0e5\n1...\u00A0c5\u00A0\u00B1 "
+              "2.\u00A0Nf3\n2.\u00A0c3 d5\n2...\u00A0Nc6\n1...\u00A0e6\n2.\u00A0Nf3 Nc6 1-\u2060"
+              "0\n");
 }
 
 /// Only rows that differ are replaced, and come out as if all had been set anew.
@@ -161,7 +162,7 @@ TEST_F(MovesViewTest, KeepsTheCurrentMoveMarkedAndInView) {
     EXPECT_TRUE(gui::pump_until([&] { return bar->get_value() > bar->get_page_size(); }));
     view.set_current(0);
     EXPECT_EQ(bold(), "");
-    EXPECT_TRUE(gui::pump_until([&] { return bar->get_value() == 0; }));
+    EXPECT_TRUE(gui::pump_until([&] { return bar->get_value() < 10; })) << "the margin may stay hidden";
 }
 
 TEST_F(MovesViewTest, MouseAndKeysSayWhatThePersonWants) {
@@ -213,11 +214,12 @@ TEST_F(MovesViewTest, TheMenuOffersWhatMeansSomething) {
         for (const char* label : {"Promote variation", "Make main line", "Delete variation",
                                   "Delete from here", "!  good move", "No symbol", "Comment..."}) {
             auto* found = entry(label);
-            names += !found ? '?' : found->is_sensitive() ? '+' : '-';
+            names += !found ? '?' : found->get_sensitive() ? '+' : '-';
         }
         return names;
     };
     const auto open = [this](const char* san, const Game& of) {
+        menu().popdown();
         view.set_current(san ? node_of(of, san) : 0);
         gui::press_key(text(), GDK_KEY_Menu);
     };
@@ -250,7 +252,7 @@ TEST_F(MovesViewTest, AScreenReaderFindsTheMovesByName) {
         return all;
     };
     EXPECT_THAT(names(), testing::Contains("1. e4, good move, +0.35, clock 0:05:12"));
-    EXPECT_THAT(names(), testing::Contains("1... c5, White is slightly better, variation"));
+    EXPECT_THAT(names(), testing::Contains("1... c5, White is better, variation"));
     EXPECT_EQ(names().back(), "1-0");
     AtkObject* second = atk_object_ref_accessible_child(object, 1);
     atk_action_do_action(ATK_ACTION(second), 0);

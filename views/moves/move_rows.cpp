@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "game/move_symbols.h"
 
 namespace velmora {
 
@@ -20,17 +19,21 @@ int characters(std::string_view text) {
         std::count_if(text.begin(), text.end(), [](char c) { return !is_continuation(c); }));
 }
 
-/// "Nf3!", but "Nf3 =": what says something of the position stands apart from the move.
-std::string with_symbol(const SheetItem& item) {
-    if (item.glyph.empty()) return item.text;
-    const std::string_view sign = sign_of(item.glyph);
-    const bool of_move = !sign.empty() && (sign.front() == '!' || sign.front() == '?');
-    return item.text + std::string(of_move ? "" : hard_blank) + std::string(sign);
+/// "O-O" and "1-0" stay in one line: a line may else end behind the stroke.
+std::string unbroken(std::string_view text) {
+    constexpr std::string_view joiner = "\u2060";
+    std::string result;
+    for (const char c : text) {
+        result += c;
+        if (c == '-') result += joiner;
+    }
+    return result;
 }
 
 class RowBuilder {
 public:
-    RowBuilder(const MoveSheet& sheet, MovesLayout layout) : m_sheet(sheet), m_layout(layout) {}
+    RowBuilder(const MoveSheet& sheet, MovesLayout layout, const SignOf& sign_of)
+        : m_sheet(sheet), m_layout(layout), m_sign_of(sign_of) {}
 
     MoveRows build() {
         for (m_item = 0; m_item < m_sheet.items().size(); ++m_item) add(m_sheet.items()[m_item]);
@@ -40,6 +43,7 @@ public:
 private:
     void add(const SheetItem& item);
     void add_move(const SheetItem& item);
+    std::string with_symbol(const SheetItem& item) const;
     void add_chip(const SheetItem& item);
     void add_comment(const SheetItem& item);
     bool in_columns(const SheetItem& item) const {
@@ -53,6 +57,7 @@ private:
 
     const MoveSheet& m_sheet;
     const MovesLayout m_layout;
+    const SignOf& m_sign_of;
     MoveRows m_result;
     std::size_t m_item = 0;
     bool m_row_ended = true;
@@ -110,13 +115,22 @@ void RowBuilder::add(const SheetItem& item) {
         case SheetItemKind::result:
             if (in_columns(item)) m_row_ended = true;
             running_row(item);
-            append_place(text::displayable(item.text));
+            append_place(unbroken(text::displayable(item.text)));
             break;
     }
 }
 
+/// "Nf3!", but "Nf3 =": what says something of the position stands apart from the move.
+std::string RowBuilder::with_symbol(const SheetItem& item) const {
+    std::string shown = unbroken(text::displayable(item.text));
+    if (item.glyph.empty()) return shown;
+    const std::string sign = m_sign_of(item.glyph);
+    const bool of_move = sign.starts_with('!') || sign.starts_with('?');
+    if (!of_move) shown += hard_blank;
+    return shown + unbroken(text::displayable(sign));
+}
+
 void RowBuilder::add_move(const SheetItem& item) {
-    const auto shown = text::displayable(with_symbol(item));
     if (!in_columns(item)) {
         running_row(item);
         if (item.numbered) append(item.number + std::string(hard_blank));
@@ -129,7 +143,7 @@ void RowBuilder::add_move(const SheetItem& item) {
         if (item.side == Side::black) append(std::string(ellipsis) + "\t");
         m_black_due = item.side == Side::white;
     }
-    append_place(shown);
+    append_place(with_symbol(item));
 }
 
 /// A chip stands behind its move, in the same row.
@@ -154,6 +168,8 @@ void RowBuilder::add_comment(const SheetItem& item) {
 
 }  // namespace
 
-MoveRows rows_of(const MoveSheet& sheet, MovesLayout layout) { return RowBuilder(sheet, layout).build(); }
+MoveRows rows_of(const MoveSheet& sheet, MovesLayout layout, const SignOf& sign_of) {
+    return RowBuilder(sheet, layout, sign_of).build();
+}
 
 }  // namespace velmora

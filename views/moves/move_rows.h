@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,6 +54,9 @@ struct MoveRows {
     std::vector<MovePlace> places;  // in the order of the text
 };
 
-MoveRows rows_of(const MoveSheet& sheet, MovesLayout layout);
+/// What is printed for a numeric glyph: "!" for "$1".
+using SignOf = std::function<std::string(const std::string& glyph)>;
+
+MoveRows rows_of(const MoveSheet& sheet, MovesLayout layout, const SignOf& sign_of);
 
 }  // namespace velmora

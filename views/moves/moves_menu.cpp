@@ -6,7 +6,7 @@
 
 namespace velmora {
 
-void MovesMenu::fill(const SheetItem* move) {
+void MovesMenu::fill(const SheetItem* move, const SignOf& sign_of) {
     for (Gtk::Widget* child : m_menu.get_children()) m_menu.remove(*child);
     const auto node = move ? move->node : 0;
     const bool varies = move && move->depth > 0;
@@ -15,7 +15,7 @@ void MovesMenu::fill(const SheetItem* move) {
     append("Delete _variation", {MoveAction::delete_variation, node, {}}, varies);
     append("_Delete from here", {MoveAction::delete_from_here, node, {}}, move != nullptr);
     m_menu.append(*Gtk::manage(new Gtk::SeparatorMenuItem));
-    append_symbols(move);
+    append_symbols(move, sign_of);
     append("_Comment...", {MoveAction::edit_comment, node, {}}, move != nullptr);
     m_menu.show_all();
 }
@@ -34,12 +34,13 @@ void MovesMenu::append(const Glib::ustring& label, MoveRequest request, bool sen
 }
 
 /// The one that the move has can't be chosen again.
-void MovesMenu::append_symbols(const SheetItem* move) {
+void MovesMenu::append_symbols(const SheetItem* move, const SignOf& sign_of) {
     auto& title = *Gtk::manage(new Gtk::MenuItem("_Symbol", true));
     auto& symbols = *Gtk::manage(new Gtk::Menu);
     for (const MoveSymbol& symbol : move_symbols()) {
-        const auto label = std::string(symbol.sign) + "  " + std::string(symbol.name);
-        new_entry(symbols, label, {MoveAction::set_symbol, move ? move->node : 0, std::string(symbol.glyph)},
+        const std::string glyph(symbol.glyph);
+        const auto label = sign_of(glyph) + "  " + std::string(symbol.name);
+        new_entry(symbols, label, {MoveAction::set_symbol, move ? move->node : 0, glyph},
                   move && move->glyph != symbol.glyph);
     }
     symbols.append(*Gtk::manage(new Gtk::SeparatorMenuItem));

@@ -6,6 +6,7 @@
 
 #include "game/move_sheet.h"
 #include "views/moves/move_request.h"
+#include "views/moves/move_rows.h"
 
 namespace velmora {
 
@@ -17,12 +18,12 @@ public:
     explicit MovesMenu(std::function<void(const MoveRequest&)> wish) : m_wish(std::move(wish)) {}
 
     /// Fills the menu for a move; for null, of which nothing can be asked, all is insensitive.
-    void fill(const SheetItem* move);
+    void fill(const SheetItem* move, const SignOf& sign_of);
     Gtk::Menu& menu() { return m_menu; }
 
 private:
     void append(const Glib::ustring& label, MoveRequest request, bool sensitive);
-    void append_symbols(const SheetItem* move);
+    void append_symbols(const SheetItem* move, const SignOf& sign_of);
     Gtk::MenuItem& new_entry(Gtk::Menu& menu, const Glib::ustring& label, MoveRequest request,
                              bool sensitive);
 

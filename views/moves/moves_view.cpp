@@ -5,6 +5,8 @@
 
 #include <gdk/gdkkeysyms.h>
 
+#include "game/move_symbols.h"
+
 namespace velmora {
 
 namespace {
@@ -34,6 +36,7 @@ MovesView::MovesView() {
     m_text.get_accessible()->set_description("Press a move to go there, Menu for what can be done to it");
     create_tags();
     color_tags();
+    find_signs();
     m_text.add_events(Gdk::BUTTON_PRESS_MASK | Gdk::SCROLL_MASK | Gdk::SMOOTH_SCROLL_MASK);
     m_text.signal_button_press_event().connect(sigc::mem_fun(*this, &MovesView::on_pressed), false);
     m_text.signal_key_press_event().connect(sigc::mem_fun(*this, &MovesView::on_key), false);
@@ -75,7 +78,24 @@ void MovesView::color_tags() {
 void MovesView::on_style_updated() {
     Gtk::ScrolledWindow::on_style_updated();
     color_tags();
+    find_signs();
     set_columns(m_text.get_allocated_width());
+}
+
+/// Some fonts lack some of the signs: a box with a number in it tells nobody anything.
+void MovesView::find_signs() {
+    const auto before = m_signs;
+    for (const MoveSymbol& symbol : move_symbols()) {
+        const auto layout = m_text.create_pango_layout(std::string(symbol.sign));
+        const bool is_known = layout->get_unknown_glyphs_count() == 0;
+        m_signs[std::string(symbol.glyph)] = is_known ? symbol.sign : symbol.plain;
+    }
+    if (m_signs != before) replace_rows(rows_of(m_sheet, m_layout, m_sign_of));
+}
+
+std::string MovesView::sign(const std::string& glyph) const {
+    const auto found = m_signs.find(glyph);
+    return found == m_signs.end() ? glyph : found->second;
 }
 
 /// The number's column is as wide as the widest number with a blank; the two sides share what is left.
@@ -96,14 +116,14 @@ void MovesView::set_columns(int width) {
 void MovesView::set_layout(MovesLayout layout) {
     if (layout == m_layout) return;
     m_layout = layout;
-    replace_rows(rows_of(m_sheet, m_layout));
+    replace_rows(rows_of(m_sheet, m_layout, m_sign_of));
 }
 
 // ---- What it shows
 
 void MovesView::set_sheet(MoveSheet sheet) {
     m_sheet = std::move(sheet);
-    replace_rows(rows_of(m_sheet, m_layout));
+    replace_rows(rows_of(m_sheet, m_layout, m_sign_of));
     m_text.moves_changed();
 }
 
@@ -259,7 +279,8 @@ bool MovesView::on_pressed(GdkEventButton* event) {
     const SheetItem* const item = place == MoveSheet::none ? nullptr : &item_at(place);
     m_text.grab_focus();
     if (gdk_event_triggers_context_menu(reinterpret_cast<GdkEvent*>(event))) {
-        m_menu.fill(!item ? current_move() : item->kind == SheetItemKind::move ? item : nullptr);
+        const bool is_move = item && item->kind == SheetItemKind::move;
+        m_menu.fill(!item ? current_move() : is_move ? item : nullptr, m_sign_of);
         m_menu.menu().popup_at_pointer(reinterpret_cast<GdkEvent*>(event));
         return true;
     }
@@ -267,7 +288,7 @@ bool MovesView::on_pressed(GdkEventButton* event) {
 }
 
 bool MovesView::on_menu_key() {
-    m_menu.fill(current_move());
+    m_menu.fill(current_move(), m_sign_of);
     const Gdk::Rectangle at =
         m_current_place == MoveSheet::none ? Gdk::Rectangle(margin, margin, 1, 1) : place(m_current_place);
     m_menu.menu().popup_at_rect(m_text.get_window(Gtk::TEXT_WINDOW_WIDGET), at, Gdk::GRAVITY_SOUTH_WEST,

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -59,6 +60,8 @@ private:
     bool is_current(std::size_t index) const override { return index == m_current_place; }
     void press(std::size_t index) override { m_move_chosen.emit(item_at(index).node); }
 
+    void find_signs();
+    std::string sign(const std::string& glyph) const;
     void create_tags();
     void color_tags();
     void set_columns(int width);
@@ -88,13 +91,15 @@ private:
     MovesLayout m_layout = MovesLayout::columns;
     std::int32_t m_current = 0;
     std::size_t m_current_place = MoveSheet::none;
-    std::pair<int, int> m_column_stops;  // of White and Black, in pixels behind the margin
-    double m_wheel = 0;                  // of a step that isn't whole yet
+    std::map<std::string, std::string> m_signs;  // by glyph, as the font can show them
+    std::pair<int, int> m_column_stops;          // of White and Black, in pixels behind the margin
+    double m_wheel = 0;                          // of a step that isn't whole yet
 
     MovesText m_text{*this};
     Glib::RefPtr<Gtk::TextBuffer> m_buffer = m_text.get_buffer();
     Glib::RefPtr<Gtk::TextTag> m_columns, m_main_text, m_comment, m_chip, m_current_tag;
     std::vector<Glib::RefPtr<Gtk::TextTag>> m_depths;  // by depth less 1; the last one serves all beyond
+    const SignOf m_sign_of = [this](const std::string& glyph) { return sign(glyph); };
     MovesMenu m_menu{[this](const MoveRequest& request) { m_request.emit(request); }};
 
     sigc::signal<void, std::int32_t> m_move_chosen;
