@@ -7,9 +7,6 @@
 
 namespace velmora {
 
-namespace {
-
-/// The index behind the annotation that begins at `at`, or the length of the comment.
 std::size_t end_of_annotation(std::string_view comment, std::size_t at) {
     bool quoted = false;
     for (; at < comment.size(); ++at) {
@@ -18,6 +15,8 @@ std::size_t end_of_annotation(std::string_view comment, std::size_t at) {
     }
     return at;
 }
+
+namespace {
 
 constexpr std::string_view annotation_begin = "[%";
 

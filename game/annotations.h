@@ -8,6 +8,10 @@
 
 namespace velmora {
 
+/// The index behind the annotation that begins at `at`, or the length of the comment. It ends at the first
+/// "]" that isn't within double quotes.
+std::size_t end_of_annotation(std::string_view comment, std::size_t at);
+
 /// A comment without its "[%...]" annotations, without line feeds, and without blanks, tabs and semicolons at
 /// its end. An annotation ends at the first "]" that isn't within double quotes.
 ///

@@ -11,12 +11,14 @@ namespace velmora {
 void Game::reset() {
     m_tags.reset();
     m_tree.reset();
+    m_editor.forget();
     stand_at_start();
 }
 
 void Game::parse_pgn(std::string_view text) {
     m_tags.reset();
     m_tree.reset();
+    m_editor.forget();
     m_section.reset();
     const auto tokens = m_tokenizer.tokenize(text);
     read_tags(tokens);

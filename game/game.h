@@ -14,6 +14,7 @@
 #include "game/game_tree.h"
 #include "game/move_section.h"
 #include "game/pgn_tokenizer.h"
+#include "game/tree_editor.h"
 
 namespace velmora {
 
@@ -105,6 +106,35 @@ public:
     /// std::logic_error when one of them can't be read.
     std::vector<Move> continuations() const;
 
+    /// Goes to a node of the tree, as far as the moves up to it can be made, and gives the FEN there. A
+    /// result stands at the position of its parent. REQUIRES: tree().has_node(id).
+    std::string go_to(std::int32_t id);
+
+    // The tree is changed beyond the current node. Each gives false where there is nothing to do. The game
+    // stays where it stands; when that node goes, it first goes to the one ahead of what is deleted.
+
+    /// Puts the innermost variation that a node is part of ahead of what it is an alternative to.
+    bool promote(std::int32_t id);
+    /// Makes a node part of the main line.
+    bool make_main_line(std::int32_t id);
+    /// Deletes a move and all that follows it, in variations too.
+    bool delete_from(std::int32_t id);
+    /// Deletes the innermost variation that a node is part of, whole.
+    bool delete_variation(std::int32_t id);
+    bool can_undo_edit() const { return m_editor.can_undo(); }
+    /// Takes back the last of these four, until another game is begun or loaded. When one stood in what comes
+    /// back, the game goes there again.
+    bool undo_edit();
+
+    /// Gives a move its symbol, a numeric glyph of the PGN standard (8.2.4) such as "$1", or takes it away
+    /// with an empty text.
+    bool set_symbol(std::int32_t id, std::string_view glyph);
+
+    /// Adds a line of moves from the current position, up to the first that isn't legal, and gives the node
+    /// that it leads to; the game stays where it stands. Moves that the tree has are found and not added
+    /// again. At the end of the game it goes on, as by add_move().
+    std::int32_t add_line(std::span<const Move> moves);
+
     /// The whole game as PGN: tags, an empty line, the moves, an empty line.
     std::string pgn();
     /// The tags as PGN and an empty line.
@@ -134,12 +164,14 @@ private:
     bool step_forward();
     std::vector<std::int32_t> line_to(std::int32_t id) const;
     void replay(const std::vector<std::int32_t>& line);
+    bool remove(std::int32_t id);
     /// Bytes of pgn() ahead of the movetext.
     std::uint64_t movetext_begin() const { return m_tags.printed_size() + 1; }
 
     GameTags m_tags;
     GameTree m_tree;
     std::int32_t m_current = 0;
+    TreeEditor m_editor;
     MoveSection m_section;     // of the last load, kept for its memory
     PgnTokenizer m_tokenizer;  // likewise
 };

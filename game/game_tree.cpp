@@ -67,11 +67,17 @@ std::int32_t GameTree::add_child(std::int32_t parent, const MoveSectionElement& 
         added.move_number = m_start_move_number;
     }
     above.children.push_back(id);
-    while (end_id() <= id) m_nodes.append().type = ElementType::end_variation;
-    m_nodes[static_cast<std::size_t>(id)] = std::move(added);
+    put(std::move(added));
     ++m_next_id;
     skip_used_ids();
     return id;
+}
+
+/// At its id, which is free.
+void GameTree::put(MoveSectionElement element) {
+    const auto id = element.id;
+    while (end_id() <= id) m_nodes.append().type = ElementType::end_variation;
+    m_nodes[static_cast<std::size_t>(id)] = std::move(element);
 }
 
 void GameTree::remove_leaf(std::int32_t id) {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "game/element_list.h"
 #include "game/move_section_element.h"
@@ -9,6 +12,16 @@
 namespace velmora {
 
 class MoveSection;
+
+/// A node with all below it, out of its tree.
+struct CutBranch {
+    std::int32_t parent = 0;                ///< whose child the first node was
+    std::size_t place = 0;                  ///< among the parent's children
+    std::vector<MoveSectionElement> nodes;  ///< parents ahead of children, children in their order
+};
+
+/// Ids that had to change, old and new. An old one may be that of another node by now.
+using RenamedNodes = std::vector<std::pair<std::int32_t, std::int32_t>>;
 
 /// The moves, variations, comments and results of a game: nodes by id, related by ids alone.
 ///
@@ -38,6 +51,32 @@ public:
     /// Takes a node without children out; its id is the next to be given. REQUIRES: has_node(id), id != 0.
     void remove_leaf(std::int32_t id);
 
+    /// Takes a node out with all below it. REQUIRES: has_node(id), id != 0.
+    CutBranch cut(std::int32_t id);
+
+    /// Puts a branch back under its parent, at its place or behind the last child. Nodes keep their ids as
+    /// far as these are free. REQUIRES: has_node(branch.parent).
+    RenamedNodes paste(CutBranch branch);
+
+    /// Makes a node with all below it a child of `parent`, at `place` among its children or behind the last
+    /// one. Colours and numbers stay. REQUIRES: both are there, and `parent` isn't below the node.
+    void move_node(std::int32_t id, std::int32_t parent, std::size_t place);
+
+    /// Numbers and colours a first move of the game and all that follows, as of the game's start.
+    ///
+    /// A loaded alternative to the first move counts as Black's (see rebuild()), which doesn't fit the main
+    /// line.
+    void count_from_start(std::int32_t id);
+
+    /// The place of a node among its parent's children. REQUIRES: has_node(id), id != 0.
+    std::size_t place_of(std::int32_t id) const;
+    /// The last node of the line that begins at a node and goes on with the first child of each.
+    std::int32_t end_of_line(std::int32_t id) const;
+    /// The first node of the innermost variation that a node is part of; 0 for the main line.
+    std::int32_t variation_of(std::int32_t id) const;
+    /// Whether a node is `ancestor` or below it.
+    bool is_within(std::int32_t id, std::int32_t ancestor) const;
+
     bool has_node(std::int32_t id) const;
     /// Throws std::out_of_range for an absent id.
     MoveSectionElement& node(std::int32_t id);
@@ -65,6 +104,7 @@ public:
     std::uint64_t text_offset() const { return m_text_offset; }
 
 private:
+    void put(MoveSectionElement element);
     void skip_used_ids();
 
     ElementList m_nodes;  // by id; a marker, or what follows a hole, is an empty place

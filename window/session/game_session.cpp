@@ -221,6 +221,23 @@ void GameSession::step(const Step& step) {
     arrive();
 }
 
+bool GameSession::edit(const Edit& edit) {
+    store_comment();
+    const auto node = m_record.current();
+    const auto& stood = m_record.tree().node(node);
+    // A result is at the position of the move ahead of it: from the one to the other is no step.
+    const auto shown = stood.type == ElementType::end_game ? stood.pid : node;
+    if (!edit(m_record)) return false;
+    if (m_record.current() == shown || m_record.current() == node) {
+        tell({Change::comment, Change::record});
+    } else {
+        follow_record();
+        tag_opening(m_record, m_openings, position().key());
+        tell(other_node);
+    }
+    return true;
+}
+
 void GameSession::select(std::optional<Square> square) {
     m_selected = square;
     tell({Change::selection});

@@ -118,6 +118,11 @@ public:
     /// Goes elsewhere in the record. Passes on what the step throws at a move that can't be played, after a
     /// notice if it has come to another node.
     void step(const Step& step);
+    /// Changes the record's tree; false when there was nothing to change.
+    using Edit = std::function<bool(Game&)>;
+    /// Changes the record, with one notice when it has changed: of the position, too, when the record stands
+    /// at another node since. Castling rights that the set-up took off stay off unless it does.
+    bool edit(const Edit& edit);
     void select(std::optional<Square> square);
     /// The person has finished with the comment box.
     void apply_comment();
