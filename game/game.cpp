@@ -76,23 +76,6 @@ void Game::add_move(const Move& move) {
     step_to(id, *legal);
 }
 
-/// Who stands at a result comes back to the move ahead of it, since the line may take the result's place.
-std::optional<std::int32_t> Game::add_line(std::int32_t id, std::span<const Move> moves) {
-    leave_end_game();
-    const auto stood = m_current;
-    go_to(id);
-    std::optional<std::int32_t> last;
-    if (m_current == id) {
-        for (const Move& move : moves) {
-            if (!find_legal(*this, move)) break;
-            add_move(move);
-        }
-        last = m_current;
-    }
-    go_to(stood);
-    return last;
-}
-
 std::int32_t Game::child_of(std::int32_t id, std::string_view san) const {
     for (const auto child : m_tree.node(id).children) {
         if (m_tree.node(child).san == san) return child;

@@ -67,11 +67,6 @@ public:
     /// equal moves.
     void add_move(const Move& move);
 
-    /// Adds a line of moves that begins behind a node, as add_move() adds each of them, without leaving the
-    /// current node; gives the last node. Nothing, and the game as it was, when the node can't be reached;
-    /// the line ends ahead of the first move that isn't legal.
-    std::optional<std::int32_t> add_line(std::int32_t id, std::span<const Move> moves);
-
     /// Notes a result at the current node, which the marker then is. A second one for the same position
     /// replaces the first.
     void add_end_game(std::string_view text);
@@ -139,10 +134,6 @@ public:
     std::string pgn();
     /// The tags as PGN and an empty line.
     std::string tags_text() const { return m_tags.print() + "\n"; }
-
-    /// Goes to a node, as far as the moves up to it can be made, and gives the FEN there. An absent node is
-    /// nowhere: the game stays.
-    std::string go_to(std::int32_t id);
 
     /// Begin and end of the current node's text in what pgn() gave last, in bytes.
     std::pair<std::uint64_t, std::uint64_t> current_text_range() const;

@@ -121,11 +121,6 @@ std::string Game::goto_text_offset(std::uint64_t offset) {
     return fen();
 }
 
-std::string Game::go_to(std::int32_t id) {
-    if (m_tree.has_node(id)) replay(line_to(id));
-    return fen();
-}
-
 /// The ids from the root's child down to a node.
 std::vector<std::int32_t> Game::line_to(std::int32_t id) const {
     std::vector<std::int32_t> line;

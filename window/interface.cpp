@@ -70,8 +70,10 @@ Interface::Interface(std::string program_path, int board_size)
       m_search(m_session, m_screen, m_engine, m_dispatcher, m_link,
                [this] { return m_manager.get_enginevariables(); }),
       m_activity(m_session, m_screen, m_engine, m_dispatcher),
-      m_panel(m_session, m_screen, m_navigation, m_search, m_activity, m_board, m_evaluation_bar,
-              [this] { m_actions.set_active("ShowSidePanel", true); }),
+      m_panel(
+          m_session, m_screen, m_navigation, m_search, m_activity, m_board, m_evaluation_bar,
+          [this] { m_actions.set_active("ShowSidePanel", true); },
+          [this] { m_actions.set_active("ShowCommentEditor", true); }),
       m_windows(*this,
                 [this] {
                     m_session.tell({Change::record, Change::position});

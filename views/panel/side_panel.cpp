@@ -23,7 +23,7 @@ PanelSection::PanelSection(const std::string& title, Gtk::Widget& content, const
     m_box.set_border_width(4);
     m_box.pack_start(m_hint, Gtk::PACK_SHRINK);
     m_box.pack_start(m_content, Gtk::PACK_EXPAND_WIDGET);
-    m_content.show();
+    m_content.show_all();
     m_content.set_no_show_all();
     m_hint.set_no_show_all();
     m_box.show();
@@ -59,6 +59,7 @@ PanelSection& SidePanel::add_section(const std::string& title, Gtk::Widget& cont
     PanelSection& section = *m_owned.back();
     m_sections.pack_start(section, takes_rest ? Gtk::PACK_EXPAND_WIDGET : Gtk::PACK_SHRINK);
     if (takes_rest) {
+        section.get_child()->set_vexpand();
         // A folded section shall not keep the height.
         section.property_expanded().signal_changed().connect(
             [this, &section] { m_sections.child_property_expand(section) = section.get_expanded(); });

@@ -6,7 +6,8 @@ namespace velmora {
 
 AnalysisPanel::AnalysisPanel(GameSession& session, const WindowFrame& frame, Navigation& navigation,
                              SearchDisplay& search, const Activity& activity, ChessBoard& board,
-                             EvaluationBar& bar, std::function<void()> open)
+                             EvaluationBar& bar, std::function<void()> open,
+                             std::function<void()> edit_comment)
     : m_session(session),
       m_frame(frame),
       m_navigation(navigation),
@@ -15,10 +16,14 @@ AnalysisPanel::AnalysisPanel(GameSession& session, const WindowFrame& frame, Nav
       m_board(board),
       m_bar(bar),
       m_open(std::move(open)),
+      m_edit_comment(std::move(edit_comment)),
+      m_editor(session),
       m_lines([this](const LineMovePlace& place) {
           return m_search.position_behind_move(place.search, place.line, place.move);
       }),
       m_lines_section(m_panel.add_section("Engine lines", m_lines, "Load an engine to see its lines.")),
+      m_moves_section(
+          m_panel.add_section("Moves", m_moves, "Play a move or load a game to see it here.", true)),
       m_graph_section(m_panel.add_section("Evaluation", m_graph,
                                           "Analyse the game, or load one with evaluations, to see who stood "
                                           "better.")) {
@@ -33,7 +38,11 @@ AnalysisPanel::AnalysisPanel(GameSession& session, const WindowFrame& frame, Nav
     });
     m_panel.signal_hide().connect([this] { m_bar.hide(); });
     m_state_line.signal_accepted().connect([this] { m_navigation.resume_game(); });
-    m_graph.signal_chosen().connect([this](std::int32_t node) { m_navigation.to_node(node); });
+    m_graph.signal_chosen().connect([this](std::int32_t node) { go_to(node); });
+    m_moves.signal_move_chosen().connect([this](std::int32_t node) { go_to(node); });
+    m_moves.signal_request().connect([this](const MoveRequest& request) { carry_out(request); });
+    m_moves.signal_step().connect(
+        [this](int step) { step > 0 ? m_navigation.forward() : m_navigation.back(); });
     m_panel.add_head(m_state_line);
     m_lines.signal_move_chosen().connect([this](const LineMovePlace& place) { play_line(place); });
     m_lines.signal_lines_wanted().connect([this](int change) { m_search.ask_for_lines(change); });
@@ -55,6 +64,7 @@ void AnalysisPanel::refresh() {
         if (visible) m_lines.show_searches(searches);
     }
     if (visible && std::exchange(m_record_changed, false)) {
+        show_moves();
         show_graph();
         show_evaluation();
     }
@@ -73,6 +83,49 @@ void AnalysisPanel::show_evaluation() {
     if (!evaluation) evaluation = m_evaluations.at(m_session.record().tree(), m_session.record().current());
     if (m_frame.mode() == Mode::human_computer || !evaluation) return m_bar.set_evaluation(std::nullopt, "");
     m_bar.set_evaluation(evaluation->expected_score(), evaluation->text());
+}
+
+void AnalysisPanel::show_moves() {
+    const Game& record = m_session.record();
+    m_moves_section.set_has_content(!record.is_empty());
+    m_moves.set_sheet(MoveSheet(record.tree()));
+    m_moves.set_current(record.current());
+}
+
+/// The game of a match isn't the person's to step through.
+void AnalysisPanel::go_to(std::int32_t node) {
+    if (!m_session.seats().only_looks_on()) m_navigation.to_node(node);
+}
+
+void AnalysisPanel::carry_out(const MoveRequest& request) {
+    if (m_session.seats().only_looks_on()) return;
+    const auto node = m_session.record().current();
+    switch (request.action) {
+        case MoveAction::promote:
+            m_editor.promote(request.node);
+            break;
+        case MoveAction::make_main_line:
+            m_editor.make_main_line(request.node);
+            break;
+        case MoveAction::delete_variation:
+            m_editor.delete_variation(request.node);
+            break;
+        case MoveAction::delete_from_here:
+            m_editor.delete_from(request.node);
+            break;
+        case MoveAction::set_symbol:
+            m_editor.set_symbol(request.node, request.glyph);
+            break;
+        case MoveAction::undo:
+            m_editor.undo();
+            break;
+        case MoveAction::edit_comment:
+            go_to(request.node);
+            m_edit_comment();
+            break;
+    }
+    // Where the board's own position went, the referee follows.
+    if (m_session.record().current() != node) m_navigation.to_node(m_session.record().current());
 }
 
 void AnalysisPanel::show_graph() {
@@ -125,7 +178,7 @@ void AnalysisPanel::show_arrows() {
 void AnalysisPanel::play_line(const LineMovePlace& place) {
     const auto moves = m_search.moves_up_to(place.search, place.line, place.move);
     if (moves.empty() || m_frame.mode() == Mode::tournament) return;
-    const auto node = m_session.add_line(m_search.node_of(place.search), moves);
+    const auto node = m_editor.add_line(m_search.node_of(place.search), moves);
     if (node && m_frame.mode() != Mode::human_computer) m_navigation.to_node(*node);
 }
 

@@ -7,12 +7,14 @@
 #include "views/evaluation/evaluation_bar.h"
 #include "views/evaluation/evaluation_graph.h"
 #include "views/lines/engine_lines_view.h"
+#include "views/moves/moves_view.h"
 #include "views/panel/side_panel.h"
 #include "views/panel/state_line.h"
 #include "window/session/activity.h"
 #include "window/session/game_session.h"
 #include "window/session/mode.h"
 #include "window/session/navigation.h"
+#include "window/session/record_editor.h"
 #include "window/session/search_display.h"
 #include "window/session/window_frame.h"
 
@@ -25,10 +27,11 @@ namespace velmora {
 /// second and only while somebody can see it.
 class AnalysisPanel {
 public:
-    /// @param open  brings the panel onto the screen
+    /// @param open          brings the panel onto the screen
+    /// @param edit_comment  brings the box of the comment onto the screen
     AnalysisPanel(GameSession& session, const WindowFrame& frame, Navigation& navigation,
                   SearchDisplay& search, const Activity& activity, ChessBoard& board, EvaluationBar& bar,
-                  std::function<void()> open);
+                  std::function<void()> open, std::function<void()> edit_comment);
     AnalysisPanel(const AnalysisPanel&) = delete;  // the session knows where it is
     AnalysisPanel& operator=(const AnalysisPanel&) = delete;
 
@@ -47,7 +50,10 @@ private:
     void open_where_it_helps();
     void show_activity();
     void show_evaluation();
+    void show_moves();
     void show_graph();
+    void carry_out(const MoveRequest& request);
+    void go_to(std::int32_t node);
     void show_arrows();
     void play_line(const LineMovePlace& place);
 
@@ -59,13 +65,17 @@ private:
     ChessBoard& m_board;
     EvaluationBar& m_bar;
     const std::function<void()> m_open;
+    const std::function<void()> m_edit_comment;
 
+    RecordEditor m_editor;
     GameEvaluations m_evaluations;
     StateLine m_state_line;
     EngineLinesView m_lines;
+    MovesView m_moves;
     EvaluationGraph m_graph;
     SidePanel m_panel;
     PanelSection& m_lines_section;
+    PanelSection& m_moves_section;
     PanelSection& m_graph_section;
 
     bool m_arrows = true;

@@ -142,13 +142,6 @@ void GameSession::play_for_engine(const Move& move) {
     tell(other_node_by_clock);
 }
 
-std::optional<std::int32_t> GameSession::add_line(std::int32_t node, std::span<const Move> moves) {
-    store_comment();
-    const auto last = m_record.add_line(node, moves);
-    tell({Change::comment, Change::record});
-    return last;
-}
-
 void GameSession::note_search(Side side, std::string_view line) { annotate(m_annotations[side], line, side); }
 
 void GameSession::attach(Side side) {

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -93,9 +92,6 @@ public:
     /// Plays a legal move of an engine, whose side it takes and whose words become the comment.
     /// The clocks run on: an engine's move is a move of the game whatever the person was looking at.
     void play_for_engine(const Move& move);
-    /// Adds a line of moves behind a node of the record without leaving the current one; gives the node of
-    /// the last move, nothing when there is no such place.
-    std::optional<std::int32_t> add_line(std::int32_t node, std::span<const Move> moves);
     /// Notes search output, without its first word, for the comment of the engine's next move.
     void note_search(Side side, std::string_view line);
     /// What was noted for this side becomes the current comment, unless it is nothing.

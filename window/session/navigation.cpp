@@ -30,7 +30,7 @@ void Navigation::to_end() {
 }
 
 void Navigation::to_node(std::int32_t id) {
-    go([id](Game& game) { return game.go_to(id); });
+    if (m_session.record().tree().has_node(id)) go([id](Game& game) { return game.go_to(id); });
 }
 
 void Navigation::resume_game() {

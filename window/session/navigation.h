@@ -29,7 +29,7 @@ public:
     void forward();
     void to_end();
 
-    /// Goes to a node of the record.
+    /// Goes to a node of the record; one that isn't there is nowhere.
     void to_node(std::int32_t id);
 
     /// Whether a game against the engine was left by looking at its earlier moves, and can be gone on with.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -26,9 +27,9 @@ public:
     bool delete_variation(std::int32_t id);
     bool undo();
     bool set_symbol(std::int32_t id, std::string_view glyph);
-    /// Adds moves from the position shown, as a variation where others follow, and stays there. Gives the
-    /// node that they lead to.
-    std::int32_t add_line(std::span<const Move> moves);
+    /// Adds a line that begins behind a node, as a variation where other moves follow, and leaves the board
+    /// as it is. Gives the node of the last move; nothing where there is no such place or no such line.
+    std::optional<std::int32_t> add_line(std::int32_t node, std::span<const Move> moves);
 
 private:
     GameSession& m_session;

@@ -48,8 +48,8 @@ public:
     /// The searches as they are shown: none without an engine.
     std::vector<ShownSearch> shown();
 
-    /// What the engine that analyses thinks of the position on the board, and after how many plies; nothing in
-    /// any other mode.
+    /// What the engine that analyses thinks of the position on the board, and after how many plies; nothing
+    /// in any other mode.
     std::optional<Evaluation> evaluation() const;
     std::int32_t depth() const { return m_searches[0].lines.figures().depth.value_or(0); }
     /// The first moves of the lines while an engine analyses; none in any other mode.
