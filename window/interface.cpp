@@ -148,6 +148,7 @@ void Interface::connect_views() {
         m_user_moves.on_board(from, to);
     });
     m_board.signal_piece_picked().connect([this] { m_user_moves.on_piece_picked(m_board.picked_square()); });
+    m_board.signal_wheel().connect([this](int steps) { m_navigation.move_by(steps); });
     m_pgn.signal_clicked().connect([this](int offset) {
         if (offset >= 0) m_navigation.to_text_offset(static_cast<std::size_t>(offset));
     });

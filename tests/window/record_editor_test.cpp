@@ -75,8 +75,9 @@ TEST_F(RecordEditorTest, ALineOfAnEngineBecomesAVariation) {
     const std::string fen = session.position().fen();
     const auto& board = session.position();
     const std::vector<Move> line = {board.convert_to_move("f1c4"), board.convert_to_move("g8f6")};
-    const auto reached = editor.add_line(line);
-    EXPECT_EQ(editor.add_line(line), reached);
+    const auto node = session.record().current();
+    const auto reached = editor.add_line(node, line).value();
+    EXPECT_EQ(editor.add_line(node, line), reached);
     EXPECT_EQ(session.record().tree().node(reached).san, "Nf6");
     EXPECT_EQ(session.position().fen(), fen);
     EXPECT_EQ(told.substr(0, 1), "r");

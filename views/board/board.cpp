@@ -5,7 +5,8 @@
 namespace velmora {
 
 Board::Board(int size) : m_drawing(size) {
-    add_events(Gdk::BUTTON_PRESS_MASK | Gdk::BUTTON_RELEASE_MASK | Gdk::POINTER_MOTION_MASK);
+    add_events(Gdk::BUTTON_PRESS_MASK | Gdk::BUTTON_RELEASE_MASK | Gdk::POINTER_MOTION_MASK |
+               Gdk::SCROLL_MASK | Gdk::SMOOTH_SCROLL_MASK);
     add(m_drawing);
     m_drawing.signal_square_pressed().connect([this](Square square) {
         report_move({converted(square), converted(square)});
@@ -64,6 +65,11 @@ bool Board::on_button_release_event(GdkEventButton* event) {
 
 bool Board::on_motion_notify_event(GdkEventMotion* event) {
     m_drawing.drag_to(event->x, event->y);
+    return true;
+}
+
+bool Board::on_scroll_event(GdkEventScroll* event) {
+    if (const int steps = m_wheel.take(*event)) m_wheel_turned.emit(steps);
     return true;
 }
 

@@ -8,6 +8,7 @@
 
 #include "views/board/drawing.h"
 #include "views/board/shown_position.h"
+#include "views/input/wheel_steps.h"
 
 namespace velmora {
 
@@ -56,7 +57,11 @@ public:
     /// The button was pressed on a piece; picked_square() tells the square.
     sigc::signal<void>& signal_piece_picked() { return m_piece_picked; }
 
+    /// The wheel was turned by so many steps, towards the hand positive.
+    sigc::signal<void, int>& signal_wheel() { return m_wheel_turned; }
+
 protected:
+    bool on_scroll_event(GdkEventScroll* event) override;
     bool on_button_press_event(GdkEventButton* event) override;
     bool on_button_release_event(GdkEventButton* event) override;
     bool on_motion_notify_event(GdkEventMotion* event) override;
@@ -69,6 +74,8 @@ private:
 
     sigc::signal<void> m_move_made;
     sigc::signal<void> m_piece_picked;
+    sigc::signal<void, int> m_wheel_turned;
+    WheelSteps m_wheel;
     bool m_flipped = false;
     Drawing m_drawing;
     std::pair<Square, Square> m_move{Square(0), Square(0)};  // shown squares

@@ -62,6 +62,9 @@ public:
     /// A piece has been pressed on; picked_square() tells which.
     sigc::signal<void>& signal_piece_picked() { return m_board.signal_piece_picked(); }
 
+    /// The wheel was turned over the board by so many steps, towards the hand positive.
+    sigc::signal<void, int>& signal_wheel() { return m_board.signal_wheel(); }
+
 protected:
     bool on_draw(const Cairo::RefPtr<Cairo::Context>& cr) override;
     void on_style_updated() override;

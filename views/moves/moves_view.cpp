@@ -320,15 +320,10 @@ bool MovesView::on_key(GdkEventKey* event) {
 
 /// A touchpad tells parts of a step, which are put together.
 bool MovesView::on_wheel(GdkEventScroll* event) {
+    // With a modifier it scrolls.
     if ((event->state & gtk_accelerator_get_default_mod_mask()) != 0) return false;
-    double change = 0;
-    if (event->direction == GDK_SCROLL_UP) change = -1;
-    if (event->direction == GDK_SCROLL_DOWN) change = 1;
-    if (event->direction == GDK_SCROLL_SMOOTH) change = event->delta_y;
-    m_wheel += change;
-    for (; m_wheel >= 1; m_wheel -= 1) m_step.emit(1);
-    for (; m_wheel <= -1; m_wheel += 1) m_step.emit(-1);
-    return change != 0;
+    if (const int steps = m_wheel.take(*event)) m_step.emit(steps);
+    return true;
 }
 
 }  // namespace velmora

@@ -11,6 +11,7 @@
 #include <gtkmm/texttag.h>
 
 #include "game/move_sheet.h"
+#include "views/input/wheel_steps.h"
 #include "views/moves/move_request.h"
 #include "views/moves/move_rows.h"
 #include "views/moves/moves_menu.h"
@@ -47,7 +48,7 @@ public:
     sigc::signal<void, std::int32_t>& signal_move_chosen() { return m_move_chosen; }
     /// Something is to be done to the game.
     sigc::signal<void, const MoveRequest&>& signal_request() { return m_request; }
-    /// The wheel: 1 a move on, -1 a move back.
+    /// The wheel: so many moves on, or back where it is negative.
     sigc::signal<void, int>& signal_step() { return m_step; }
 
 protected:
@@ -93,7 +94,7 @@ private:
     std::size_t m_current_place = MoveSheet::none;
     std::map<std::string, std::string> m_signs;  // by glyph, as the font can show them
     std::pair<int, int> m_column_stops;          // of White and Black, in pixels behind the margin
-    double m_wheel = 0;                          // of a step that isn't whole yet
+    WheelSteps m_wheel;
 
     MovesText m_text{*this};
     Glib::RefPtr<Gtk::TextBuffer> m_buffer = m_text.get_buffer();

@@ -30,8 +30,12 @@ void SecondaryWindows::add(const char* action, Gtk::Widget& widget) {
     auto* const window = dynamic_cast<Gtk::Window*>(&widget);
     m_parts.push_back({.action = action, .widget = widget, .window = window});
     if (!window) return;
-    window->set_transient_for(m_main);
-    window->set_type_hint(Gdk::WINDOW_TYPE_HINT_UTILITY);
+    window->signal_configure_event().connect_notify([this, window](GdkEventConfigure* /*event*/) {
+        const auto part = std::ranges::find(m_parts, window, &Part::window);
+        int x = 0, y = 0;
+        window->get_position(x, y);
+        part->position = {x, y};
+    });
 }
 
 void SecondaryWindows::add(const char* action, std::unique_ptr<Gtk::Window> window) {
@@ -48,9 +52,7 @@ void SecondaryWindows::show(std::string_view action, bool on) {
     if (found == m_parts.end()) throw std::logic_error("no window has the action " + std::string(action));
     if (!found->window) return set_strip(*found, on);
     if (on) {
-        // Where the person puts it later, it stays.
-        if (!found->placed) place(*found->window, static_cast<int>(found - m_parts.begin()));
-        found->placed = true;
+        place(*found);
         found->widget.show_all();
         m_refresh();
     } else {
@@ -97,9 +99,9 @@ int SecondaryWindows::width_beside() const {
     return width;
 }
 
-void SecondaryWindows::place(Gtk::Window& window, int index) {
-    // Where the screen has no room below the others, open windows shall at least not hide each other's title.
-    constexpr int step = 90;
+void SecondaryWindows::place(Part& part) {
+    Gtk::Window& window = *part.window;
+    if (part.position) return window.move(part.position->first, part.position->second);
     const auto main_frame = m_main.get_window();
     if (!main_frame) return;
     const auto monitor = main_frame->get_display()->get_monitor_at_window(main_frame);
@@ -108,11 +110,10 @@ void SecondaryWindows::place(Gtk::Window& window, int index) {
     monitor->get_workarea(area);
     const ScreenBox screen{area.get_x(), area.get_y(), area.get_width(), area.get_height()};
     const ScreenBox main = frame_of(main_frame);
-    ScreenBox wanted{0, 0, 0, 0};
+    ScreenBox wanted;
     window.get_default_size(wanted.width, wanted.height);
-    const int title_height = main.height - m_main.get_height();
-    wanted.y = top_below(open_windows(), main.y, wanted.height + title_height, screen, main.y + step * index);
-    const ScreenBox placed = place_beside(main, wanted, screen);
+    wanted.height += main.height - m_main.get_height();  // the frame's title
+    const ScreenBox placed = free_place(main, open_windows(), wanted, screen);
     window.move(placed.x, placed.y);
 }
 

@@ -2,7 +2,9 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <gtkmm/window.h>
@@ -24,8 +26,7 @@ public:
     SecondaryWindows(Gtk::Window& main, std::function<void()> refresh)
         : m_main(main), m_refresh(std::move(refresh)) {}
 
-    /// Takes in a window or a strip of the main window under the name of its toggle action. The order counts:
-    /// where the screen has no room, a window opens the lower the later it came in.
+    /// Takes in a window or a strip of the main window under the name of its toggle action.
     void add(const char* action, Gtk::Widget& widget);
     /// Takes in what stands beside the board in the main window: the window grows by its width when it is
     /// shown, as far as the screen allows, and shrinks by it when it is hidden.
@@ -53,14 +54,14 @@ private:
         Gtk::Widget& widget;
         Gtk::Window* window;  ///< the widget, null for a strip
         bool beside = false;  ///< a strip that stands beside the board and not below it
-        bool placed = false;
+        std::optional<std::pair<int, int>> position = {};  ///< of the window as it was last seen
     };
 
     void set_strip(Part& part, bool on);
     void widen(int pixels);
     int width_beside() const;
 
-    void place(Gtk::Window& window, int index);
+    void place(Part& part);
     std::vector<ScreenBox> open_windows() const;
 
     Gtk::Window& m_main;

@@ -1,30 +1,71 @@
 #include "window/menu/window_placement.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 
 namespace velmora {
 
-ScreenBox place_beside(const ScreenBox& first, const ScreenBox& second, const ScreenBox& screen) {
-    ScreenBox placed = second;
-    const int right_end = screen.x + screen.width;
-    const int room_right = right_end - (first.x + first.width);
-    const int room_left = first.x - screen.x;
-    if (room_right >= second.width) {
-        placed.x = first.x + first.width;
-    } else if (room_left >= second.width) {
-        placed.x = first.x - second.width;
-    } else {
-        placed.x = room_right >= room_left ? std::max(screen.x, right_end - second.width) : screen.x;
-    }
-    const int lowest = screen.y + screen.height - second.height;
-    placed.y = std::max(screen.y, std::min(second.y, lowest));
-    return placed;
+namespace {
+
+constexpr int title_height = 30;  // pixels, about
+
+std::int64_t common_area(const ScreenBox& a, const ScreenBox& b) {
+    const int width = std::min(a.x + a.width, b.x + b.width) - std::max(a.x, b.x);
+    const int height = std::min(a.y + a.height, b.y + b.height) - std::max(a.y, b.y);
+    return width <= 0 || height <= 0 ? 0 : std::int64_t{width} * height;
 }
 
-int top_below(const std::vector<ScreenBox>& open, int top, int height, const ScreenBox& screen,
-              int otherwise) {
-    for (const ScreenBox& box : open) top = std::max(top, box.y + box.height);
-    return top + height <= screen.y + screen.height ? top : otherwise;
+bool covers_title(const ScreenBox& upper, const ScreenBox& lower) {
+    return common_area(upper, {lower.x, lower.y, lower.width, title_height}) > 0;
+}
+
+/// What a place costs: pixels that are covered, those of the main window tenfold.
+std::int64_t cost(const ScreenBox& place, const ScreenBox& main, const std::vector<ScreenBox>& others) {
+    constexpr std::int64_t title = std::int64_t{1} << 40;
+    std::int64_t sum = 10 * common_area(place, main);
+    for (const ScreenBox& other : others) {
+        sum += common_area(place, other) + (covers_title(place, other) ? title : 0);
+    }
+    return sum;
+}
+
+/// As far on the screen as it fits; one that is too large begins at the upper left.
+ScreenBox on_screen(ScreenBox box, const ScreenBox& screen) {
+    box.x = std::max(screen.x, std::min(box.x, screen.x + screen.width - box.width));
+    box.y = std::max(screen.y, std::min(box.y, screen.y + screen.height - box.height));
+    return box;
+}
+
+}  // namespace
+
+ScreenBox free_place(const ScreenBox& main, const std::vector<ScreenBox>& others, const ScreenBox& wanted,
+                     const ScreenBox& screen) {
+    // Free space begins at the edge of a window or of the screen.
+    std::vector<int> lefts = {main.x + main.width, main.x - wanted.width};
+    std::vector<int> tops = {main.y};
+    for (const ScreenBox& other : others) {
+        lefts.push_back(other.x + other.width);
+        lefts.push_back(other.x - wanted.width);
+        tops.push_back(other.y + other.height);
+        tops.push_back(other.y + title_height);
+    }
+    lefts.push_back(screen.x + screen.width - wanted.width);
+    lefts.push_back(screen.x);
+    tops.push_back(screen.y);
+    std::ranges::sort(tops.begin() + 1, tops.end());
+    ScreenBox best = wanted;
+    std::int64_t least = std::numeric_limits<std::int64_t>::max();
+    for (const int left : lefts) {
+        for (const int top : tops) {
+            const ScreenBox place = on_screen({left, top, wanted.width, wanted.height}, screen);
+            const std::int64_t covered = cost(place, main, others);
+            if (covered >= least) continue;
+            least = covered;
+            best = place;
+        }
+    }
+    return best;
 }
 
 }  // namespace velmora

@@ -13,14 +13,11 @@ struct ScreenBox {
     bool operator==(const ScreenBox&) const = default;
 };
 
-/// Where a second window goes so that it covers the first one as little as the screen allows: to its right,
-/// to its left, or else at the edge on the wider side. Its height above the bottom of the screen is kept.
+/// Where a further window goes: into free space beside the main one, on its right if there is room, else on
+/// its left, from the main window's top downwards, over none of the `others`. Where the screen has no such
+/// place, it covers as little as it can, of the main window above all, and no window's title.
 /// Arithmetic alone: what a window manager makes of the place is its own affair.
-ScreenBox place_beside(const ScreenBox& first, const ScreenBox& second, const ScreenBox& screen);
-
-/// The y at which a window of that height stands below all open ones, from `top` downwards; `otherwise` when
-/// the screen ends before.
-int top_below(const std::vector<ScreenBox>& open, int top, int height, const ScreenBox& screen,
-              int otherwise);
+ScreenBox free_place(const ScreenBox& main, const std::vector<ScreenBox>& others, const ScreenBox& wanted,
+                     const ScreenBox& screen);
 
 }  // namespace velmora

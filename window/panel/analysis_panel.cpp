@@ -41,8 +41,7 @@ AnalysisPanel::AnalysisPanel(GameSession& session, const WindowFrame& frame, Nav
     m_graph.signal_chosen().connect([this](std::int32_t node) { go_to(node); });
     m_moves.signal_move_chosen().connect([this](std::int32_t node) { go_to(node); });
     m_moves.signal_request().connect([this](const MoveRequest& request) { carry_out(request); });
-    m_moves.signal_step().connect(
-        [this](int step) { step > 0 ? m_navigation.forward() : m_navigation.back(); });
+    m_moves.signal_step().connect([this](int steps) { m_navigation.move_by(steps); });
     m_panel.add_head(m_state_line);
     m_lines.signal_move_chosen().connect([this](const LineMovePlace& place) { play_line(place); });
     m_lines.signal_lines_wanted().connect([this](int change) { m_search.ask_for_lines(change); });

@@ -29,6 +29,11 @@ void Navigation::to_end() {
     press([](Game& game) { return game.to_end(); });
 }
 
+void Navigation::move_by(int steps) {
+    for (; steps > 0 && m_session.can_go_forward(); --steps) forward();
+    for (; steps < 0 && m_session.can_go_back(); ++steps) back();
+}
+
 void Navigation::to_node(std::int32_t id) {
     if (m_session.record().tree().has_node(id)) go([id](Game& game) { return game.go_to(id); });
 }

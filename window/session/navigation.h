@@ -29,6 +29,8 @@ public:
     void forward();
     void to_end();
 
+    /// So many moves forward, or back where it is negative.
+    void move_by(int steps);
     /// Goes to a node of the record; one that isn't there is nowhere.
     void to_node(std::int32_t id);
 

@@ -8,7 +8,6 @@
 #include <glibmm/miscutils.h>
 #include <gtkmm/entry.h>
 #include <gtkmm/filechooserdialog.h>
-#include <gtkmm/label.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -69,22 +68,12 @@ TEST_F(InterfaceTest, TheMenus) {
     }
     EXPECT_EQ(shown, R"(
 _File:|New game--|Load game|Save game--|Load position|Load next position|Load previous position|Save position--|Polyglot book--|Quit
-View:|Flip View|Show Engine Output|Show PGN|Show Comment Editor|Show EPD Code|Show FEN
+View:|Flip View|Show Engine Output|Show PGN|Show Comment Editor|Show EPD Code|Show FEN--|Show Side Panel|Show Best Move
 Mode:|Setup|Human - human|Human - computer|Analysis|Learn Opening|Tournament--|Start thinking
 Tournament:|New / Edit|Load
 Engine:|Load engine...|Install engine...|Load installed engine...
 Options:|Time Control...|Engine...|Ponder|Debug
 Info:|About...)");
-}
-
-/// The referee tells milliseconds, the clocks count hundredths.
-TEST_F(InterfaceTest, TheClockShowsWhatTheRefereeTells) {
-    m_window->put_command("btime 61000");
-    EXPECT_TRUE(gui::pump_until([&] {
-        return gui::find_widget<Gtk::Label>(*m_window, [](Gtk::Label& label) {
-                   return label.get_text().find("1:1") != Glib::ustring::npos;
-               }) != nullptr;
-    }));
 }
 
 TEST_F(InterfaceTest, TheWindows) {
