@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <ranges>
 
 namespace velmora {
 
@@ -78,11 +77,11 @@ std::optional<std::int32_t> TreeEditor::undo(GameTree& tree) {
     }
     const Change change = std::move(m_history.back());
     m_history.pop_back();
-    for (const auto& moved : std::views::reverse(change.moved)) {
-        if (!tree.has_node(moved.id) || !tree.has_node(moved.from)) continue;
-        const auto& node = tree.node(moved.id);
-        if (node.pid == moved.to && node.type == moved.type)
-            tree.move_node(moved.id, moved.from, moved.place);
+    for (auto moved = change.moved.rbegin(); moved != change.moved.rend(); ++moved) {
+        if (!tree.has_node(moved->id) || !tree.has_node(moved->from)) continue;
+        const auto& node = tree.node(moved->id);
+        const bool is_there = node.pid == moved->to && node.type == moved->type;
+        if (is_there) tree.move_node(moved->id, moved->from, moved->place);
     }
     return change.stood;
 }

@@ -183,9 +183,7 @@ void MovesView::tag_rows(std::size_t begin, std::size_t end) {
 }
 
 const Glib::RefPtr<Gtk::TextTag>& MovesView::tag_of(const MoveRow& row) const {
-    const auto level = [this](int depth) {
-        return static_cast<std::size_t>(std::min(depth, deepest_shown)) - 1;
-    };
+    const auto level = [](int depth) { return static_cast<std::size_t>(std::min(depth, deepest_shown)) - 1; };
     switch (row.style) {
         case RowStyle::columns:
             return m_columns;
