@@ -1,6 +1,7 @@
 // GameTree: branches are cut, put back, moved and counted anew.
 
 #include <algorithm>
+#include <utility>
 
 #include "game/game_tree.h"
 #include "game/move_numbers.h"
@@ -32,8 +33,7 @@ CutBranch GameTree::cut(std::int32_t id) {
     std::erase(node(branch.parent).children, id);
     for (const auto gone : ids_of_branch(*this, id)) {
         auto& element = node(gone);
-        branch.nodes.push_back(std::move(element));
-        element.reset();
+        branch.nodes.push_back(std::exchange(element, {}));
         element.type = ElementType::end_variation;
     }
     return branch;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <ranges>
 
 namespace velmora {
 
@@ -76,13 +75,14 @@ std::optional<std::int32_t> TreeEditor::undo(GameTree& tree) {
         m_history.back().cut.reset();
         rename(tree.paste(std::move(branch)));
     }
-    const Change change = std::move(m_history.back());
+    Change change = std::move(m_history.back());
     m_history.pop_back();
-    for (const auto& moved : std::views::reverse(change.moved)) {
+    for (; !change.moved.empty(); change.moved.pop_back()) {
+        const MovedNode& moved = change.moved.back();
         if (!tree.has_node(moved.id) || !tree.has_node(moved.from)) continue;
         const auto& node = tree.node(moved.id);
-        if (node.pid == moved.to && node.type == moved.type)
-            tree.move_node(moved.id, moved.from, moved.place);
+        const bool is_there = node.pid == moved.to && node.type == moved.type;
+        if (is_there) tree.move_node(moved.id, moved.from, moved.place);
     }
     return change.stood;
 }

@@ -174,7 +174,7 @@ TEST_F(MovesViewTest, MouseAndKeysSayWhatThePersonWants) {
     gui::click(area, point_of("0:05:12"));
     gui::click(area, point_of("best by"));  // belongs to nobody
     view.set_current(node_of(game, "c5"));
-    for (const unsigned key : {GDK_KEY_Up, GDK_KEY_Down, GDK_KEY_Delete}) gui::press_key(text(), key);
+    for (const int key : {GDK_KEY_Up, GDK_KEY_Down, GDK_KEY_Delete}) gui::press_key(text(), unsigned(key));
     gui::press_key(text(), GDK_KEY_z, Gdk::CONTROL_MASK);
     view.set_current(node_of(game, "Nc6"));
     gui::press_key(text(), GDK_KEY_Down);  // there is no other

@@ -138,6 +138,7 @@ Gtk::TextIter MovesView::iter_at(std::size_t row, int character) const {
 }
 
 void MovesView::replace_rows(MoveRows rows) {
+    unmark();
     const auto& before = m_rows.rows;
     const auto& after = rows.rows;
     const auto shorter = std::min(before.size(), after.size());
@@ -182,9 +183,7 @@ void MovesView::tag_rows(std::size_t begin, std::size_t end) {
 }
 
 const Glib::RefPtr<Gtk::TextTag>& MovesView::tag_of(const MoveRow& row) const {
-    const auto level = [this](int depth) {
-        return static_cast<std::size_t>(std::min(depth, deepest_shown)) - 1;
-    };
+    const auto level = [](int depth) { return static_cast<std::size_t>(std::min(depth, deepest_shown)) - 1; };
     switch (row.style) {
         case RowStyle::columns:
             return m_columns;
@@ -198,8 +197,16 @@ const Glib::RefPtr<Gtk::TextTag>& MovesView::tag_of(const MoveRow& row) const {
     return m_main_text;
 }
 
+/// From the marked move alone: what a tag is taken off is laid out anew, wherever the tag was.
+void MovesView::unmark() {
+    if (m_marked.first == m_marked.second) return;
+    m_buffer->remove_tag(m_current_tag, m_buffer->get_iter_at_offset(m_marked.first),
+                         m_buffer->get_iter_at_offset(m_marked.second));
+    m_marked = {};
+}
+
 void MovesView::mark_current() {
-    m_buffer->remove_tag(m_current_tag, m_buffer->begin(), m_buffer->end());
+    unmark();
     const auto item = m_sheet.index_of(m_current);
     const auto& places = m_rows.places;
     const auto found =
@@ -207,9 +214,12 @@ void MovesView::mark_current() {
                          [](const auto& place, std::size_t wanted) { return place.item < wanted; });
     const bool is_there = item != MoveSheet::none && found != places.end() && found->item == item;
     m_current_place = is_there ? static_cast<std::size_t>(found - places.begin()) : MoveSheet::none;
-    if (is_there)
-        m_buffer->apply_tag(m_current_tag, iter_at(found->row, found->begin),
-                            iter_at(found->row, found->end));
+    if (is_there) {
+        const int begin = m_row_begin[found->row];
+        m_marked = {begin + found->begin, begin + found->end};
+        m_buffer->apply_tag(m_current_tag, m_buffer->get_iter_at_offset(m_marked.first),
+                            m_buffer->get_iter_at_offset(m_marked.second));
+    }
     m_text.current_changed(m_current_place);
 }
 

@@ -70,6 +70,7 @@ private:
     void insert_rows(std::size_t begin, std::size_t end);
     void tag_rows(std::size_t begin, std::size_t end);
     const Glib::RefPtr<Gtk::TextTag>& tag_of(const MoveRow& row) const;
+    void unmark();
     void mark_current();
     void scroll_to_current();
 
@@ -92,6 +93,7 @@ private:
     MovesLayout m_layout = MovesLayout::columns;
     std::int32_t m_current = 0;
     std::size_t m_current_place = MoveSheet::none;
+    std::pair<int, int> m_marked;                // characters of the text that carry the mark
     std::map<std::string, std::string> m_signs;  // by glyph, as the font can show them
     std::pair<int, int> m_column_stops;          // of White and Black, in pixels behind the margin
     WheelSteps m_wheel;
