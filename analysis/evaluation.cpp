@@ -32,7 +32,7 @@ std::string centipawn_text(std::int32_t centipawns) {
 
 std::optional<Evaluation> parse_mate(std::string_view digits, bool negative) {
     const auto moves = text::strict_integer<std::int32_t>(digits);
-    if (!moves) return std::nullopt;
+    if (!moves || (negative && *moves < 0)) return std::nullopt;
     const bool black = negative != (*moves < 0);
     Evaluation result = mate(std::max(*moves, -largest));
     result.kind = black ? Evaluation::Kind::black_mates : Evaluation::Kind::white_mates;
@@ -77,6 +77,7 @@ std::optional<Evaluation> parse_evaluation(std::string_view text) {
     if (text.starts_with("-#")) return parse_mate(text.substr(2), true);
     if (text.starts_with("+#")) return parse_mate(text.substr(2), false);
     const bool plus = text.starts_with('+');
+    if (plus && text.substr(1).find_first_of("+-") != std::string_view::npos) return std::nullopt;
     text::WordReader reader(plus ? text.substr(1) : text);
     const auto pawns = reader.real();
     if (!pawns || !reader.rest().empty() || !std::isfinite(*pawns)) return std::nullopt;

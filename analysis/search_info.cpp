@@ -42,8 +42,13 @@ void read_score(WordReader& reader, Side side, SearchInfo& info) {
 
 void read_moves(WordReader& reader, SearchInfo& info) {
     info.moves.clear();
-    for (auto word = reader.word(); !word.empty() && info.moves.size() < most_moves; word = reader.word()) {
-        info.moves.emplace_back(word);
+    while (true) {
+        WordReader ahead = reader;
+        const auto word = ahead.word();
+        // The moves are the last that UCI has a line say, but not every engine keeps to it.
+        if (word.empty() || is_uci_word(word)) return;
+        if (info.moves.size() < most_moves) info.moves.emplace_back(word);
+        reader = ahead;
     }
 }
 
@@ -110,8 +115,15 @@ std::optional<SearchInfo> read_thinking(std::string_view text, Side side) {
     const auto speed = number("nps");
     if (!centipawns || !hundredths || !nodes || !speed) return std::nullopt;
     score = std::clamp<std::int64_t>(*centipawns, -1'000'000, 1'000'000);
+    bool in_remark = false;  // "(best so far)"
     for (auto word = reader.word(); !word.empty() && info.moves.size() < most_moves; word = reader.word()) {
-        if (is_uci_word(word)) return std::nullopt;
+        if (is_uci_word(word) && !in_remark) return std::nullopt;
+        in_remark = in_remark || word.front() == '(';
+        const bool ends_remark = in_remark && word.back() == ')';
+        if (in_remark) {
+            in_remark = !ends_remark;
+            continue;
+        }
         if (const auto move = bare_move(word); !move.empty()) info.moves.emplace_back(move);
     }
     if (info.moves.empty()) return std::nullopt;

@@ -16,11 +16,17 @@ void SearchLines::take(SearchInfo info) {
     renew(m_figures.time, info.time);
     renew(m_figures.hash, info.hash);
     renew(m_figures.tablebase_hits, info.tablebase_hits);
-    if (info.moves.empty()) return;
     const auto place =
         std::lower_bound(m_lines.begin(), m_lines.end(), info.line,
                          [](const SearchInfo& one, std::int32_t line) { return one.line < line; });
-    if (place != m_lines.end() && place->line == info.line) {
+    const bool known = place != m_lines.end() && place->line == info.line;
+    if (info.moves.empty()) {
+        // Some engines tell the score apart from the moves.
+        if (known) renew(place->score, info.score);
+        return;
+    }
+    if (known) {
+        if (!info.score) info.score = place->score;
         *place = std::move(info);
     } else {
         m_lines.insert(place, std::move(info));

@@ -111,7 +111,7 @@ struct SetRound {
 struct MatchProgress {
     int game = 0;       ///< of the schedule, from 1
     int games = 0;      ///< in the schedule
-    std::string score;  ///< of two participants, that of the first one first; empty among more
+    std::string score;  ///< of two participants, that of the first one first; "-" among more
     static constexpr auto form = line("match_progress", number(&MatchProgress::game),
                                       number(&MatchProgress::games), trimmed_rest(&MatchProgress::score));
 };

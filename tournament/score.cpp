@@ -27,7 +27,7 @@ std::string points_text(int halves) {
 
 std::string score_of_two(const std::vector<TournamentParticipant>& participants,
                          const std::vector<TournamentGame>& games) {
-    if (participants.size() != 2) return {};
+    if (participants.size() != 2) return "-";
     std::array<int, 2> halves{};
     for (const TournamentGame& game : games) {
         const HalfPoints points = half_points(game.result);

@@ -8,7 +8,7 @@
 namespace velmora {
 
 /// The score of two participants against each other, that of the first one first: "1.5 - 0.5". Games without
-/// a result count for nobody. Empty for any other number of participants, where two numbers would say
+/// a result count for nobody. "-" for any other number of participants, where two numbers would say
 /// nothing.
 std::string score_of_two(const std::vector<TournamentParticipant>& participants,
                          const std::vector<TournamentGame>& games);

@@ -55,6 +55,8 @@ TEST(Evaluation, IsReadFromComments) {
         {"[%eval 1", ""},
         {"[%eval #]", ""},
         {"[%eval 1e999]", ""},
+        {"[%eval +-3]", ""},
+        {"[%eval -#-3]", ""},
         {"[%eval 1 2]", ""},
         {"eval 1", ""},
     };
@@ -86,11 +88,12 @@ TEST(SearchInfo, ReadsBothForms) {
         {" depth 12 currmove e2e4 currmovenumber 1", "12/- 1 - - - -"},
         {" string depth 99 score cp 3", "-/- 1 - - - -"},
         {" depth x nodes 99999999999999999999 wdl 1 2 3 pv e2e4", "-/- 1 - - - - e2e4"},
+        {" pv e2e4 depth 9", "9/- 1 - - - - e2e4"},
         {" multipv -7 pv e2e4", "-/- 1 - - - - e2e4"},
         // What the driver makes of xboard engines: hundredths of a second, moves of all kinds behind it.
         {" depth 6 score cp 15 time 10 nodes 9000 nps 90000  e2e4 e7e5",
          "6/- 1 +0.15 9000 90000 100 e2e4 e7e5"},
-        {" depth 6 score cp -100003 time 10 nodes 9 nps 90 1. Nf3 Nf6 2...d5!? <HT> (book)",
+        {" depth 6 score cp -100003 time 10 nodes 9 nps 90 1. Nf3 Nf6 2...d5!? <HT> (best so far)",
          "6/- 1 -#3 9 90 100 Nf3 Nf6 d5"},
         {" depth 6 score cp 100000 time 1 nodes 9 nps 90 Qh7#", "6/- 1 #1 9 90 10 Qh7#"},
         {" depth 6 score cp 15 time 10 nodes 9000 nps 90000 tbhits 5", "6/- 1 +0.15 9000 90000 10"},
@@ -100,14 +103,15 @@ TEST(SearchInfo, ReadsBothForms) {
 
 TEST(SearchLines, KeepTheNewestOfEachLineInOrder) {
     SearchLines lines;
-    for (const char* line :
-         {" depth 8 multipv 2 score cp 5 nodes 10 pv d2d4", " depth 8 multipv 1 score cp 9 pv e2e4",
-          " depth 9 seldepth 12 nodes 99 nps 5", " depth 9 multipv 2 score cp 7 pv g1f3"}) {
+    for (const char* line : {" depth 8 multipv 2 score cp 5 nodes 10 pv d2d4",
+                             " depth 8 multipv 1 score cp 9 pv e2e4", " depth 9 seldepth 12 nodes 99 nps 5",
+                             " depth 9 multipv 2 score cp 7 pv g1f3", " depth 9 multipv 2 score cp 4"}) {
         lines.take(read_search_info(line, Side::white));
     }
     ASSERT_EQ(lines.lines().size(), 2U);
     EXPECT_EQ(lines.lines()[0].moves, std::vector<std::string>{"e2e4"});
     EXPECT_EQ(lines.lines()[1].moves, std::vector<std::string>{"g1f3"});
+    EXPECT_EQ(lines.lines()[1].score->text(), "+0.04");
     EXPECT_EQ(lines.evaluation()->text(), "+0.09");
     EXPECT_EQ(summary(lines.figures()), "9/12 1 - 99 5 -");
     lines.clear();

@@ -85,7 +85,7 @@ TEST(Vocabulary, OfTheReferee) {
                         {"shout"},
                         {"new"},
                         {"site here"},
-                        {"match_progress 3 4 1.5 - 0.5"}, {"match_progress 3 40"}, {"round 3.2"},
+                        {"match_progress 3 4 1.5 - 0.5"}, {"match_progress 3 40 -"}, {"round 3.2"},
                         {"level sessions 40 5 2"},
                         {"WhiteElo 2600"},
                         {"BlackElo 1"},

@@ -90,13 +90,15 @@ bool EvaluationGraph::on_motion_notify_event(GdkEventMotion* event) {
 
 bool EvaluationGraph::on_key_press_event(GdkEventKey* event) {
     if (m_points.empty()) return false;
-    const std::size_t last = m_points.size() - 1, index = current_index().value_or(0);
+    const std::size_t last = m_points.size() - 1;
+    const auto current = current_index();
+    const std::size_t index = current.value_or(0);
     switch (event->keyval) {
         case GDK_KEY_Left:
             choose(index > 0 ? index - 1 : 0);
             return true;
         case GDK_KEY_Right:
-            choose(std::min(index + 1, last));
+            choose(current ? std::min(index + 1, last) : 0);
             return true;
         case GDK_KEY_Home:
             choose(0);
@@ -123,8 +125,12 @@ void EvaluationGraph::draw_area(const Cairo::RefPtr<Cairo::Context>& cr) const {
         if (!m_points[first].expected) continue;
         std::size_t end = first;
         cr->move_to(x_of(first), bottom);
+        // A long game has several positions a pixel: of these one is enough.
+        double drawn = -1;
         for (; end < m_points.size() && m_points[end].expected; ++end) {
-            cr->line_to(x_of(end), y_of(*m_points[end].expected));
+            if (x_of(end) < drawn + 1) continue;
+            drawn = x_of(end);
+            cr->line_to(drawn, y_of(*m_points[end].expected));
         }
         if (end == first + 1) cr->line_to(x_of(first) + 1.5, y_of(*m_points[first].expected));
         cr->line_to(std::max(x_of(end - 1), x_of(first) + 1.5), bottom);

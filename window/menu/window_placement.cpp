@@ -43,7 +43,7 @@ ScreenBox free_place(const ScreenBox& main, const std::vector<ScreenBox>& others
                      const ScreenBox& screen) {
     // Free space begins at the edge of a window or of the screen.
     std::vector<int> lefts = {main.x + main.width, main.x - wanted.width};
-    std::vector<int> tops = {main.y};
+    std::vector<int> tops = {main.y, main.y + main.height};
     for (const ScreenBox& other : others) {
         lefts.push_back(other.x + other.width);
         lefts.push_back(other.x - wanted.width);
@@ -52,6 +52,7 @@ ScreenBox free_place(const ScreenBox& main, const std::vector<ScreenBox>& others
     }
     lefts.push_back(screen.x + screen.width - wanted.width);
     lefts.push_back(screen.x);
+    lefts.push_back(main.x);
     tops.push_back(screen.y);
     std::ranges::sort(tops.begin() + 1, tops.end());
     ScreenBox best = wanted;

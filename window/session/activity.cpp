@@ -44,7 +44,7 @@ std::string Activity::match() const {
     if (!m_progress) return "Tournament";
     const std::string game =
         "Game " + std::to_string(m_progress->game) + " of " + std::to_string(m_progress->games);
-    return m_progress->score.empty() ? game : game + ": " + m_progress->score;
+    return m_progress->score == "-" ? game : game + ": " + m_progress->score;
 }
 
 std::string Activity::last_move() const {
