@@ -3,15 +3,19 @@
 // run in the root of the sources.
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <cairomm/context.h>
 #include <cairomm/surface.h>
 #include <gtkmm/main.h>
+#include <gtkmm/offscreenwindow.h>
 
 #include <benchmark/benchmark.h>
 
 #include "views/board/board_painter.h"
 #include "views/board/shown_position.h"
+#include "views/evaluation/evaluation_graph.h"
 #include "views/text/pgn_view.h"
 
 namespace velmora {
@@ -67,6 +71,29 @@ void redraw_drag(benchmark::State& state) {
     }
 }
 BENCHMARK(redraw_drag)->Unit(benchmark::kMicrosecond);
+
+/// The graph of a game of 300 moves, at the width of a side panel. Argument: device pixels a pixel.
+void redraw_graph(benchmark::State& state) {
+    struct Shown : EvaluationGraph {
+        using EvaluationGraph::on_draw;
+    } graph;
+    std::vector<GraphPoint> points(600);
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        points[i] = {.key = int(i),
+                     .expected = double(i * 37 % 100) / 100,
+                     .label = "",
+                     .mark = static_cast<GraphMark>(i % 40 == 0 ? i / 40 % 4 : 0)};
+    }
+    graph.set_points(std::move(points));
+    graph.set_current(300);
+    Gtk::OffscreenWindow window;
+    window.set_default_size(320, 90);
+    window.add(graph);
+    window.show_all();
+    const auto surface = screen(320, int(state.range(0)));
+    for ([[maybe_unused]] auto step : state) graph.on_draw(Cairo::Context::create(surface));
+}
+BENCHMARK(redraw_graph)->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);
 
 /// The fourteen images, as after a change of size.
 void render_images(benchmark::State& state) {
