@@ -30,11 +30,9 @@ std::int64_t cost(const ScreenBox& place, const ScreenBox& main, const std::vect
     return sum;
 }
 
-/// As far on the screen as it fits; one that is too large begins at the upper left.
-ScreenBox on_screen(ScreenBox box, const ScreenBox& screen) {
-    box.x = std::max(screen.x, std::min(box.x, screen.x + screen.width - box.width));
-    box.y = std::max(screen.y, std::min(box.y, screen.y + screen.height - box.height));
-    return box;
+bool is_within(const ScreenBox& box, const ScreenBox& screen) {
+    return box.x >= screen.x && box.x + box.width <= screen.x + screen.width && box.y >= screen.y &&
+           box.y + box.height <= screen.y + screen.height;
 }
 
 }  // namespace
@@ -54,12 +52,15 @@ ScreenBox free_place(const ScreenBox& main, const std::vector<ScreenBox>& others
     lefts.push_back(screen.x);
     lefts.push_back(main.x);
     tops.push_back(screen.y);
+    tops.push_back(screen.y + screen.height - wanted.height);
     std::ranges::sort(tops.begin() + 1, tops.end());
-    ScreenBox best = wanted;
+    // One that is too large for the screen begins at its upper left.
+    ScreenBox best{screen.x, screen.y, wanted.width, wanted.height};
     std::int64_t least = std::numeric_limits<std::int64_t>::max();
     for (const int left : lefts) {
         for (const int top : tops) {
-            const ScreenBox place = on_screen({left, top, wanted.width, wanted.height}, screen);
+            const ScreenBox place{left, top, wanted.width, wanted.height};
+            if (!is_within(place, screen)) continue;
             const std::int64_t covered = cost(place, main, others);
             if (covered >= least) continue;
             least = covered;

@@ -143,7 +143,8 @@ void AnalysisPanel::show_graph() {
         }
         points.push_back(std::move(point));
     }
-    m_graph_section.set_has_content(some && points.size() > 1);
+    // Nobody is helped against the will in a game against the engine.
+    m_graph_section.set_has_content(some && points.size() > 1 && m_frame.mode() != Mode::human_computer);
     m_graph.set_points(std::move(points));
     m_graph.set_current(m_session.record().current());
 }
