@@ -32,7 +32,10 @@ std::string sheet_of(std::string_view pgn) {
     game.parse_pgn(pgn);
     const MoveSheet sheet(game.tree());
     std::string text;
-    for (const auto& item : sheet.items()) text += (text.empty() ? "" : " ") + in_short(item);
+    for (const auto& item : sheet.items()) {
+        if (!text.empty()) text += ' ';
+        text += in_short(item);
+    }
     return text;
 }
 
