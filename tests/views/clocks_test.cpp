@@ -100,7 +100,8 @@ TEST(BoardWithClocks, TheBarIsAsLongAsTheBoardAtEverySize) {
     window.resize(1500, 1000);
     ASSERT_TRUE(gui::pump_until([&] { return text_height() > least_text * 3 / 2; }));
     const auto [length, off] = length_and_place();
-    EXPECT_NEAR(length, board.drawing().get_allocated_width() * 28 / 27, 16);
+    const int board_width = board.drawing().get_allocated_width() * 28 / 27;
+    EXPECT_NEAR(length, board_width, 16);
     EXPECT_LE(std::abs(off), 1) << "in the middle, as the board";
     EXPECT_GT(margin(), least_margin * 3 / 2) << "for letters and digits";
     window.resize(10, 10);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <numbers>
+#include <utility>
 
 namespace velmora {
 
@@ -26,8 +27,8 @@ void set_tint(const Cairo::RefPtr<Cairo::Context>& cr, const Tint& tint) {
 /// paint 64 cells for each motion of the pointer would make it lag.
 class Painter {
 public:
-    Painter(const Cairo::RefPtr<Cairo::Context>& cr, const BoardPicture& picture)
-        : m_cr(cr), m_picture(picture), m_cell(picture.cell) {
+    Painter(Cairo::RefPtr<Cairo::Context> cr, const BoardPicture& picture)
+        : m_cr(std::move(cr)), m_picture(picture), m_cell(picture.cell) {
         m_cr->get_clip_extents(m_left, m_top, m_right, m_bottom);
     }
 
@@ -170,7 +171,8 @@ void Painter::paint_arrow(const Arrow& arrow, double strength) {
     Tint tint = colors[std::size_t(arrow.color)];
     tint.alpha *= strength;
     set_tint(m_cr, tint);
-    m_cr->set_line_width(m_cell.width / 8 * strength);
+    const int width = m_cell.width / 8;
+    m_cr->set_line_width(width * strength);
     m_cr->set_line_cap(Cairo::LINE_CAP_ROUND);
     m_cr->move_to(arrow.x1, height - arrow.y1);
     m_cr->line_to(arrow.x2, height - arrow.y2);

@@ -1,5 +1,6 @@
 #include "views/board/drawing.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <glibmm/main.h>
@@ -101,6 +102,8 @@ void Drawing::clear_arrows() {
 }
 
 void Drawing::set_hints(std::vector<MoveHint> hints) {
+    // The weakest is painted first, so that the best move lies on top.
+    std::reverse(hints.begin(), hints.end());
     if (hints == m_hints) return;
     m_hints = std::move(hints);
     queue_draw();
@@ -127,11 +130,10 @@ bool Drawing::on_draw(const Cairo::RefPtr<Cairo::Context>& cr) {
     cairo_surface_get_device_scale(cairo_get_target(cr->cobj()), &scale_x, &scale_y);
     render_images(scale_x);
     std::vector<HintArrow> hints;
-    // The weakest first, so that the best move lies on top.
-    for (auto hint = m_hints.rbegin(); hint != m_hints.rend(); ++hint) {
+    for (const MoveHint& hint : m_hints) {
         const auto arrow =
-            make_arrow(shown_square(hint->from), shown_square(hint->to), ArrowColor::blue, m_cell);
-        if (arrow) hints.push_back({*arrow, hint->strength});
+            make_arrow(shown_square(hint.from), shown_square(hint.to), ArrowColor::blue, m_cell);
+        if (arrow) hints.push_back({*arrow, hint.strength});
     }
     paint_board(cr, {m_table, m_marks, m_arrows, hints, m_images, m_cell});
     return true;

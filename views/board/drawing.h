@@ -98,7 +98,7 @@ private:
     SquareTable m_table;
     BoardMarks m_marks;
     std::vector<Arrow> m_arrows;
-    std::vector<MoveHint> m_hints;
+    std::vector<MoveHint> m_hints;  // the best one last
     BoardImages m_images;
     RenderPacer m_pacer;
     double m_device_scale = 0;    // device pixels a pixel at the last draw
