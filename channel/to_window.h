@@ -197,9 +197,10 @@ struct Quit {
     static constexpr auto form = line("quit");
 };
 
-using Line = std::variant<PlayMove, MoveTime, TakeBack, SetBoard, Shout, NewGame, GameOver, SearchOutput,
-                          SetEvent, SetSite, SetRound, MatchProgress, SetLevel, SetClock, EngineName, PlayerName, PlayerElo,
-                          SetArrow, ClearArrows, TellUser, ResetMode, TournamentFinished, Quit>;
+using Line =
+    std::variant<PlayMove, MoveTime, TakeBack, SetBoard, Shout, NewGame, GameOver, SearchOutput, SetEvent,
+                 SetSite, SetRound, MatchProgress, SetLevel, SetClock, EngineName, PlayerName, PlayerElo,
+                 SetArrow, ClearArrows, TellUser, ResetMode, TournamentFinished, Quit>;
 
 /// The text that travels.
 std::string encode(const Line& line);

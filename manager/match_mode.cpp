@@ -132,8 +132,9 @@ void MatchMode::announce(const TournamentGame& game) {
     m_state.send(to_window::SetEvent{m_tournament.event()});
     m_state.send(to_window::SetSite{m_tournament.site()});
     m_state.send(to_window::SetLevel{m_tournament.level().text()});
-    m_state.send(to_window::MatchProgress{game.number, m_tournament.game_count(),
-                                          score_of_two(m_tournament.participants_list(), m_tournament.games())});
+    m_state.send(
+        to_window::MatchProgress{game.number, m_tournament.game_count(),
+                                 score_of_two(m_tournament.participants_list(), m_tournament.games())});
 }
 
 void MatchMode::show_opening() {

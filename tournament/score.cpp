@@ -19,9 +19,7 @@ HalfPoints half_points(const std::string& result) {
     return {0, 0};
 }
 
-std::string points_text(int halves) {
-    return std::to_string(halves / 2) + (halves % 2 == 0 ? "" : ".5");
-}
+std::string points_text(int halves) { return std::to_string(halves / 2) + (halves % 2 == 0 ? "" : ".5"); }
 
 }  // namespace
 
