@@ -96,6 +96,7 @@ Interface::Interface(std::string program_path, int board_size)
     m_screen.set_sensitive(MenuEntry::ponder, false);
     m_engine.show();
     m_actions.set_active("ShowBestMove", true);
+    m_panel.widget().signal_hide().connect([this] { m_panel.keep_closed(); });
 }
 
 Interface::~Interface() {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include <glibmm/main.h>
 #include <glibmm/markup.h>
 #include <gtkmm/cssprovider.h>
 
@@ -13,7 +14,7 @@ namespace velmora {
 
 namespace {
 
-constexpr int spacing = 6;           // pixels between the three labels
+constexpr int label_spacing = 6;     // pixels between the three labels
 constexpr int evaluation_chars = 7;  // "≥+12.35"
 constexpr int depth_chars = 3;
 constexpr int preview_size = 192;  // pixels of the small board
@@ -30,12 +31,18 @@ const Glib::RefPtr<Gtk::CssProvider>& style() {
     return provider;
 }
 
-std::string markup_of(const ShownLine& line) {
+/// As much of a line as `width` pixels can show.
+std::string markup_of(const ShownLine& line, int width) {
+    constexpr int least_char_width = 5;  // pixels; of a larger font more is made than is seen
+    std::size_t room = static_cast<std::size_t>(width / least_char_width);
     std::string markup = line.start.empty() ? "" : Glib::Markup::escape_text(line.start).raw() + " ";
     for (std::size_t i = 0; i < line.moves.size(); ++i) {
         if (i > 0) markup += ' ';
         markup += "<a href=\"" + std::to_string(i) + "\">" + Glib::Markup::escape_text(line.moves[i]).raw() +
                   "</a>";
+        // The ellipsis comes from the label: what is cut here lies behind it.
+        if (line.moves[i].size() >= room) break;
+        room -= line.moves[i].size() + 1;
     }
     return markup;
 }
@@ -50,7 +57,7 @@ std::optional<std::size_t> move_of_link(const std::string& uri) {
 }  // namespace
 
 LineRow::LineRow(std::size_t number, PositionOf position_of)
-    : Gtk::Box(Gtk::ORIENTATION_HORIZONTAL, spacing),
+    : Gtk::Box(Gtk::ORIENTATION_HORIZONTAL, label_spacing),
       m_number(number),
       m_position_of(std::move(position_of)) {
     m_evaluation.set_width_chars(evaluation_chars);
@@ -82,6 +89,12 @@ LineRow::LineRow(std::size_t number, PositionOf position_of)
             return true;
         },
         false);
+    m_moves.signal_size_allocate().connect([this](const Gtk::Allocation& area) {
+        if (area.get_width() <= m_laid_out_width || m_widening.connected()) return;
+        // A label takes no other text while it is being laid out.
+        m_widening =
+            Glib::signal_idle().connect(sigc::bind_return(sigc::mem_fun(*this, &LineRow::show_moves), false));
+    });
     pack_start(m_evaluation, Gtk::PACK_SHRINK);
     pack_start(m_depth, Gtk::PACK_SHRINK);
     pack_start(m_moves, Gtk::PACK_EXPAND_WIDGET);
@@ -91,11 +104,19 @@ void LineRow::show_line(const ShownLine& line) {
     if (line == m_shown) return;
     if (line.evaluation != m_shown.evaluation) m_evaluation.set_text(line.evaluation);
     if (line.depth != m_shown.depth) m_depth.set_text(line.depth);
-    if (line.moves != m_shown.moves || line.start != m_shown.start) m_moves.set_markup(markup_of(line));
+    const bool other_moves = line.moves != m_shown.moves || line.start != m_shown.start;
     m_shown = line;
+    if (other_moves) show_moves();
     m_evaluation.get_accessible()->set_name(
         line.moves.empty() ? "" : "Line " + std::to_string(m_number) + ", " + line.evaluation);
     m_depth.get_accessible()->set_name(line.depth.empty() ? "" : "depth " + line.depth);
+}
+
+/// To lay out a link takes the toolkit ten times as long as plain text, and most of a long line is never
+/// seen.
+void LineRow::show_moves() {
+    m_laid_out_width = m_moves.get_allocated_width();
+    m_moves.set_markup(markup_of(m_shown, m_laid_out_width));
 }
 
 bool LineRow::show_position(const Glib::RefPtr<Gtk::Tooltip>& tooltip) {

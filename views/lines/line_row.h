@@ -33,11 +33,14 @@ public:
     sigc::signal<void, std::size_t>& signal_move_chosen() { return m_move_chosen; }
 
 private:
+    void show_moves();
     bool show_position(const Glib::RefPtr<Gtk::Tooltip>& tooltip);
 
     const std::size_t m_number;
     const PositionOf m_position_of;
     ShownLine m_shown;
+    int m_laid_out_width = 0;     // pixels for which the moves were last cut
+    sigc::connection m_widening;  // waits to show more of them
     Gtk::Label m_evaluation;
     Gtk::Label m_depth;
     Gtk::Label m_moves;

@@ -4,7 +4,7 @@ namespace velmora {
 
 namespace {
 
-constexpr int spacing = 6;  // pixels
+constexpr int head_spacing = 6;  // pixels
 
 void show_text(Gtk::Label& label, const std::string& text) {
     if (label.get_text() == text) return;
@@ -14,7 +14,8 @@ void show_text(Gtk::Label& label, const std::string& text) {
 
 }  // namespace
 
-StateLine::StateLine() : Gtk::Box(Gtk::ORIENTATION_HORIZONTAL, spacing), m_texts(Gtk::ORIENTATION_VERTICAL) {
+StateLine::StateLine()
+    : Gtk::Box(Gtk::ORIENTATION_HORIZONTAL, head_spacing), m_texts(Gtk::ORIENTATION_VERTICAL) {
     for (Gtk::Label* label : {&m_activity, &m_last_move}) {
         label->set_xalign(0);
         label->set_ellipsize(Pango::ELLIPSIZE_END);

@@ -45,6 +45,7 @@ void AnalysisWindow::set_up(Pane& pane, const char* label) {
 void AnalysisWindow::on_show() {
     for (const Side side : {Side::white, Side::black}) add_scroll_bars(m_sides[side]);
     Gtk::Window::on_show();
+    put_in_soon();
 }
 
 void AnalysisWindow::add_scroll_bars(Pane& pane) {
@@ -59,7 +60,13 @@ void AnalysisWindow::add_scroll_bars(Pane& pane) {
 }
 
 void AnalysisWindow::add_line(Side side, const std::string& text) {
-    m_sides[side].waiting.push_back(text::displayable(text));
+    auto& waiting = m_sides[side].waiting;
+    waiting.push_back(text::displayable(text));
+    if (get_visible()) return put_in_soon();
+    if (waiting.size() > 2 * most_lines) waiting.erase(waiting.begin(), waiting.begin() + most_lines);
+}
+
+void AnalysisWindow::put_in_soon() {
     if (!m_adding) {
         m_adding = Glib::signal_idle().connect(sigc::mem_fun(*this, &AnalysisWindow::add_waiting),
                                                Glib::PRIORITY_HIGH_IDLE);

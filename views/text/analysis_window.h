@@ -16,7 +16,8 @@ namespace velmora {
 ///
 /// An engine at low depths writes hundreds of lines in a moment. Each change of a text buffer moves its
 /// marks and has the view laid out; so lines are collected and go in by one insertion, before the next
-/// frame is drawn.
+/// frame is drawn. While the window is hidden they only wait: the toolkit lays out a text that nobody sees,
+/// too.
 class AnalysisWindow : public Gtk::Window {
 public:
     AnalysisWindow();
@@ -42,6 +43,7 @@ private:
 
     void set_up(Pane& pane, const char* label);
     static void add_scroll_bars(Pane& pane);
+    void put_in_soon();
     bool add_waiting();
     static void lengthen(Pane& pane);
 
