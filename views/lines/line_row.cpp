@@ -34,7 +34,7 @@ const Glib::RefPtr<Gtk::CssProvider>& style() {
 /// As much of a line as `width` pixels can show.
 std::string markup_of(const ShownLine& line, int width) {
     constexpr int least_char_width = 5;  // pixels; of a larger font more is made than is seen
-    std::size_t room = static_cast<std::size_t>(width / least_char_width);
+    auto room = static_cast<std::size_t>(width / least_char_width);
     std::string markup = line.start.empty() ? "" : Glib::Markup::escape_text(line.start).raw() + " ";
     for (std::size_t i = 0; i < line.moves.size(); ++i) {
         if (i > 0) markup += ' ';
