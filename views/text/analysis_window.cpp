@@ -63,7 +63,8 @@ void AnalysisWindow::add_line(Side side, const std::string& text) {
     auto& waiting = m_sides[side].waiting;
     waiting.push_back(text::displayable(text));
     if (get_visible()) return put_in_soon();
-    if (waiting.size() > std::size_t{2} * most_lines) waiting.erase(waiting.begin(), waiting.begin() + most_lines);
+    if (waiting.size() > std::size_t{2} * most_lines)
+        waiting.erase(waiting.begin(), waiting.begin() + most_lines);
 }
 
 void AnalysisWindow::put_in_soon() {
