@@ -70,6 +70,12 @@ double Evaluation::expected_score() const {
     return 1 / (1 + std::exp(-per_centipawn * value));
 }
 
+std::string annotation_of(const Evaluation& evaluation) {
+    if (!evaluation.is_mate()) return text::default_form(evaluation.value / 100.0);
+    const bool black = evaluation.kind == Evaluation::Kind::black_mates;
+    return (black ? "#-" : "#") + std::to_string(evaluation.value);
+}
+
 std::optional<Evaluation> parse_evaluation(std::string_view text) {
     text = text::trim_white_space(text.substr(0, text.find(',')));
     if (text.starts_with("mate ")) return parse_mate(text::trim_blanks(text.substr(5)), false);

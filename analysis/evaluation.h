@@ -41,6 +41,10 @@ struct Evaluation {
     bool operator==(const Evaluation&) const = default;
 };
 
+/// The value of an annotation "[%eval ...]" as lichess writes it: "0.35", "-12.3", "#5", "#-3". A bound isn't
+/// told.
+std::string annotation_of(const Evaluation& evaluation);
+
 /// Reads the value of an annotation "[%eval ...]": pawns ("0.35", "+1", "-12.5"), a mate as lichess writes it
 /// ("#5", "#-3"), as it is shown here ("-#3") or as the program annotates it ("mate -3"); a comma and a depth
 /// may follow. Nothing for any other text.

@@ -121,6 +121,9 @@ public:
     /// back, the game goes there again.
     bool undo_edit();
 
+    /// The comment of any node; on the root that ahead of the first move.
+    bool set_comment(std::int32_t id, std::string_view text);
+
     /// Gives a move its symbol, a numeric glyph of the PGN standard (8.2.4) such as "$1", or takes it away
     /// with an empty text.
     bool set_symbol(std::int32_t id, std::string_view glyph);

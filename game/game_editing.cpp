@@ -59,6 +59,14 @@ bool Game::undo_edit() {
     return true;
 }
 
+bool Game::set_comment(std::int32_t id, std::string_view text) {
+    if (!m_tree.has_node(id)) return false;
+    auto& node = m_tree.node(id);
+    if (node.type == ElementType::end_game || node.comment == text) return false;
+    node.comment = text;
+    return true;
+}
+
 bool Game::set_symbol(std::int32_t id, std::string_view glyph) {
     if (!m_tree.has_node(id) || !(glyph.empty() || is_glyph(glyph))) return false;
     auto& node = m_tree.node(id);
