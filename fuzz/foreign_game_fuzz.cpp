@@ -5,8 +5,13 @@
 #include <cstdint>
 #include <cstdlib>
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
+#include "game/foreign/foreign_file.h"
 #include "game/foreign/game_repair.h"
+#include "game/foreign/pasted_text.h"
 #include "game/game.h"
 #include "game/pgn_file.h"
 #include "tests/support/memory_file.h"
@@ -53,6 +58,30 @@ void check_strict(const ForeignGame& foreign) {
     require(content(twice) == content(game));
 }
 
+/// Every game of a file that needs the second reader is found again where it was found; in a file without
+/// one, games have the text that the strict reader gives.
+void check_file(std::string_view bytes) {
+    const test::MemoryFile memory(bytes);
+    FileSurvey survey(memory.path());
+    std::uint64_t end = 0;
+    for (SurveyedGame found; survey.next(found); end = found.offset + 1) {
+        require(found.offset >= end && found.offset < bytes.size());
+        check_strict(found.game);
+        if (found.is_repaired) require(read_any_game(memory.path(), found.offset).text == found.game.text);
+    }
+    PgnFile file;
+    ForeignFile foreign;
+    require(file.open(memory.path()) && foreign.open(memory.path()));
+    std::vector<std::pair<std::uint64_t, std::string>> games;
+    bool cuts_alike = end == 0;
+    for (ForeignText text; cuts_alike && foreign.next(text);) {
+        games.emplace_back(text.offset, file.next_game());
+        cuts_alike = !games.back().second.empty() && file.game_offset() == text.offset;
+    }
+    if (!cuts_alike) return;
+    for (const auto& [offset, text] : games) require(read_any_game(memory.path(), offset).text == text);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -61,5 +90,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto foreign = repair_game(text);
     for (const auto& remark : foreign.remarks) describe(remark);
     check_strict(foreign);
+    check_file(text);
+    const auto pasted = read_pasted(text);
+    require(pasted.fault.empty() == (pasted.kind != PastedText::Kind::nothing));
     return 0;
 }

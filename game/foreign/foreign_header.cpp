@@ -18,6 +18,14 @@ constexpr int most_value_lines = 4;
 
 bool is_ascii_letter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
+/// A quote that isn't escaped.
+bool has_bare_quote(std::string_view value) {
+    for (auto quote = value.find('"'); quote != std::string_view::npos; quote = value.find('"', quote + 1)) {
+        if (quote == 0 || value[quote - 1] != '\\') return true;
+    }
+    return false;
+}
+
 /// The parts of one tag, and where it ends in the text.
 struct TagParts {
     std::string_view name;
@@ -33,6 +41,7 @@ public:
     ForeignHeader read() {
         while (read_part()) {
         }
+        m_header.has_tags = m_count > 0;
         m_header.moves_begin = m_at;
         return std::move(m_header);
     }
@@ -52,7 +61,7 @@ private:
                 return true;
             case ';':
                 m_remarks.add(RemarkKind::semicolon_comment, m_at);
-                add_comment(m_text.substr(m_at + 1, line_end(m_at) - m_at - 1));
+                add_comment(text::trim_white_space(m_text.substr(m_at + 1, line_end(m_at) - m_at - 1)));
                 m_at = line_end(m_at);
                 return true;
             case '{': {
@@ -70,7 +79,6 @@ private:
     std::size_t line_end(std::size_t at) const { return std::min(m_text.find('\n', at), m_text.size()); }
 
     void add_comment(std::string_view comment) {
-        comment = text::trim_white_space(comment);
         if (!m_header.comment.empty() && !comment.empty()) m_header.comment += ' ';
         m_header.comment += comment;
     }
@@ -90,8 +98,9 @@ private:
     }
 
     void set(const TagParts& parts) {
-        std::string value(text::trim_white_space(parts.value));
-        std::erase(value, '\r');
+        // As it will be printed, so that a start position is the same now and when it is read back.
+        std::string value(text::utf8_prefix(text::trim_white_space(parts.value), pgn_limits::tag_value));
+        std::ranges::replace_if(value, text::is_control, ' ');
         for (std::size_t i = 0; i < value.size(); ++i) {
             if (value[i] == '"' && (i == 0 || value[i - 1] != '\\'))
                 value[i] = '\'';  // it would end the value
@@ -119,7 +128,8 @@ private:
         if (closing) {
             parts.value = m_text.substr(value_begin + 1, *closing - value_begin - 1);
             parts.end = m_text.find(']', *closing) + 1;
-            parts.is_plain = parts.value.find_first_of("[]\"\n") == std::string_view::npos;
+            parts.is_plain = !has_bare_quote(parts.value) &&
+                             parts.value.find('\n') == std::string_view::npos && !holds_moves(parts.value);
             return parts;
         }
         // What isn't closed ends with its line.
@@ -180,6 +190,14 @@ bool begins_with_tag(std::string_view line) {
     const auto name_end = std::ranges::find_if_not(name, is_of_name) - name.begin();
     const auto rest = name.substr(static_cast<std::size_t>(name_end));
     return !rest.empty() && std::string_view(" \t\"").find(rest.front()) != std::string_view::npos;
+}
+
+bool holds_moves(std::string_view value) {
+    const auto behind = value.substr(std::min(value.find(']'), value.size()));
+    return std::ranges::any_of(behind, [](char c) {
+        return static_cast<unsigned char>(c) >= 0x80 ||
+               std::string_view("0123456789*{[").find(c) != std::string_view::npos;
+    });
 }
 
 ForeignHeader read_foreign_header(std::string_view text, RemarkList& remarks) {

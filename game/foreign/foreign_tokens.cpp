@@ -124,6 +124,12 @@ std::size_t ForeignTokens::word_end() const {
         (m_text[end - 1] == '1' || m_text[end - 1] == '8' || m_text[end - 1] == '=')) {
         end = std::min(m_text.find_first_of(ends_word, end + 3), m_text.size());
     }
+    // A result may be glued to a mark.
+    const auto word = m_text.substr(m_at, end - m_at);
+    for (auto mark = word.find_first_of("!?#+"); mark < word.size();
+         mark = word.find_first_of("!?#+", mark + 1)) {
+        if (result_at(m_text.substr(m_at + mark + 1))) return m_at + mark + 1;
+    }
     return end;
 }
 

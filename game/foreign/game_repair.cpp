@@ -62,6 +62,7 @@ ForeignGame repair_game(std::string_view bytes, std::uint64_t first_line) {
     if (first_changed != std::string_view::npos) remarks.add(RemarkKind::encoding, first_changed);
 
     auto header = read_foreign_header(text, remarks);
+    if (!header.has_tags) remarks.add(RemarkKind::tags_missing, 0);
     const auto start = start_of(header.tags, remarks);
     GameRebuilder rebuilder(text, start, header.tags.start_move_number(), remarks);
     rebuilder.add_start_comment(header.comment);
@@ -81,6 +82,14 @@ ForeignGame repair_game(std::string_view bytes, std::uint64_t first_line) {
     game.text = header.tags.print() + "\n" + moves;
     game.plies = rebuilder.main_line_plies();
     game.remarks = remarks.take();
+    return game;
+}
+
+ForeignGame repair_game(const ForeignText& source) {
+    auto game = repair_game(source.text, source.line);
+    if (source.is_utf16)
+        game.remarks.insert(game.remarks.begin(), {RemarkKind::encoding, source.line, 1, 1, {}, {}});
+    if (source.is_too_long) game.remarks.push_back({RemarkKind::too_long, source.line, 1, 1, {}, {}});
     return game;
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "game/foreign/game_splitter.h"
 #include "game/foreign/remark.h"
 
 namespace velmora {
@@ -39,6 +40,8 @@ struct ForeignGame {
 /// @param text  one game; tags, moves and the result may all be missing
 /// @param first_line  the number of its first line in the file, for the remarks
 ForeignGame repair_game(std::string_view text, std::uint64_t first_line = 1);
+/// The same of a game that was cut out of a source.
+ForeignGame repair_game(const ForeignText& game);
 
 /// Whether the strict reader loses something of a game that repair_game() keeps. `text` is one game from its
 /// first bracket on, as it stands in a file or as PgnFile gives it.

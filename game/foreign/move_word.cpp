@@ -329,10 +329,11 @@ MoveWord take_apart(std::string_view word) {
 }
 
 std::optional<Move> find_move(const ChessPosition& position, const MoveWord& word, bool& several) {
+    several = false;
+    if (!word.may_be_move()) return std::nullopt;
     std::vector<char> unusual;
     const auto pattern = word.castling == 0 ? pattern_of(word.move, unusual) : MovePattern();
     std::optional<Move> found;
-    several = false;
     if (!pattern) return found;
     const bool to_king_side = word.castling == 2;
     for (const auto& move : legal_moves(position)) {

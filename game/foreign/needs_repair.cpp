@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/text.h"
@@ -12,6 +13,7 @@
 #include "chess/notation/san_reader.h"
 #include "game/foreign/foreign_header.h"
 #include "game/foreign/game_repair.h"
+#include "game/foreign/move_word.h"
 #include "game/game.h"
 #include "game/move_section.h"
 #include "game/pgn_limits.h"
@@ -20,9 +22,11 @@ namespace velmora {
 
 namespace {
 
-bool has_high_bytes(std::string_view text) {
-    return std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
-}
+bool is_high(char c) { return static_cast<unsigned char>(c) >= 0x80; }
+bool has_high_bytes(std::string_view text) { return std::ranges::any_of(text, is_high); }
+
+/// What isn't becomes question marks.
+bool is_utf8(std::string_view text) { return !has_high_bytes(text) || text::valid_utf8(text) == text; }
 
 bool is_square_at(std::string_view text, std::size_t at) {
     return at + 2 <= text.size() && text[at] >= 'a' && text[at] <= 'h' && text[at + 1] >= '1' &&
@@ -83,7 +87,6 @@ public:
     explicit StrictReading(std::string_view text) : m_text(text) {}
 
     Reading measure() {
-        if (has_high_bytes(m_text) && text::valid_utf8(m_text) != m_text) return Reading::lossy;
         const auto header = measure_header();
         return header == Reading::lossy ? header : std::max(header, measure_moves());
     }
@@ -107,8 +110,8 @@ private:
                 if (!skip_comment()) return Reading::lossy;
             } else if (c == ';') {
                 return Reading::lossy;
-            } else if (std::string_view(" \t\n\r\v\f").find(c) != std::string_view::npos) {
-                ++m_at;
+            } else if (text::white_space.find(c) != std::string_view::npos || is_high(c)) {
+                ++m_at;  // bytes beyond ASCII are left out here
             } else if (!skip_escaped_line()) {
                 break;
             }
@@ -130,10 +133,10 @@ private:
         const auto bracket = rest.find_first_not_of(" \t", closing + 1);
         if (bracket == std::string_view::npos || rest[bracket] != ']') return is_quoted_twice(rest, closing);
         if (bracket - 1 > pgn_limits::tag || value.find('\n') != std::string_view::npos) return false;
+        // A second one begins another game, this one has no moves.
+        if (rest.starts_with("[Event \"") && std::exchange(m_has_event, true)) return false;
         m_at += bracket + 1;
-        // What the cutter takes for moves, behind the bracket within the value.
-        const auto behind = value.substr(std::min(value.find(']'), value.size()));
-        return behind.find_first_of("0123456789*{[") == std::string_view::npos && !has_high_bytes(behind);
+        return !holds_moves(value) && is_utf8(rest.substr(0, bracket));
     }
 
     /// [White ""Deep""]: the strict reader passes over quotes ahead of a value.
@@ -144,14 +147,17 @@ private:
         if (!inner.starts_with('"') || !inner.ends_with("\"\"") || inner.find('\n') != std::string_view::npos)
             return false;
         m_at += end + 1;
-        return true;
+        return is_utf8(inner);
     }
 
-    /// False for one that is too long for a file. One that isn't closed takes the rest, as for the reader.
+    /// False for one that is too long for a file. One that isn't closed takes the rest, as for the
+    /// reader, but for further games.
     bool skip_comment() {
         const auto end = std::min(m_text.find('}', m_at), m_text.size());
+        if (end == m_text.size() && m_text.find("\n\n[Event \"", m_at) < end) return false;
         const auto comment = m_text.substr(m_at + 1, end - m_at - 1);
         m_at = end + 1;
+        if (!is_utf8(comment)) return false;
         if (comment.size() <= pgn_limits::comment) return true;
         const auto returns = static_cast<std::size_t>(std::ranges::count(comment, '\r'));
         return comment.size() - returns <= pgn_limits::comment;
@@ -210,6 +216,7 @@ private:
 
     std::string_view m_text;
     std::size_t m_at = 0;
+    bool m_has_event = false;
 };
 
 /// Makes every move of a tree, as far as the tree has moves.
@@ -244,11 +251,19 @@ private:
     bool make(const std::string& san) {
         try {
             const auto move = san.empty() ? std::nullopt : find_legal(m_position, read_san(m_position, san));
-            if (move) m_position.do_move(*move);
-            return move.has_value();
+            if (!move || is_misread(san, *move)) return false;
+            m_position.do_move(*move);
+            return true;
         } catch (const std::logic_error&) {
             return false;
         }
+    }
+
+    /// "g1f3" is no pawn's move, though the strict reader finds one to f3.
+    bool is_misread(const std::string& san, Move move) const {
+        bool several = false;
+        const auto meant = find_move(m_position, take_apart(san), several);
+        return meant && !(*meant == move);
     }
 
     const GameTree& m_tree;

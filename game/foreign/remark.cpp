@@ -13,6 +13,7 @@ namespace {
 constexpr auto sentences = std::to_array<std::string_view>({
     "text in another encoding than UTF-8",
     "a tag in a form of its own",
+    "no tags",
     "a comment behind a semicolon",
     "a comment of more than 1,024 bytes, which goes on in variations",
     "a comment that isn't closed",

@@ -13,6 +13,7 @@ namespace velmora {
 enum class RemarkKind : std::uint8_t {
     encoding,           ///< bytes that are no UTF-8 were read as Windows-1252, or the text was UTF-16
     tag_form,           ///< brackets, quotes or line ends in a tag, or one that isn't closed
+    tags_missing,       ///< not a single tag
     semicolon_comment,  ///< a comment up to the end of the line
     long_comment,       ///< a comment of more bytes than one may have: it goes on in variations
     open_comment,       ///< a comment without its closing brace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -24,8 +25,9 @@ public:
     using Index = std::size_t;
     static constexpr Index game_start = static_cast<Index>(-1);
 
+    /// @param first_number  of the first move; less than 1, which a damaged tag may say, is no number
     StrictMovetext(std::int32_t first_number, bool black_begins)
-        : m_first_number(first_number), m_black_begins(black_begins) {}
+        : m_first_number(std::max(first_number, std::int32_t{1})), m_black_begins(black_begins) {}
 
     /// @param ply  moves from the game's start, 0 for its first move
     Index add_move(std::string_view san, std::size_t ply, std::size_t depth);
