@@ -54,6 +54,7 @@ std::optional<ChooserList::Choice> ChooserList::choose(Gtk::Window& parent, cons
     start(std::move(open_source));
     const int response = dialog.run();
     stop();
+    on_left();
     answered.disconnect();
     dialog.body().remove(*this);
 
@@ -103,7 +104,17 @@ bool ChooserList::fill() {
     if (complete || was_empty || m_list.size() >= largest_bulk) m_list.finish_bulk();
     if (was_empty) m_list.select_first();
     show_progress(complete);
+    if (complete) on_listed();
     return !complete;
+}
+
+void ChooserList::add_entry(FileEntry entry) {
+    const bool was_empty = m_entries.empty();
+    m_list.append(entry.cells);
+    NumberedList::Cells().swap(entry.cells);
+    m_entries.push_back(std::move(entry));
+    if (was_empty) m_list.select_first();
+    show_progress(true);
 }
 
 void ChooserList::show_progress(bool complete) {

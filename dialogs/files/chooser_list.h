@@ -43,6 +43,16 @@ protected:
     std::optional<Choice> choose(Gtk::Window& parent, const Glib::ustring& title,
                                  EntryReader::OpenSource open_source);
 
+    /// The file has been listed to its end; the dialog is still open.
+    virtual void on_listed() {}
+    /// The dialog is being left.
+    virtual void on_left() {}
+
+    /// What is listed, in its order. Cells are empty: the list has them.
+    const std::vector<FileEntry>& entries() const { return m_entries; }
+    /// Adds an entry behind all others. REQUIRES: the file has been listed.
+    void add_entry(FileEntry entry);
+
 private:
     void start(EntryReader::OpenSource open_source);
     void stop();

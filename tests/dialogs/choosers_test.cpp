@@ -1,5 +1,6 @@
 #include "dialogs/files/fen_list.h"
 #include "dialogs/files/game_list.h"
+#include "game/foreign/foreign_file.h"
 #include "game/pgn_file.h"
 #include "tests/dialogs/dialog_test.h"
 
@@ -188,6 +189,57 @@ TEST_F(ChoosersTest, ALongFileIsListedToItsEnd) {
         };
         EXPECT_EQ(answering(the_last, [&] { return list.choose_position(m_parent, path, fen); }), int(lines));
         EXPECT_EQ(fen, start_fen + " id \"50000\";");
+    }
+}
+
+TEST_F(ChoosersTest, TellsWhichGamesWereRepaired) {
+    const std::string game = "[Event \"Match\"]\n[White \"";
+    const std::string text =
+        game + "Ann\"]\n\n1. e4 e5 *\n\n" + game + "Bo\"]\n\n1. f4 f5 2. 0-0 *\n\n" + game +
+        "Cid\"]\n\n1. \u2658f3 1\u20130\n\n[White \"Dan\"]\n[Black \"Eve\"]\n\n1. d4 d5 1-0\n";
+    std::string utf16 = "\xFF\xFE";
+    for (const char c : game + "Ann\"]\n\n1. e4 e5 *\n") utf16.append({c, '\0'});
+    const struct {
+        std::string path;
+        const char *found, *last_row, *remark;
+    } cases[] = {
+        {write("x.pgn", text), "1 game is repaired, 1 game can't be read whole", "4|Dan|Eve|1-0|????.??.??",
+         "1|2|Bo - ?|line 9, column 13, move 2.: no move that can be made, which ends the line; the rest of "
+         "it is "
+         "a comment: 0-0"},
+        {write("utf16.pgn", utf16), "1 game is repaired", "1|Ann|?|*|????.??.??",
+         "1|1|Ann - ?|line 1, column 1: text in another encoding than UTF-8"},
+    };
+    for (const auto& each : cases) {
+        GameList list;
+        const auto reply = [&](Gtk::Dialog& dialog) {
+            Gtk::TreeView& view = list_in(dialog);
+            const auto is_told = [&] {
+                return gui::find_labelled<Gtk::Label>(dialog, each.found) != nullptr;
+            };
+            EXPECT_TRUE(gui::pump_until(is_told)) << each.path;
+            EXPECT_EQ(row_text(view, rows(view) - 1), each.last_row);
+            sigc::connection reader = Glib::signal_timeout().connect(
+                [&] {
+                    for (Gtk::Window* window : Gtk::Window::list_toplevels()) {
+                        if (!window->get_mapped() || window->get_title() != "Repaired Games") continue;
+                        EXPECT_EQ(row_text(list_in(*window), 0), each.remark);
+                        press(*window, "CLOSE");
+                        return false;
+                    }
+                    return true;
+                },
+                10);
+            press(dialog, "Why...");
+            EXPECT_FALSE(reader.connected()) << "the remarks were shown";
+            reader.disconnect();
+            view.set_cursor(Gtk::TreeModel::Path(std::to_string(rows(view) - 1)));
+            press(dialog, "OK");
+        };
+        const auto number = answering(reply, [&] { return list.choose_game(m_parent, each.path); });
+        EXPECT_EQ(number, each.last_row[0] - '0');
+        EXPECT_NE(read_any_game(each.path, list.chosen_offset()).text.find(std::string(each.last_row, 2, 3)),
+                  std::string::npos);
     }
 }
 

@@ -6,8 +6,8 @@
 
 #include "base/atomic_file.h"
 #include "base/regular_file.h"
+#include "game/foreign/foreign_file.h"
 #include "game/pgn_error.h"
-#include "game/pgn_file.h"
 #include "game/position_lines.h"
 #include "window/flows/opened_file.h"
 #include "window/session/game_archive.h"
@@ -46,9 +46,7 @@ void FileFlows::load_game_from(const std::string& path) {
     // Parsed apart, so that a game that can't be read leaves the one on the board alone.
     Game game;
     try {
-        PgnFile file;
-        file.open(path);
-        game_text = file.read_game_at(*offset);
+        game_text = read_any_game(path, *offset).text;
         game.parse_pgn(game_text);
     } catch (const pgn_error& error) {
         std::cerr << "# invalid game: \n" << error.text() << '\n';

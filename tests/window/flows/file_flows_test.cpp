@@ -52,6 +52,18 @@ TEST_F(FileFlowsTest, TheChosenGameTakesThePlaceOfTheOneOnTheBoard) {
     EXPECT_THAT(referee.take(), IsEmpty());
 }
 
+TEST_F(FileFlowsTest, AGameThatTheStrictReaderLosesIsReadByTheSecond) {
+    dialogs.files[FileKind::load_game] =
+        home.write("site.pgn",
+                   "[Event \"Open [Group 2] 2023\"]\n[White \"Ann\"]\n[Result \"1-0\"]\n\n"
+                   "1. e4 e5 2. \u2658f3 Nc6 3. Bc4 Bc5 4. 0-0 1\u20130\n");
+    dialogs.game = 0;
+    files.load_game();
+    EXPECT_EQ(session.record().tag("White"), "Ann");
+    Game game = session.record();
+    EXPECT_THAT(game.to_end(), HasSubstr("/RNBQ1RK1 b"));
+}
+
 TEST_F(FileFlowsTest, PositionsOfAFileOneAfterTheOther) {
     dialogs.files[FileKind::load_position] = positions();
     files.load_next_position();
