@@ -151,6 +151,30 @@ TEST_F(SessionTest, LinesThatCrossedAStepOfThePersonAreDropped) {
     EXPECT_EQ(session.position().moves_text(), "e2e4 c7c5");
 }
 
+TEST_F(SessionTest, LinesOfTheMatchBeforeAreDroppedWhereTournamentIsChosenAgain) {
+    select(Mode::tournament);
+    lines({"move d2d4"});
+    const auto of_first = referee.count();
+    select(Mode::human_human);
+    process({"move e7e5", "emt 10"}, of_first);
+    drag("d7", "d5");
+    select(Mode::tournament);
+    process({"move c2c4", "emt 20", "1-0 {Black resigns}", "new", "setboard 4k3/8/8/8/8/8/8/4K2R w K - 17 40",
+             "tournament_finished"},
+            of_first);
+    EXPECT_EQ(session.position().moves_text(), "d2d4 d7d5");
+    EXPECT_EQ(tags({"Result"}) + session.record().comment(), "*");
+    EXPECT_EQ(screen.mode(), Mode::tournament);
+    lines({"new", "move c2c4"});
+    EXPECT_EQ(session.position().moves_text(), "c2c4");
+    // The end of the game that is on the board still when its player begins a match.
+    select(Mode::human_human);
+    drag("e7", "e5");
+    select(Mode::tournament);
+    crossed_lines({"1-0 {Black resigns}"});
+    EXPECT_EQ(tags({"Result"}), "1-0");
+}
+
 TEST_F(SessionTest, AStartThatCrossedAPositionOfOursIsToldTheRefereeAgain) {
     constexpr const char* chess960 = "setboard bbqnnrkr/pppppppp/8/8/8/8/PPPPPPPP/BBQNNRKR w FHfh - 0 1";
     seat = Protocol::uci;

@@ -14,6 +14,7 @@ void ManagerLink::send_text(const std::string& command) {
     ++m_sent;
     if (effects.changes_position) m_position_sent = m_sent;
     if (effects.seats_engines) m_load_sent = m_sent;
+    if (effects.starts_match) m_match_sent = m_sent;
     if (effects.quits) m_leaving = true;
     // Sent once a second, it would flood the log. It is looked for anywhere in the line.
     const bool wakes = command.find(to_referee::WakeUp::word) != std::string::npos;

@@ -35,6 +35,9 @@ public:
     /// The same of the last command that sends the referee to look for engines.
     bool referee_took_load() const { return m_taken >= m_load_sent; }
 
+    /// The same of the last start of a match. If not, the line belongs to a game before that match.
+    bool referee_took_match() const { return m_taken >= m_match_sent; }
+
     /// Whether the window is about to close: "quit" has been sent.
     bool is_leaving() const { return m_leaving; }
 
@@ -48,6 +51,7 @@ private:
     std::uint64_t m_sent = 0;           // commands so far
     std::uint64_t m_position_sent = 0;  // of these, up to the last that changed the position
     std::uint64_t m_load_sent = 0;      // likewise, the last that loads engines
+    std::uint64_t m_match_sent = 0;     // likewise, the last that starts a match
     std::uint64_t m_taken = 0;          // of these, what the referee had taken when it wrote its last line
     bool m_leaving = false;
     LogFile m_log;

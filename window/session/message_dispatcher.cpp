@@ -28,19 +28,31 @@ void MessageDispatcher::process(const std::string& line) {
 // ---------------------------------------------------------------------------------------------------------------
 // A game as it is played
 
+/// Whether the line is of the match that the person has chosen last, and has not left since.
+bool MessageDispatcher::shows_match() const {
+    return m_screen.frame.mode() == Mode::tournament && m_manager.referee_took_match();
+}
+
 bool MessageDispatcher::awaits_move() const {
-    return m_screen.frame.mode() == Mode::tournament ||
+    return shows_match() ||
            (m_screen.frame.mode() == Mode::human_computer && m_manager.referee_knows_position());
 }
 
 /// Whether the referee may begin a game or say from which position: in a match always; against an engine,
 /// where it echoes the person's own "New game", until the first step in that game.
 bool MessageDispatcher::awaits_start() const {
-    if (m_screen.frame.mode() == Mode::tournament) return true;
+    if (shows_match()) return true;
     ChessPosition start;
     start.new_game();
     return m_screen.frame.mode() == Mode::human_computer && m_session.record().is_empty() &&
            m_session.position().fen() == start.fen();
+}
+
+/// Where a match is about to begin, the game that is still on the board may be the one that has ended; not
+/// so when the person has changed its position.
+bool MessageDispatcher::awaits_end() const {
+    return m_screen.frame.mode() != Mode::tournament || m_manager.referee_took_match() ||
+           m_manager.referee_knows_position();
 }
 
 void MessageDispatcher::handle(const to_window::PlayMove& line) {
@@ -61,7 +73,10 @@ void MessageDispatcher::handle(const to_window::PlayMove& line) {
     m_session.play_for_engine(*move);
 }
 
-void MessageDispatcher::handle(const to_window::MoveTime& line) { m_session.append_move_time(line.time); }
+/// Belongs to the move ahead of it.
+void MessageDispatcher::handle(const to_window::MoveTime& line) {
+    if (awaits_move()) m_session.append_move_time(line.time);
+}
 
 void MessageDispatcher::handle(const to_window::TakeBack& /*line*/) {
     if (awaits_take_back()) m_session.take_back();
@@ -98,7 +113,7 @@ void MessageDispatcher::handle(const to_window::NewGame& /*line*/) {
 
 /// A game without a move isn't worth a place in the archive.
 void MessageDispatcher::handle(const to_window::GameOver& line) {
-    if (m_session.record().is_empty()) return;
+    if (m_session.record().is_empty() || !awaits_end()) return;
     m_screen.clocks.stop_clocks();
     m_session.end_game(line);
     // The archive has this one name, also when a tournament has set another event.
@@ -160,8 +175,9 @@ void MessageDispatcher::handle(const to_window::ResetMode& /*line*/) {
     m_screen.frame.select_mode(Mode::human_human);
 }
 
+/// The end of the match before would break off the one that has been chosen.
 void MessageDispatcher::handle(const to_window::TournamentFinished& /*line*/) {
-    m_screen.frame.select_mode(Mode::human_human);
+    if (m_manager.referee_took_match()) m_screen.frame.select_mode(Mode::human_human);
 }
 
 void MessageDispatcher::handle(const to_window::Quit& /*line*/) { m_screen.frame.close(); }

@@ -71,10 +71,13 @@ private:
     void handle(const to_window::Quit& line);
 
     // Lines cross on their way: one that the referee wrote before it heard of the person's last step would
-    // set the board back, while the referee goes on to follow that step. Such lines are dropped.
+    // set the board back, while the referee goes on to follow that step. Such lines are dropped. One step of
+    // that kind is to choose the match again while the referee still plays the one that was left.
+    bool shows_match() const;
     bool awaits_move() const;
     bool awaits_take_back() const { return m_screen.frame.mode() == Mode::learn_openings; }
     bool awaits_start() const;
+    bool awaits_end() const;
 
     GameSession& m_session;
     Screen m_screen;
