@@ -1,6 +1,6 @@
 # Debian packages by purpose, and the one function that installs what is missing. Sourced by the other scripts.
 
-build_packages=(g++ cmake ninja-build ccache pkg-config libgtkmm-3.0-dev)
+build_packages=(g++ cmake ninja-build ccache pkg-config libgtkmm-3.0-dev libsqlite3-dev)
 # The SVG loader, a font and icons make the window complete; stockfish is somebody to play against.
 run_packages=(librsvg2-common fonts-dejavu-core adwaita-icon-theme stockfish)
 test_packages=(
