@@ -132,6 +132,7 @@ std::unique_ptr<CollectionIndex::State> CollectionIndex::load(const IndexPlace& 
     try {
         state->database =
             std::make_unique<GameDatabase>(state->index_path + database_file, GameDatabase::Access::read);
+        if (manifest.games > 0 && !state->database->has_game(manifest.games - 1)) return nullptr;
     } catch (const std::runtime_error&) {
         return nullptr;
     }
@@ -161,9 +162,24 @@ std::uint64_t CollectionIndex::index_size() const {
     return size;
 }
 
+/// What `read` gets out of the database. One that turns out to be damaged takes the index with it.
+template <class Read>
+auto CollectionIndex::from_database(Read read) const {
+    try {
+        return read(*m_state->database);
+    } catch (const std::runtime_error& error) {
+        IndexPlace(m_state->pgn_path, m_state->directory).withdraw();
+        throw std::runtime_error(std::string(error.what()) +
+                                 "; open the collection again to renew its index");
+    }
+}
+
 GameRow CollectionIndex::row(std::uint32_t number) const {
+    return from_database([&](const GameDatabase& database) { return read_row(database, number); });
+}
+
+GameRow CollectionIndex::read_row(const GameDatabase& database, std::uint32_t number) const {
     const auto& game = games()[number];
-    const auto& database = *m_state->database;
     GameRow row;
     row.number = number;
     row.white = database.text(game.white);
@@ -180,16 +196,16 @@ GameRow CollectionIndex::row(std::uint32_t number) const {
     row.plies = game.plies;
     row.start = game.start;
     if (game.start != GameStart::normal) row.start_fen = database.start_fen(number);
-    row.remark = remark_of(game);
+    row.remark = remark_of(database, game);
     return row;
 }
 
 /// "illegal or unreadable move at ply 12: Qxz9".
-std::string CollectionIndex::remark_of(const GameColumns& game) const {
+std::string CollectionIndex::remark_of(const GameDatabase& database, const GameColumns& game) {
     if (game.remark == GameRemark::none) return {};
     std::string text(remark_text(game.remark));
     if (game.remark != GameRemark::bad_start) text += " at ply " + std::to_string(game.plies + 1);
-    if (game.remark_word != 0) text += ": " + m_state->database->text(game.remark_word);
+    if (game.remark_word != 0) text += ": " + database.text(game.remark_word);
     return text;
 }
 
@@ -253,7 +269,12 @@ std::vector<std::uint32_t> CollectionIndex::newest(std::vector<std::uint32_t> nu
 }
 
 const TextTable& CollectionIndex::texts() const {
-    m_state->texts.read(*m_state->database, m_state->manifest.texts);
+    if (m_state->texts.size() < m_state->manifest.texts) {
+        from_database([&](const GameDatabase& database) {
+            m_state->texts.read(database, m_state->manifest.texts);
+            return true;
+        });
+    }
     return m_state->texts;
 }
 

@@ -17,6 +17,8 @@
 
 namespace velmora {
 
+class GameDatabase;
+
 /// One game of a collection in words, as a list shows it.
 struct GameRow {
     std::uint32_t number = 0;  ///< from 0, in the order of the file
@@ -71,7 +73,8 @@ public:
     /// Bytes of the index on disk.
     std::uint64_t index_size() const;
 
-    /// REQUIRES of these: number < size(). Throw std::runtime_error when the index or the file can't be read.
+    /// REQUIRES of these: number < size(). Throw std::runtime_error when the file or the index can't be read;
+    /// the index is then made anew when the collection is opened again.
     GameRow row(std::uint32_t number) const;
     /// The game's text as it stands in the file.
     std::string pgn(std::uint32_t number) const;
@@ -99,7 +102,10 @@ private:
                                        const IndexManifest& manifest);
     static std::unique_ptr<State> bring_up(const std::string& pgn_path, const IndexOptions& options,
                                            const std::string& directory);
-    std::string remark_of(const GameColumns& game) const;
+    GameRow read_row(const GameDatabase& database, std::uint32_t number) const;
+    static std::string remark_of(const GameDatabase& database, const GameColumns& game);
+    template <class Read>
+    auto from_database(Read read) const;
 
     std::unique_ptr<State> m_state;
 };

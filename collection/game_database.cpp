@@ -62,6 +62,7 @@ GameDatabase::GameDatabase(const std::string& path, Access access) : m_path(path
         run(schema);
     }
     m_text = prepare("SELECT text FROM texts WHERE id = ?");
+    m_has_game = prepare("SELECT 'yes' FROM games WHERE number = ?");
     m_start_fen = prepare("SELECT start_fen FROM games WHERE number = ?");
     if (access == Access::read) return;
     m_add_text = prepare("INSERT OR REPLACE INTO texts VALUES(?, ?)");
@@ -109,6 +110,7 @@ void GameDatabase::add_game(std::uint32_t number, const GameColumns& game, std::
     step(row);
 }
 
+bool GameDatabase::has_game(std::uint32_t number) const { return !text_by(m_has_game.get(), number).empty(); }
 std::string GameDatabase::text(std::uint32_t number) const { return text_by(m_text.get(), number); }
 std::string GameDatabase::start_fen(std::uint32_t game) const { return text_by(m_start_fen.get(), game); }
 

@@ -35,6 +35,7 @@ public:
     void add_text(std::uint32_t number, std::string_view text);
     void add_game(std::uint32_t number, const GameColumns& game, std::string_view start_fen);
 
+    bool has_game(std::uint32_t number) const;
     /// Empty for a number that isn't there.
     std::string text(std::uint32_t number) const;
     /// The FEN tag of a game, empty for the usual start.
@@ -64,6 +65,7 @@ private:
     Statement m_add_game;
     Statement m_text;
     Statement m_start_fen;
+    Statement m_has_game;
 };
 
 }  // namespace velmora

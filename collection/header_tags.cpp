@@ -85,7 +85,7 @@ std::size_t HeaderTags::read(std::string_view text) {
 std::size_t HeaderTags::read_tag(std::string_view text) {
     const auto name_begin = 1 + blanks(text.substr(1));
     const auto quote = text.find('"', name_begin);
-    const auto name = text::trim_blanks(text.substr(name_begin, quote - name_begin));
+    const auto name = text::trim_white_space(text.substr(name_begin, quote - name_begin));
     // A nickname that is quoted twice has its end where quote and bracket come together.
     auto end = quote + 1;
     while (end < text.size() && text[end] != '\n') {

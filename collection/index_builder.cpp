@@ -88,7 +88,7 @@ IndexManifest IndexBuilder::append(IndexManifest manifest) {
     auto offset = manifest.read_to;
     GameTable table;
     if (!table.open(m_place.path_of(manifest, table_file), manifest.games)) {
-        throw std::runtime_error(m_place.path_of(manifest, table_file) + ": damaged");
+        return build();
     }
     std::uint64_t joined = 1;
     auto& segments = manifest.segments;
@@ -98,6 +98,7 @@ IndexManifest IndexBuilder::append(IndexManifest manifest) {
         offset = table.games()[first_game].offset;
         segments.pop_back();
     }
+    if (offset > m_source.size()) return build();  // the columns are damaged
     index_from(manifest, offset, first_game);
     m_place.publish(manifest);
     m_place.remove_all_but(manifest);

@@ -25,8 +25,8 @@ struct IndexProgress {
 struct IndexOptions {
     unsigned jobs = 0;  ///< threads; 0 for one on each core
     /// Called now and then by any of the threads, by one at a time.
-    std::function<void(const IndexProgress&)> on_progress;
-    std::stop_token stop;
+    std::function<void(const IndexProgress&)> on_progress{};
+    std::stop_token stop{};
 };
 
 /// The making of an index was stopped from outside; what was there before is there still.

@@ -79,6 +79,8 @@ void IndexPlace::publish(const IndexManifest& manifest) const {
     write_file_atomically(m_directory + m_name + manifest_end, manifest.to_text());
 }
 
+void IndexPlace::withdraw() const { ::unlink((m_directory + m_name + manifest_end).c_str()); }
+
 std::string IndexPlace::path_of(const IndexManifest& manifest, const std::string& file) const {
     return m_directory + manifest.directory + '/' + file;
 }

@@ -27,6 +27,8 @@ public:
     std::optional<IndexManifest> manifest() const;
     /// Makes a state the present one.
     void publish(const IndexManifest& manifest) const;
+    /// Takes a damaged state back, so that it is made anew the next time.
+    void withdraw() const;
 
     /// The path of a file of the index.
     std::string path_of(const IndexManifest& manifest, const std::string& file) const;

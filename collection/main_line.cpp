@@ -66,7 +66,7 @@ bool is_judgement(std::string_view word) {
 }  // namespace
 
 std::string_view MainLine::next() {
-    while (m_at < m_text.size()) {
+    while (m_at < m_text.size() && m_result.empty()) {
         switch (beginning(m_text[m_at])) {
             case Begins::nothing:
                 ++m_at;

@@ -18,6 +18,7 @@ namespace {
 constexpr std::uint64_t whole_up_to = std::uint64_t{4} << 20;
 constexpr std::uint64_t samples = 256;
 constexpr std::size_t sample_size = 16384;
+constexpr std::size_t front_size = 4096;
 
 std::int64_t modified_ns(const struct stat& status) {
     return std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec;
@@ -44,10 +45,13 @@ SourceFile::SourceFile(const std::string& path) : m_path(path) {
     if (::fstat(descriptor(), &status) != 0) throw std::runtime_error(path + ": " + std::strerror(errno));
     m_size = static_cast<std::uint64_t>(status.st_size);
     m_modified_ns = modified_ns(status);
-    std::vector<char> front(2);
-    const auto mark = read_at(descriptor(), 0, front);
-    if (mark == "\xFF\xFE" || mark == "\xFE\xFF") {
+    std::vector<char> buffer(front_size);
+    const auto front = read_at(descriptor(), 0, buffer);
+    if (front.starts_with("\xFF\xFE") || front.starts_with("\xFE\xFF")) {
         throw std::runtime_error(path + ": the text is in UTF-16; save it as UTF-8 to open it");
+    }
+    if (front.find('\0') != std::string_view::npos && front.find("[Event ") == std::string_view::npos) {
+        throw std::runtime_error(path + ": not a PGN file");
     }
 }
 

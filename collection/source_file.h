@@ -19,7 +19,10 @@ public:
         friend bool operator==(const Stamp&, const Stamp&) = default;
     };
 
-    /// Throws std::runtime_error with path and reason for what can't be read, and for a file in UTF-16.
+    /// Throws std::runtime_error with path and reason for what can't be read, for a file in UTF-16, and for
+    /// one that begins with zero bytes and no game.
+    ///
+    /// A binary file has brackets like any other, and would be a list of games that nobody can read.
     explicit SourceFile(const std::string& path);
 
     int descriptor() const { return m_file.descriptor(); }

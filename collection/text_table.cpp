@@ -46,17 +46,16 @@ std::string folded(std::string_view text) {
 void TextTable::read(const GameDatabase& database, std::uint32_t count) {
     if (size() >= count) return;
     m_ranks.clear();
-    database.for_each_text(size(), [this, count](std::uint32_t number, std::string_view text) {
-        // A number that is missing is an empty text.
-        while (size() < std::min(number, count)) {
-            m_begins.push_back(m_texts.size());
-            m_texts += '\n';
-        }
-        if (number >= count) return;
+    const auto append = [this](std::string_view text) {
         m_begins.push_back(m_texts.size());
-        m_texts += folded(text);
-        m_texts += '\n';
+        m_texts.append(text).append("\n");
+    };
+    database.for_each_text(size(), [&](std::uint32_t number, std::string_view text) {
+        // A number that is missing is an empty text.
+        while (size() < std::min(number, count)) append({});
+        if (number < count) append(folded(text));
     });
+    while (size() < count) append({});
 }
 
 std::string_view TextTable::text(std::uint32_t number) const {
