@@ -43,7 +43,7 @@ TEST(CollectionIndex, KnowsGamesAndWhatWasPlayed) {
         "[White \"no event\"]\n\n1. d4 Nf6 2. Nf3 (2. c4) 0-1\n\n"
         "[Event \"without result\"]\n\n1. Nf3 Nf6 2. Kf2\n"
         "[Event \"set up\"]\n[FEN \"4k3/8/8/8/8/8/8/4K2R w K - 0 1\"]\n\n1. O-O -- 2. Rf2 *\n"
-        "[Event \"960\"]\n[Variant \"Chess960\"]\n[FEN \"bbqnnrkr/pppppppp/8/8/8/8/PPPPPPPP/BBQNNRKR w HFhf "
+        "[Event \"960\"]\n[Variant \"Chess960\"]\n[FEN \"rk3r2/pppppppp/8/8/8/8/PPPPPPPP/RK3R2 w FAfa "
         "- 0 1\"]\n\n"
         "1. O-O O-O-O *\n"
         "[Event \"bad\"]\n[FEN \"nothing\"]\n\n1. e4 1/2-1/2\n");
