@@ -54,6 +54,19 @@ bool has_only_grown(const SourceFile& source, const IndexManifest& manifest) {
            source.digest(manifest.source.size) == manifest.source.digest;
 }
 
+/// Nothing when the files of the present state don't allow it: they aren't looked at ahead of it, which would
+/// take longer than the addition itself.
+std::optional<IndexManifest> appended(const IndexPlace& place, const SourceFile& source,
+                                      const IndexOptions& options, const IndexManifest& present) {
+    try {
+        return IndexBuilder(place, source, options).append(present);
+    } catch (const IndexStopped&) {
+        throw;
+    } catch (const std::runtime_error&) {
+        return std::nullopt;
+    }
+}
+
 }  // namespace
 
 std::optional<Move> move_in(const ChessPosition& position, std::uint16_t code) {
@@ -97,17 +110,15 @@ std::unique_ptr<CollectionIndex::State> CollectionIndex::bring_up(const std::str
     const auto lock = place.lock(options.stop);
     if (!lock) throw IndexStopped();
     // Another program may have made it while we waited.
-    bool is_damaged = false;
     const auto present = place.manifest();
     if (present && present->source == stamp) {
         if (auto state = loaded(*present)) return state;
-        is_damaged = true;
+    } else if (present && has_only_grown(*source, *present)) {
+        if (const auto longer = appended(place, *source, options, *present)) {
+            if (auto state = loaded(*longer)) return state;
+        }
     }
-    IndexBuilder builder(place, *source, options);
-    if (present && !is_damaged && has_only_grown(*source, *present) && load(place, nullptr, *present)) {
-        if (auto state = loaded(builder.append(*present))) return state;
-    }
-    auto state = loaded(builder.build());
+    auto state = loaded(IndexBuilder(place, *source, options).build());
     if (!state) throw std::runtime_error(place.pgn_path() + ": its index can't be read back");
     return state;
 }

@@ -43,8 +43,8 @@ SourceFile::SourceFile(const std::string& path) : m_path(path) {
     if (!m_file.open(path)) throw std::runtime_error(path + ": " + m_file.fault());
     struct stat status {};
     if (::fstat(descriptor(), &status) != 0) throw std::runtime_error(path + ": " + std::strerror(errno));
-    m_size = static_cast<std::uint64_t>(status.st_size);
-    m_modified_ns = modified_ns(status);
+    m_stamp.size = static_cast<std::uint64_t>(status.st_size);
+    m_stamp.modified_ns = modified_ns(status);
     std::vector<char> buffer(front_size);
     const auto front = read_at(descriptor(), 0, buffer);
     if (front.starts_with("\xFF\xFE") || front.starts_with("\xFE\xFF")) {
@@ -53,6 +53,7 @@ SourceFile::SourceFile(const std::string& path) : m_path(path) {
     if (front.find('\0') != std::string_view::npos && front.find("[Event ") == std::string_view::npos) {
         throw std::runtime_error(path + ": not a PGN file");
     }
+    m_stamp.digest = digest(m_stamp.size);
 }
 
 std::uint64_t SourceFile::digest(std::uint64_t size) const {
@@ -77,7 +78,7 @@ bool SourceFile::is_unchanged() const {
     struct stat status {};
     if (::fstat(descriptor(), &status) != 0) return false;
     const auto size = static_cast<std::uint64_t>(status.st_size);
-    return size > m_size || (size == m_size && modified_ns(status) == m_modified_ns);
+    return size > m_stamp.size || (size == m_stamp.size && modified_ns(status) == m_stamp.modified_ns);
 }
 
 }  // namespace velmora

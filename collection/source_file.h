@@ -26,10 +26,10 @@ public:
     explicit SourceFile(const std::string& path);
 
     int descriptor() const { return m_file.descriptor(); }
-    std::uint64_t size() const { return m_size; }
+    std::uint64_t size() const { return m_stamp.size; }
 
     /// Of the file as it was opened.
-    Stamp stamp() const { return {m_size, m_modified_ns, digest(m_size)}; }
+    const Stamp& stamp() const { return m_stamp; }
 
     /// The digest of samples of the first `size` bytes.
     ///
@@ -45,8 +45,7 @@ public:
 private:
     std::string m_path;
     RegularFile m_file;
-    std::uint64_t m_size = 0;
-    std::int64_t m_modified_ns = 0;
+    Stamp m_stamp;
 };
 
 }  // namespace velmora
