@@ -134,11 +134,15 @@ void measure_lists(const CollectionIndex& collection) {
     }
     print("a key of the filter \"" + typed + "\", the slowest", slowest);
     query.set_filter({});
-    for (const auto& [order, name] :
-         {std::pair{GameOrder::white, "white"}, {GameOrder::date, "date"}, {GameOrder::opening, "opening"}}) {
-        print(std::string("sort all by ") + name, median([&] {
+    struct Column {
+        GameOrder order;
+        const char* name;
+    };
+    for (const auto& column :
+         {Column{GameOrder::white, "white"}, {GameOrder::date, "date"}, {GameOrder::opening, "opening"}}) {
+        print(std::string("sort all by ") + column.name, median([&] {
                   query.set_order(GameOrder::number, GameQuery::Direction::ascending);
-                  query.set_order(order, GameQuery::Direction::descending);
+                  query.set_order(column.order, GameQuery::Direction::descending);
                   page();
               }));
     }

@@ -25,12 +25,12 @@ constexpr const char* schema = R"(
     INSERT INTO texts VALUES(0, '');
 )";
 
-void bind(sqlite3_stmt* statement, int place, std::uint64_t number) {
+void set_value(sqlite3_stmt* statement, int place, std::uint64_t number) {
     sqlite3_bind_int64(statement, place, static_cast<sqlite3_int64>(number));
 }
 
 /// An empty text is no value. REQUIRES: the text lives until the statement has been run.
-void bind(sqlite3_stmt* statement, int place, std::string_view text) {
+void set_value(sqlite3_stmt* statement, int place, std::string_view text) {
     if (text.empty()) {
         sqlite3_bind_null(statement, place);
     } else {
@@ -79,7 +79,7 @@ void GameDatabase::drop_from(std::uint32_t game, std::uint32_t text) {
 }
 
 void GameDatabase::add_text(std::uint32_t number, std::string_view text) {
-    bind(m_add_text.get(), 1, number);
+    set_value(m_add_text.get(), 1, number);
     sqlite3_bind_text(m_add_text.get(), 2, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
     step(m_add_text.get());
 }
@@ -89,24 +89,24 @@ void GameDatabase::add_game(std::uint32_t number, const GameColumns& game, std::
     const auto eco = eco_text(game.eco);
     auto* const row = m_add_game.get();
     int place = 0;
-    bind(row, ++place, number);
-    bind(row, ++place, game.white);
-    bind(row, ++place, game.black);
-    bind(row, ++place, game.white_elo);
-    bind(row, ++place, game.black_elo);
-    bind(row, ++place, game.event);
-    bind(row, ++place, game.site);
-    bind(row, ++place, date);
-    bind(row, ++place, game.round);
-    bind(row, ++place, result_text(game.result));
-    bind(row, ++place, eco);
-    bind(row, ++place, game.opening);
-    bind(row, ++place, game.plies);
-    bind(row, ++place, start_fen);
-    bind(row, ++place, remark_text(game.remark));
-    bind(row, ++place, game.remark_word);
-    bind(row, ++place, game.offset);
-    bind(row, ++place, game.length);
+    set_value(row, ++place, number);
+    set_value(row, ++place, game.white);
+    set_value(row, ++place, game.black);
+    set_value(row, ++place, game.white_elo);
+    set_value(row, ++place, game.black_elo);
+    set_value(row, ++place, game.event);
+    set_value(row, ++place, game.site);
+    set_value(row, ++place, date);
+    set_value(row, ++place, game.round);
+    set_value(row, ++place, result_text(game.result));
+    set_value(row, ++place, eco);
+    set_value(row, ++place, game.opening);
+    set_value(row, ++place, game.plies);
+    set_value(row, ++place, start_fen);
+    set_value(row, ++place, remark_text(game.remark));
+    set_value(row, ++place, game.remark_word);
+    set_value(row, ++place, game.offset);
+    set_value(row, ++place, game.length);
     step(row);
 }
 
@@ -115,7 +115,7 @@ std::string GameDatabase::text(std::uint32_t number) const { return text_by(m_te
 std::string GameDatabase::start_fen(std::uint32_t game) const { return text_by(m_start_fen.get(), game); }
 
 std::string GameDatabase::text_by(sqlite3_stmt* statement, std::uint32_t number) const {
-    bind(statement, 1, number);
+    set_value(statement, 1, number);
     const int status = sqlite3_step(statement);
     std::string text(status == SQLITE_ROW ? column_text(statement, 0) : std::string_view());
     sqlite3_reset(statement);
@@ -126,7 +126,7 @@ std::string GameDatabase::text_by(sqlite3_stmt* statement, std::uint32_t number)
 void GameDatabase::for_each_text(std::uint32_t first,
                                  const std::function<void(std::uint32_t, std::string_view)>& take) const {
     const auto statement = prepare("SELECT id, text FROM texts WHERE id >= ? ORDER BY id");
-    bind(statement.get(), 1, first);
+    set_value(statement.get(), 1, first);
     int status = sqlite3_step(statement.get());
     for (; status == SQLITE_ROW; status = sqlite3_step(statement.get())) {
         take(static_cast<std::uint32_t>(sqlite3_column_int64(statement.get(), 0)),

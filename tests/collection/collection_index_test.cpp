@@ -169,6 +169,7 @@ TEST(CollectionIndex, IsMadeByOneOfSeveral) {
     std::vector<std::string> seen(4);
     {
         std::vector<std::jthread> threads;
+        threads.reserve(seen.size());
         for (auto& one : seen) threads.emplace_back([&] { one = everything(collection.open()); });
     }
     for (const auto& one : seen) EXPECT_EQ(one, expected);
