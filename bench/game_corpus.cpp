@@ -1,7 +1,9 @@
-// Writes a PGN file for the measurements of game records: game_corpus <path> [<games>].
+// Writes a PGN file for the measurements of game records: game_corpus <path> [<games> [<opening lines>]].
 //
 // Random legal games, the same in every run. Two thirds are bare, with the seven tags alone; the others have
-// more tags, a comment at every move, glyphs and variations. 100,000 games make about 125 MB.
+// more tags, a comment at every move, glyphs and variations. 100,000 games make about 125 MB. With a file of
+// opening lines (openings/eco_lines.txt) each game begins with one of them, so that games share positions as
+// those of people do: for the measurements of collections, a million of them.
 
 #include <cstdint>
 #include <fstream>
@@ -9,6 +11,8 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "base/text.h"
 #include "chess/moves/legal_moves.h"
@@ -54,7 +58,9 @@ private:
 
 class GameMaker {
 public:
-    explicit GameMaker(std::ostream& out) : m_out(out) {}
+    /// `openings` are the moves of opening lines, without numbers; empty for none.
+    GameMaker(std::ostream& out, std::vector<std::string> openings)
+        : m_out(out), m_openings(std::move(openings)) {}
 
     void write_game(std::size_t number) {
         m_annotated = number % 3 == 2;
@@ -62,7 +68,8 @@ public:
         ChessPosition position;
         position.new_game();
         const auto plies = m_annotated ? 46 + m_dice.roll(64) : 40 + m_dice.roll(90);
-        write_line(position, plies, true);
+        const auto opening = m_openings.empty() ? std::string() : m_openings[m_dice.roll(m_openings.size())];
+        write_line(position, plies, true, text::words(opening));
         const auto* result = results[m_dice.roll(std::size(results))];
         m_lines.add(result);
         write_tags(number, result);
@@ -106,13 +113,15 @@ private:
         m_out << '\n';
     }
 
-    /// Moves from a position, with their numbers.
-    void write_line(ChessPosition& position, std::size_t plies, bool is_main) {
+    /// Moves from a position, with their numbers: those of the opening first.
+    void write_line(ChessPosition& position, std::size_t plies, bool is_main,
+                    const std::vector<std::string_view>& opening = {}) {
         bool needs_number = true;
-        for (; plies > 0; --plies) {
+        for (std::size_t ply = 0; ply < plies; ++ply) {
             const auto moves = legal_moves(position);
             if (moves.size() == 0 || position.is_fifty()) return;
-            const auto move = moves[m_dice.roll(moves.size())];
+            const auto move = ply < opening.size() ? *find_legal(position, SanMove(position, opening[ply]))
+                                                   : moves[m_dice.roll(moves.size())];
             if (position.side() == 1) {
                 m_lines.add(std::to_string(position.fullmove()) + ".");
             } else if (needs_number) {
@@ -154,21 +163,43 @@ private:
     }
 
     std::ostream& m_out;
+    const std::vector<std::string> m_openings;
     Dice m_dice;
     Lines m_lines;
     bool m_annotated = false;
 };
 
+/// The moves of lines "code | opening | variation | 1.e4 e5", without their numbers.
+std::vector<std::string> read_openings(const char* path) {
+    std::vector<std::string> openings;
+    std::ifstream lines(path);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.empty() || line.front() == '#') continue;
+        std::string moves;
+        for (auto word : text::words(std::string_view(line).substr(line.rfind('|') + 1))) {
+            word.remove_prefix(word.rfind('.') + 1);
+            moves.append(word).append(" ");
+        }
+        openings.push_back(moves);
+    }
+    return openings;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc < 2) {
-        std::cerr << "usage: game_corpus <path> [<games>]\n";
+        std::cerr << "usage: game_corpus <path> [<games> [<opening lines>]]\n";
         return 2;
     }
     const auto games = argc > 2 ? text::strict_integer<std::size_t>(argv[2]).value_or(0) : 100000;
     std::ofstream out(argv[1], std::ios::binary);
-    GameMaker maker(out);
+    const auto openings = argc > 3 ? read_openings(argv[3]) : std::vector<std::string>();
+    if (argc > 3 && openings.empty()) {
+        std::cerr << argv[3] << ": no openings\n";
+        return 1;
+    }
+    GameMaker maker(out, openings);
     for (std::size_t number = 0; number < games; ++number) maker.write_game(number);
     out.close();
     if (!out) std::cerr << argv[1] << ": can't be written\n";

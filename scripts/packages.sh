@@ -1,6 +1,6 @@
 # Debian packages by purpose, and the one function that installs what is missing. Sourced by the other scripts.
 
-build_packages=(g++ cmake ninja-build ccache pkg-config libgtkmm-3.0-dev)
+build_packages=(g++ cmake ninja-build ccache pkg-config libgtkmm-3.0-dev libsqlite3-dev)
 # The SVG loader, a font and icons make the window complete; stockfish is somebody to play against.
 run_packages=(librsvg2-common fonts-dejavu-core adwaita-icon-theme stockfish)
 test_packages=(
@@ -13,7 +13,7 @@ check_packages=(git clang clang-format clang-tidy libclang-rt-14-dev valgrind)
 # dpkg-dev and file find the libraries that the program needs, librsvg2-bin draws the icons.
 package_packages=(dpkg-dev file librsvg2-bin)
 # The chess programs are those that the figures stand beside.
-bench_packages=(libbenchmark-dev libx11-dev stockfish pgn-extract xboard gnome-chess)
+bench_packages=(libbenchmark-dev libx11-dev liblmdb-dev stockfish pgn-extract scid xboard gnome-chess)
 
 # Its lessons and puzzles are 1300 games with starts, variations and comments. Only these files are wanted: installed, it
 # would bring an endgame library, a database and much of a desktop along.
