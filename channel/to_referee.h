@@ -35,41 +35,42 @@ struct Effects {
     bool starts_search = false;  ///< of the first engine, outside of a match
     bool only_wakes = false;     ///< asks for nothing; the game takes its step, as behind every line
     bool quits = false;          ///< overtakes all that waits
+    bool ends_review = false;    ///< a review that runs
 };
 
 // -- Modes and the game
 
 struct AnalyzePosition {
-    static constexpr Effects effects{.leaves_match = true, .starts_search = true};
+    static constexpr Effects effects{.leaves_match = true, .starts_search = true, .ends_review = true};
     static constexpr auto form = line("analyzeposition");
 };
 
 /// The first engine takes the side to move.
 struct Go {
-    static constexpr Effects effects{.leaves_match = true, .starts_search = true};
+    static constexpr Effects effects{.leaves_match = true, .starts_search = true, .ends_review = true};
     static constexpr auto form = line("go");
 };
 
 struct HumanHuman {
-    static constexpr Effects effects{.leaves_match = true};
+    static constexpr Effects effects{.leaves_match = true, .ends_review = true};
     static constexpr auto form = line("human_human");
 };
 
 /// The drill against a book.
 struct LearnOpenings {
     int hints = 0;  ///< bit 0: White's moves are shown, bit 1: Black's; 0 ends the drill
-    static constexpr Effects effects{.leaves_match = true};
+    static constexpr Effects effects{.leaves_match = true, .ends_review = true};
     static constexpr auto form = line("learnopenings", number(&LearnOpenings::hints));
 };
 
 struct NewGame {
-    static constexpr Effects effects{.changes_position = true};
+    static constexpr Effects effects{.changes_position = true, .ends_review = true};
     static constexpr auto form = line("new");
 };
 
 /// The person takes the side to move.
 struct PlayOther {
-    static constexpr Effects effects{.leaves_match = true};
+    static constexpr Effects effects{.leaves_match = true, .ends_review = true};
     static constexpr auto form = line("playother");
 };
 
@@ -86,6 +87,26 @@ struct UserMove {
     static constexpr auto form = line("usermove", token(&UserMove::move));
 };
 
+// -- A review
+
+/// The first engine goes through positions of a line, in the order of the plies:
+/// "review 7 fixed_movetime 500 2,1 <FEN> moves e2e4 e7e5". One that runs already ends.
+struct Review {
+    std::int32_t run = 0;  ///< a number of the sender's choice, which the answers bear
+    std::string mode;      ///< what the engine is given for each, in the words of a level:
+    std::string amount;    ///< "fixed_depth 12", "fixed_nodes 1000", "fixed_movetime 500"
+    std::string plies;     ///< so many moves ahead of each position, "80,79,3"; "-" for none
+    std::string position;  ///< the FEN of the start, the word "moves", and the moves in coordinates
+    static constexpr Effects effects{.leaves_match = true, .starts_search = true, .ends_review = true};
+    static constexpr auto form = line("review", number(&Review::run), token(&Review::mode),
+                                      token(&Review::amount), token(&Review::plies), rest(&Review::position));
+};
+
+struct ReviewStop {
+    static constexpr Effects effects{.ends_review = true};
+    static constexpr auto form = line("review_stop");
+};
+
 // -- Engines and settings
 
 /// Fills the first seat.
@@ -95,7 +116,7 @@ struct Load {
     std::int32_t protocol = 0;  ///< 1 to 3; every other number has it found out
     Source source = Source::unknown;
     std::string what;  ///< the program's path, or the name in the list of installed engines
-    static constexpr Effects effects{.seats_engines = true};
+    static constexpr Effects effects{.seats_engines = true, .ends_review = true};
     static constexpr auto form =
         line("load", number(&Load::protocol),
              one_of<Source>(&Load::source,
@@ -148,7 +169,7 @@ struct LoadTournament {
 };
 
 struct StartTournament {
-    static constexpr Effects effects{.seats_engines = true, .starts_match = true};
+    static constexpr Effects effects{.seats_engines = true, .starts_match = true, .ends_review = true};
     static constexpr auto form = line("start_tournament");
 };
 
@@ -163,13 +184,13 @@ struct WakeUp {
 };
 
 struct Quit {
-    static constexpr Effects effects{.quits = true};
+    static constexpr Effects effects{.quits = true, .ends_review = true};
     static constexpr auto form = line("quit");
 };
 
 using Line = std::variant<AnalyzePosition, Go, HumanHuman, LearnOpenings, NewGame, PlayOther, SetBoard,
-                          UserMove, Load, SetLevel, Ponder, SetOption, PolyglotBook, Book, Debug,
-                          LoadTournament, StartTournament, WakeUp, Quit>;
+                          UserMove, Review, ReviewStop, Load, SetLevel, Ponder, SetOption, PolyglotBook, Book,
+                          Debug, LoadTournament, StartTournament, WakeUp, Quit>;
 
 /// The text of a command, without a sender.
 std::string encode(const Line& line);

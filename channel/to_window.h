@@ -90,6 +90,39 @@ struct SearchOutput {
              verbatim_rest(&SearchOutput::text));
 };
 
+// -- A review
+
+/// What the engine has found out about a position of the run, in the form of its search output:
+/// "reviewed 7 2 g1f3 depth 18 score cp 35 ... pv g1f3 b8c6".
+struct Reviewed {
+    int run = 0;
+    int ply = 0;         ///< moves ahead of the position
+    std::string choice;  ///< the move that the engine would make, in coordinates
+    std::string text;
+    static constexpr auto form = line("reviewed", number(&Reviewed::run), number(&Reviewed::ply),
+                                      token(&Reviewed::choice), trimmed_rest(&Reviewed::text));
+};
+
+/// Nothing is to be found out about a position: the engine has said nothing, or dies there.
+struct ReviewLeftOut {
+    int run = 0;
+    int ply = 0;
+    static constexpr auto form =
+        line("review_left_out", number(&ReviewLeftOut::run), number(&ReviewLeftOut::ply));
+};
+
+struct ReviewFinished {
+    enum class Reason { done, stopped, failed };
+
+    int run = 0;
+    Reason reason = Reason::done;  ///< failed: no engine, or one that doesn't answer; or nothing to read
+    static constexpr Effects effects{.ends_search = true};
+    static constexpr auto form = line(
+        "review_finished", number(&ReviewFinished::run),
+        one_of<Reason>(&ReviewFinished::reason,
+                       {{"done", Reason::done}, {"stopped", Reason::stopped}, {"failed", Reason::failed}}));
+};
+
 // -- What is shown around the board
 
 struct SetEvent {
@@ -197,10 +230,10 @@ struct Quit {
     static constexpr auto form = line("quit");
 };
 
-using Line =
-    std::variant<PlayMove, MoveTime, TakeBack, SetBoard, Shout, NewGame, GameOver, SearchOutput, SetEvent,
-                 SetSite, SetRound, MatchProgress, SetLevel, SetClock, EngineName, PlayerName, PlayerElo,
-                 SetArrow, ClearArrows, TellUser, ResetMode, TournamentFinished, Quit>;
+using Line = std::variant<PlayMove, MoveTime, TakeBack, SetBoard, Shout, NewGame, GameOver, SearchOutput,
+                          Reviewed, ReviewLeftOut, ReviewFinished, SetEvent, SetSite, SetRound, MatchProgress,
+                          SetLevel, SetClock, EngineName, PlayerName, PlayerElo, SetArrow, ClearArrows,
+                          TellUser, ResetMode, TournamentFinished, Quit>;
 
 /// The text that travels.
 std::string encode(const Line& line);

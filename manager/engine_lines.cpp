@@ -15,11 +15,20 @@ GameEnd EngineLines::process(Seat seat, std::string_view line) {
     // An engine that has been replaced may still have lines in the queue.
     if (!said || !m_seats.is_current(seat, said->instance_id)) return {};
 
+    const bool reviews = m_review.is_running() && seat == Seat::first;
     switch (said->word()) {
         case EngineWord::info:
-            info(seat, said->rest());
+            if (reviews) {
+                m_review.note_search(said->rest());
+            } else {
+                info(seat, said->rest());
+            }
             return {};
         case EngineWord::best_move:
+            if (reviews) {
+                m_review.take_answer(*said);
+                return {};
+            }
             return best_move(*said);
         case EngineWord::resign:
             return resign(seat);
@@ -55,6 +64,7 @@ GameEnd EngineLines::best_move(const EngineLine& line) {
 
 GameEnd EngineLines::resign(Seat seat) {
     // Between the games of a match it would count for the game after, and elsewhere once more for the same.
+    if (m_review.is_running()) return {};
     const bool over = m_state.mode == ManagerMode::match ? !is_engine_turn(m_state.turn) : m_state.game_over;
     if (over) return {};
     m_state.pending = Move();

@@ -6,6 +6,7 @@
 #include "manager/engine_seats.h"
 #include "manager/game_result.h"
 #include "manager/referee_state.h"
+#include "manager/review_mode.h"
 
 namespace velmora {
 
@@ -16,7 +17,8 @@ namespace velmora {
 /// late, not wrong, and is dropped without a word. What passes and is no legal move loses the game.
 class EngineLines {
 public:
-    EngineLines(RefereeState& state, EngineSeats& seats) : m_state(state), m_seats(seats) {}
+    EngineLines(RefereeState& state, EngineSeats& seats, ReviewMode& review)
+        : m_state(state), m_seats(seats), m_review(review) {}
 
     /// Handles a whole queue line: seat number, instance id, word, rest.
     /// A move isn't played here, it is left as the pending one: the mode's next step plays it.
@@ -29,6 +31,7 @@ private:
 
     RefereeState& m_state;
     EngineSeats& m_seats;
+    ReviewMode& m_review;
 };
 
 }  // namespace velmora

@@ -83,6 +83,7 @@ public:
     void stop_all();
     void new_game_for_all();
     void set_ponder(bool ponder);
+    bool ponders() const { return m_ponder; }
     void pass_debug_flag();
     /// Hands out the time control of the state, and tells the window each engine's clock.
     /// Also in the middle of a game: the engines' clocks begin anew with it.

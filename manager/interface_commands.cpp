@@ -20,8 +20,14 @@ Protocol protocol_of(std::int32_t number) {
 }  // namespace
 
 InterfaceCommands::InterfaceCommands(RefereeState& state, EngineSeats& seats, AnalyzeMode& analyze,
-                                     PlayMode& play, LearnMode& learn, MatchMode& match)
-    : m_state(state), m_seats(seats), m_analyze(analyze), m_play(play), m_learn(learn), m_match(match) {}
+                                     PlayMode& play, LearnMode& learn, MatchMode& match, ReviewMode& review)
+    : m_state(state),
+      m_seats(seats),
+      m_analyze(analyze),
+      m_play(play),
+      m_learn(learn),
+      m_match(match),
+      m_review(review) {}
 
 void InterfaceCommands::process(std::string_view line) {
     text::WordReader reader(line);
@@ -31,6 +37,7 @@ void InterfaceCommands::process(std::string_view line) {
     if (m_state.log.is_on()) m_state.log.write(" interface -> " + std::string(line));
     const auto command = to_referee::decode(reader.rest());
     if (!command) return;
+    if (to_referee::effects_of(reader.rest()).ends_review) m_review.stop();
     // The once-a-second word of a waiting window is nobody's wish for another game.
     if (!to_referee::effects_of(reader.rest()).only_wakes) m_state.game_over = false;
     std::visit([this](const auto& of) { run(of); }, *command);
@@ -104,7 +111,17 @@ void InterfaceCommands::run(const to_referee::Quit& /*command*/) {
     m_state.send(to_window::Quit());
 }
 
+void InterfaceCommands::run(const to_referee::Review& command) {
+    m_match.leave();
+    m_review.start(command);
+}
+
+/// The person looks at another position. That is the game's affair, and none of a review.
 void InterfaceCommands::run(const to_referee::SetBoard& command) {
+    if (m_review.is_running()) {
+        m_state.position.set_fen(command.fen);
+        return;
+    }
     // Late answers would count as illegal moves of the match's game.
     m_match.leave();
     m_seats.stop_all();

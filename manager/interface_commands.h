@@ -9,6 +9,7 @@
 #include "manager/match_mode.h"
 #include "manager/play_mode.h"
 #include "manager/referee_state.h"
+#include "manager/review_mode.h"
 
 namespace velmora {
 
@@ -22,7 +23,7 @@ namespace velmora {
 class InterfaceCommands {
 public:
     InterfaceCommands(RefereeState& state, EngineSeats& seats, AnalyzeMode& analyze, PlayMode& play,
-                      LearnMode& learn, MatchMode& match);
+                      LearnMode& learn, MatchMode& match, ReviewMode& review);
 
     /// Carries out one line, sender id included. An unknown word does nothing; a sender other than 0 throws
     /// std::logic_error.
@@ -43,6 +44,9 @@ private:
     void run(const to_referee::PolyglotBook& command);
     void run(const to_referee::Ponder& command);
     void run(const to_referee::Quit& command);
+    void run(const to_referee::Review& command);
+    /// It has ended already, as by every command that ends it.
+    void run(const to_referee::ReviewStop& /*command*/) {}
     void run(const to_referee::SetBoard& command);
     void run(const to_referee::SetOption& command);
     void run(const to_referee::StartTournament& command);
@@ -55,6 +59,7 @@ private:
     PlayMode& m_play;
     LearnMode& m_learn;
     MatchMode& m_match;
+    ReviewMode& m_review;
 };
 
 }  // namespace velmora

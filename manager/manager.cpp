@@ -41,8 +41,9 @@ Manager::Manager(CommandSink& window, std::string program_path, std::chrono::mil
       m_play(m_state, m_seats),
       m_learn(m_state, m_seats),
       m_match(m_state, m_seats),
-      m_commands(m_state, m_seats, m_analyze, m_play, m_learn, m_match),
-      m_engine_lines(m_state, m_seats) {}
+      m_review(m_state, m_seats),
+      m_commands(m_state, m_seats, m_analyze, m_play, m_learn, m_match, m_review),
+      m_engine_lines(m_state, m_seats, m_review) {}
 
 Manager::~Manager() = default;
 
@@ -84,6 +85,7 @@ void Manager::take_turn(const std::string& line) {
         // One after the other: the end of a game seats new engines.
         for (const auto seat : both_seats)
             settle(m_match.watch(seat, [&] { return has_waiting_lines(seat); }));
+        m_review.watch([&] { return has_waiting_lines(Seat::first); });
         // Games that begin at their end are ended one a line, so that none has to wait for all of them.
         if (m_match.is_over_at_start()) m_queue.put("");
     } catch (const pgn_error& error) {
@@ -125,6 +127,8 @@ GameEnd Manager::step() {
         case ManagerMode::learn:
             m_learn.step();
             return {};
+        case ManagerMode::review:
+            return {};  // goes on with the engine's answers
     }
     return {};
 }

@@ -17,6 +17,7 @@
 #include "manager/match_mode.h"
 #include "manager/play_mode.h"
 #include "manager/referee_state.h"
+#include "manager/review_mode.h"
 
 namespace velmora {
 
@@ -98,6 +99,7 @@ private:
     PlayMode m_play;
     LearnMode m_learn;
     MatchMode m_match;
+    ReviewMode m_review;
     InterfaceCommands m_commands;
     EngineLines m_engine_lines;
 };

@@ -13,6 +13,7 @@ enum class ManagerMode : std::int32_t {
     human_human = 2,  ///< the window keeps the game alone
     match = 3,        ///< engine 1 against engine 2, a tournament
     learn = 4,        ///< a person against an opening book
+    review = 5,       ///< engine 1 goes through the positions of a game
 };
 
 /// Whose move the referee waits for.
