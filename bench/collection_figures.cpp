@@ -38,8 +38,8 @@ double once(Call call) {
 
 template <class Call>
 double median(Call call) {
-    std::vector<double> times;
-    for (int round = 0; round < 11; ++round) times.push_back(once(call));
+    std::vector<double> times(11);
+    for (auto& time : times) time = once(call);
     std::nth_element(times.begin(), times.begin() + 5, times.end());
     return times[5];
 }

@@ -50,7 +50,8 @@ void GameDatabase::CloseDatabase::operator()(sqlite3* database) const { sqlite3_
 void GameDatabase::EndStatement::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
 GameDatabase::GameDatabase(const std::string& path, Access access) : m_path(path) {
-    const int flags = access == Access::read ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    // Reading, too: after an addition that was killed, the first one to look has to roll it back.
+    const int flags = SQLITE_OPEN_READWRITE;
     sqlite3* database = nullptr;
     const int status = sqlite3_open_v2(path.c_str(), &database,
                                        flags | (access == Access::fresh ? SQLITE_OPEN_CREATE : 0), nullptr);

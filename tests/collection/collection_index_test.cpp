@@ -213,7 +213,17 @@ TEST(CollectionIndex, SaysWhatItCannotRead) {
     EXPECT_THROW(CollectionIndex::open(scratch.path("empty.pgn"), {}, blocked + "/below"),
                  std::runtime_error);
 
-    // Cut short under the hands of who has it open.
+    // Cut short while it is read, and under the hands of who has it open.
+    std::string long_pgn;
+    while (long_pgn.size() < std::size_t{9} << 20) long_pgn += games(0, 100);
+    const Collection shrinking(long_pgn);
+    IndexOptions cutting{.jobs = 1};
+    cutting.on_progress = [&](const IndexProgress&) {
+        std::filesystem::resize_file(shrinking.path, 5 << 20);
+    };
+    EXPECT_EQ(test::thrown_text<std::runtime_error>([&] { shrinking.open(cutting); }),
+              shrinking.path + ": the file became shorter while it was read");
+    EXPECT_TRUE(shrinking.files().empty());
     const Collection collection(games(0, 10));
     const auto index = collection.open();
     std::filesystem::resize_file(collection.path, 100);
