@@ -19,7 +19,7 @@ struct Key {
     Kind kind;
 };
 
-constexpr auto keys = std::to_array<Key>({
+constexpr auto filter_keys = std::to_array<Key>({
     {"white", Kind::white},
     {"black", Kind::black},
     {"event", Kind::event},
@@ -134,9 +134,9 @@ private:
             return;
         }
         const auto name = folded(m_line.substr(begin, key_end - begin));
-        const auto* const key =
-            std::find_if(keys.begin(), keys.end(), [&](const Key& k) { return k.name == name; });
-        if (key == keys.end()) {
+        const auto* const key = std::find_if(filter_keys.begin(), filter_keys.end(),
+                                             [&](const Key& k) { return k.name == name; });
+        if (key == filter_keys.end()) {
             note(begin,
                  "no such key; there are white, black, event, site, opening, round, elo, year, eco, moves, "
                  "result");

@@ -98,6 +98,7 @@ void GameReview::add_line(Game& game, std::size_t ply, const SearchInfo& info,
     if (first.empty()) return;
     if (line.empty() || line.front().san != first.front().san) line = first;
     std::vector<Move> moves;
+    moves.reserve(line.size());
     for (const LineMove& each : line) moves.push_back(each.move);
     const auto stood = game.current();
     game.go_to(m_line.at(ply - 1).node);
