@@ -24,7 +24,7 @@ inline std::uint64_t checksum(std::string_view bytes, std::uint64_t sum = 0x9E37
         step(word);
     }
     std::uint64_t rest = 0;
-    std::memcpy(&rest, bytes.data(), bytes.size());
+    if (!bytes.empty()) std::memcpy(&rest, bytes.data(), bytes.size());  // of nothing there is no address
     step(rest);
     return sum;
 }
