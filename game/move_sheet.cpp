@@ -12,7 +12,8 @@ namespace velmora {
 /// Walks the lines of a tree, the open ones in a list of its own: no depth of nesting uses up the stack.
 class MoveSheetBuilder {
 public:
-    MoveSheetBuilder(const GameTree& tree, MoveSheet& sheet) : m_tree(tree), m_sheet(sheet) {}
+    MoveSheetBuilder(const GameTree& tree, std::int32_t covered, MoveSheet& sheet)
+        : m_tree(tree), m_covered(covered), m_sheet(sheet) {}
 
     void build();
 
@@ -42,6 +43,7 @@ private:
     }
 
     const GameTree& m_tree;
+    const std::int32_t m_covered;
     MoveSheet& m_sheet;
     std::vector<Line> m_lines;  // innermost last
     bool m_number_due = true;   // something stands between the next move and the one ahead of it
@@ -58,7 +60,7 @@ void MoveSheetBuilder::build() {
     while (!m_lines.empty()) {
         Line& line = m_lines.back();
         const auto& node = m_tree.node(line.at);
-        if (line.alternative < node.children_count()) {
+        if (line.at != m_covered && line.alternative < node.children_count()) {
             open_variation(node.child_at(line.alternative++), line.next);
         } else if (node.children_count() > 0) {
             enter(node.child_at(0), after(line.next));
@@ -112,7 +114,7 @@ void MoveSheetBuilder::add_move(std::int32_t id, const MoveSectionElement& node,
     item.numbered = m_number_due || ply.side == Side::white;
     item.glyph = node.nag;
     const auto& siblings = m_tree.node(node.pid).children;
-    if (siblings.size() > 1) {
+    if (siblings.size() > 1 && node.pid != m_covered) {
         const auto place = m_tree.place_of(id);
         if (place > 0) item.above = siblings[place - 1];
         if (place + 1 < siblings.size()) item.below = siblings[place + 1];
@@ -161,7 +163,9 @@ void MoveSheetBuilder::add_result(std::int32_t id, std::string_view result) {
     add(SheetItemKind::result, id).text = text::trim_blanks(result);
 }
 
-MoveSheet::MoveSheet(const GameTree& tree) { MoveSheetBuilder(tree, *this).build(); }
+MoveSheet::MoveSheet(const GameTree& tree, std::int32_t covered) {
+    MoveSheetBuilder(tree, covered, *this).build();
+}
 
 std::size_t MoveSheet::index_of(std::int32_t node) const {
     return node >= 0 && static_cast<std::size_t>(node) < m_index.size()

@@ -46,7 +46,8 @@ struct SheetItem {
 class MoveSheet {
 public:
     MoveSheet() = default;
-    explicit MoveSheet(const GameTree& tree);
+    /// @param covered  the node whose moves are shown without their alternatives, -1 for none
+    explicit MoveSheet(const GameTree& tree, std::int32_t covered = -1);
 
     const std::vector<SheetItem>& items() const { return m_items; }
 

@@ -16,6 +16,8 @@ inline constexpr Evaluation start_evaluation{Evaluation::Kind::centipawns, 15, B
 struct Accuracy {
     std::int32_t average_loss = 0;  ///< centipawns a move
     double percent = 100;           ///< 0 to 100
+
+    bool operator==(const Accuracy&) const = default;
 };
 
 /// A side's chance to win in per cent: 50 + 50 times its winning chances, evaluations cut at 10 pawns.

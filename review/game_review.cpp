@@ -1,7 +1,6 @@
 #include "review/game_review.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "analysis/san_line.h"
 
@@ -12,20 +11,7 @@ namespace {
 /// Moves of the engine's line that are shown beside a marked move.
 constexpr std::size_t shown_moves = 10;
 
-std::string counted(std::int32_t count, const char* one, const char* more) {
-    return std::to_string(count) + ' ' + (count == 1 ? one : more);
-}
-
 }  // namespace
-
-std::string SideSummary::text() const {
-    std::string text = counted(inaccuracies, "inaccuracy", "inaccuracies") + ", " +
-                       counted(mistakes, "mistake", "mistakes") + ", " +
-                       counted(blunders, "blunder", "blunders");
-    if (!accuracy) return text;
-    return text + ", average loss " + counted(accuracy->average_loss, "centipawn", "centipawns") +
-           ", accuracy " + std::to_string(std::lround(accuracy->percent)) + "%";
-}
 
 GameReview::GameReview(const Game& game, const ReviewSettings& settings, std::string_view engine)
     : m_settings(settings),
@@ -132,14 +118,11 @@ ReviewNote GameReview::note() const {
 
 void GameReview::finish(Game& game) {
     if (m_taken == 0 && !m_wanted.empty()) return;
-    std::string text(summary_beginning);
-    text += m_engine + ", " + effort_text(m_settings.level) + ".";
+    ReviewSummary whole{m_engine + ", " + effort_text(m_settings.level), {}};
     for (const Side side : {Side::white, Side::black}) {
-        if (!m_settings.judges(side)) continue;
-        text += side == Side::white ? " White: " : " Black: ";
-        text += summary(game, side).text() + ".";
+        if (m_settings.judges(side)) whole.of[side] = summary(game, side);
     }
-    text += ' ' + note().text();
+    const std::string text = whole.text() + ' ' + note().text();
     game.set_comment(0, with_review_summary(game.tree().node(0).comment, text));
 }
 

@@ -8,34 +8,14 @@
 #include <vector>
 
 #include "analysis/search_info.h"
-#include "engine/time/level.h"
 #include "game/game.h"
-#include "review/accuracy.h"
 #include "review/review_note.h"
+#include "review/review_settings.h"
+#include "review/review_summary.h"
 #include "review/reviewed_line.h"
 #include "review/verdict.h"
 
 namespace velmora {
-
-/// What a review is asked to do.
-struct ReviewSettings {
-    Level level = Level("fixed_movetime 500");  ///< a depth, nodes, or a time for each position
-    bool white = true;                          ///< White's moves are judged
-    bool black = true;                          ///< Black's
-
-    bool judges(Side side) const { return side == Side::white ? white : black; }
-};
-
-/// One side's part of the verdict on a game.
-struct SideSummary {
-    std::int32_t inaccuracies = 0;
-    std::int32_t mistakes = 0;
-    std::int32_t blunders = 0;
-    std::optional<Accuracy> accuracy;  ///< nothing where no move could be judged
-
-    /// "2 inaccuracies, 1 mistake, 0 blunders, average loss 34 centipawns, accuracy 91%".
-    std::string text() const;
-};
 
 /// The review of one game: which positions an engine has to look at, and what becomes of the record when it
 /// has.

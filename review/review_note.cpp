@@ -12,8 +12,6 @@ namespace velmora {
 
 namespace {
 
-constexpr std::string_view opening = "[%review ";
-
 std::int32_t amount(const Level& level) {
     switch (level.level_t()) {
         case LevelType::fixed_depth:
@@ -44,18 +42,10 @@ std::optional<Level> read_level(std::string_view mode, std::string_view number) 
     }
 }
 
-/// Begin and end of a summary with its note; nothing where there is none.
-std::optional<std::pair<std::size_t, std::size_t>> find_summary(std::string_view comment) {
-    const auto note = comment.rfind(opening);
-    if (note == std::string_view::npos) return std::nullopt;
-    const auto words = comment.substr(0, note).rfind(summary_beginning);
-    return std::pair(words == std::string_view::npos ? note : words, end_of_annotation(comment, note));
-}
-
 }  // namespace
 
 std::string ReviewNote::text() const {
-    std::string text(opening);
+    std::string text(review_note_beginning);
     text += std::to_string(first_ply) + '-' + std::to_string(last_ply) + ' ' + level.text() + ' ' + engine;
     return text + ']';
 }
@@ -73,9 +63,9 @@ std::string review_name(std::string_view engine) {
 
 std::optional<ReviewNote> find_review_note(std::string_view comment) {
     const std::string line = on_one_line(comment);
-    const auto begin = line.rfind(opening);
+    const auto begin = line.rfind(review_note_beginning);
     if (begin == std::string::npos) return std::nullopt;
-    text::WordReader reader(std::string_view(line).substr(begin + opening.size()));
+    text::WordReader reader(std::string_view(line).substr(begin + review_note_beginning.size()));
     const auto range = reader.word();
     const auto dash = range.find('-');
     if (dash == std::string_view::npos) return std::nullopt;
@@ -87,15 +77,6 @@ std::optional<ReviewNote> find_review_note(std::string_view comment) {
     const auto end = rest.find(']');
     if (!first || !last || !level || end == std::string_view::npos) return std::nullopt;
     return ReviewNote{*first, *last, *level, std::string(text::trim_blanks(rest.substr(0, end)))};
-}
-
-std::string with_review_summary(std::string_view comment, std::string_view summary) {
-    std::string text = on_one_line(comment);
-    if (const auto old = find_summary(text)) {
-        return text.replace(old->first, old->second - old->first, summary);
-    }
-    if (!text.empty() && !text.ends_with(' ')) text += ' ';
-    return text.append(summary);
 }
 
 std::string with_evaluation(std::string_view comment, std::string_view evaluation, std::int32_t depth) {

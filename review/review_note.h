@@ -31,14 +31,11 @@ struct ReviewNote {
 /// A name as it can stand in the annotation.
 std::string review_name(std::string_view engine);
 
+/// How the annotation begins.
+inline constexpr std::string_view review_note_beginning = "[%review ";
+
 /// The note in the comment ahead of the first move; nothing without one that can be read.
 std::optional<ReviewNote> find_review_note(std::string_view comment);
-
-/// The comment with `summary`, which ends with a note, in place of the one before, or behind all else.
-std::string with_review_summary(std::string_view comment, std::string_view summary);
-
-/// How a summary begins.
-inline constexpr std::string_view summary_beginning = "Review by ";
 
 /// A comment whose evaluation and depth are these; they stand first, all else of it stays. A comment that
 /// would become too long for a file loses the depth, then stays as it was.

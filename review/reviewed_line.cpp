@@ -77,9 +77,9 @@ ChessPosition ReviewedLine::position(std::size_t ply) const {
     return position;
 }
 
-std::string ReviewedLine::text() const {
+std::string ReviewedLine::text(std::size_t count) const {
     std::string text = m_start.fen() + " moves";
-    for (std::size_t ply = 1; ply <= plies(); ++ply) text += ' ' + m_positions[ply].move.to_string(true);
+    for (std::size_t ply = 1; ply <= count; ++ply) text += ' ' + m_positions[ply].move.to_string(true);
     return text;
 }
 

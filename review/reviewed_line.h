@@ -49,7 +49,9 @@ public:
 
     /// The whole line as the referee is given it: a FEN, and behind the word "moves" the moves in
     /// coordinates.
-    std::string text() const;
+    std::string text() const { return text(plies()); }
+    /// The same of its first `count` moves.
+    std::string text(std::size_t count) const;
 
     /// Whether a game still has this line, by ids and moves; it may have become longer.
     bool fits(const Game& game) const;

@@ -70,16 +70,19 @@ Interface::Interface(std::string program_path, int board_size)
       m_search(m_session, m_screen, m_engine, m_dispatcher, m_link,
                [this] { return m_manager.get_enginevariables(); }),
       m_activity(m_session, m_screen, m_engine, m_dispatcher),
+      m_review(m_session, m_screen, m_dialogs, m_engine, m_link, m_dispatcher, m_navigation, m_user_moves),
       m_panel(
-          m_session, m_screen, m_navigation, m_search, m_activity, m_board, m_evaluation_bar,
+          m_session, m_screen, m_navigation, m_search, m_activity, m_review, m_board, m_evaluation_bar,
           [this] { m_actions.set_active("ShowSidePanel", true); },
           [this] { m_actions.set_active("ShowCommentEditor", true); }),
+      m_review_panel(m_session, m_review, m_panel.widget(),
+                     [this] { m_actions.set_active("ShowSidePanel", true); }),
       m_windows(*this,
                 [this] {
                     m_session.tell({Change::record, Change::position});
                 }),
-      m_rooms{m_link,  m_session, m_dialogs,     m_board,   m_modes,
-              m_files, m_engines, m_tournaments, m_windows, m_panel},
+      m_rooms{m_link,    m_session,     m_dialogs, m_board,   m_modes, m_files,
+              m_engines, m_tournaments, m_review,  m_windows, m_panel},
       m_actions(m_rooms) {
     Glib::signal_timeout().connect(sigc::mem_fun(*this, &Interface::on_timeout), tick_ms);
     m_manager_thread = std::thread(std::ref(m_manager));
@@ -216,9 +219,13 @@ void Interface::open_dropped(const std::vector<Glib::ustring>& uris) {
 bool Interface::on_timeout() {
     m_clocks.update();
     process_manager_messages();
-    if (m_ticks % panel_ticks == 0) m_panel.refresh();
+    if (m_ticks % panel_ticks == 0) {
+        m_panel.refresh();
+        m_review_panel.refresh();
+    }
     // The referee acts on lines alone, and an engine that has died or fallen silent sends none.
-    if (++m_ticks % wake_up_ticks == 0 && m_modes.awaits_engine()) m_link.send(to_referee::WakeUp());
+    const bool awaits_engine = m_modes.awaits_engine() || m_review.awaits_engine();
+    if (++m_ticks % wake_up_ticks == 0 && awaits_engine) m_link.send(to_referee::WakeUp());
     return true;
 }
 

@@ -31,6 +31,8 @@
 #include "window/navigation_bar.h"
 #include "window/navigation_keys.h"
 #include "window/panel/analysis_panel.h"
+#include "window/panel/review_panel.h"
+#include "window/review/review_room.h"
 #include "window/session/activity.h"
 #include "window/session/game_presenter.h"
 #include "window/session/game_session.h"
@@ -136,7 +138,9 @@ private:
     TournamentFlows m_tournaments;
     SearchDisplay m_search;
     Activity m_activity;
+    ReviewRoom m_review;
     AnalysisPanel m_panel;
+    ReviewPanel m_review_panel;
     SecondaryWindows m_windows;
     Rooms m_rooms;
     Actions m_actions;

@@ -9,6 +9,7 @@
 #include "dialogs/files/game_list.h"
 #include "dialogs/learn_hints_dialog.h"
 #include "dialogs/parts/message_box.h"
+#include "dialogs/review/review_dialog.h"
 #include "dialogs/time/time_control_dialog.h"
 #include "dialogs/tournament/tournament_dialog.h"
 #include "dialogs/tournament/tournament_list.h"
@@ -63,6 +64,10 @@ std::vector<Option> MainDialogs::edit_options(std::vector<Option> options) {
 
 std::optional<Level> MainDialogs::ask_time_control(const Level& level) {
     return velmora::ask_time_control(m_parent, level);
+}
+
+std::optional<ReviewSettings> MainDialogs::ask_review(const ReviewSettings& settings) {
+    return velmora::ask_review(m_parent, settings);
 }
 
 TournamentEdit MainDialogs::edit_tournament(const Tournament& tournament,

@@ -40,6 +40,7 @@ public:
     void install(const EngineVariables& engine) override;
     std::vector<Option> edit_options(std::vector<Option> options) override;
     std::optional<Level> ask_time_control(const Level& level) override;
+    std::optional<ReviewSettings> ask_review(const ReviewSettings& settings) override;
 
     TournamentEdit edit_tournament(const Tournament& tournament,
                                    const std::vector<std::string>& installed) override;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "review/game_review.h"
+#include "review/review_summary.h"
 
 namespace velmora {
 namespace {
@@ -206,6 +207,29 @@ TEST(GameReview, EndsAtAMoveThatCantBeReadAndNoticesAnotherGame) {
     EXPECT_FALSE(review.fits(game_of("1.e4 c5")));
     EXPECT_FALSE(review.fits(game_of("1.e4")));
     EXPECT_TRUE(review.fits(game_of("1.e4 e5 2.Nf3"))) << "it has become longer";
+}
+
+TEST(ReviewSummary, ComesBackAsItWasWritten) {
+    const SideSummary some{2, 1, 0, Accuracy{34, 91}};
+    const SideSummary unknown{0, 1, 3, {}};
+    const ReviewSummary rows[] = {
+        {"Searcher 2.1, depth 12", {some, unknown}},
+        {"A White: B. Black: C 1.0, 0.5 s a move", {{}, some}},
+        {"x", {some, {}}},
+        {"x", {}},
+    };
+    const std::string note = " [%review 0-7 fixed_depth 12 x]";
+    for (const auto& row : rows) {
+        EXPECT_EQ(find_review_summary("Ahead. " + row.text() + note + " Behind."), row) << row.text();
+        // The lines of a file are broken at blanks.
+        std::string broken = row.text() + note;
+        for (auto& c : broken) c = c == ' ' ? '\n' : c;
+        EXPECT_EQ(find_review_summary(broken), row);
+    }
+    EXPECT_FALSE(find_review_summary("Review by somebody. White: 2 mistakes."));
+    EXPECT_FALSE(find_review_summary("[%review 0-7 fixed_depth 12 x]"));
+    EXPECT_FALSE(
+        find_review_summary("Review by x. White: 2 of them. [%review 0-7 fixed_depth 12 x]")->of.white);
 }
 
 }  // namespace

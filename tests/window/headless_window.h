@@ -4,6 +4,7 @@
 
 #include "tests/support/recording_sink.h"
 #include "tests/window/recording_screen.h"
+#include "window/review/review_room.h"
 #include "window/session/game_presenter.h"
 #include "window/session/message_dispatcher.h"
 #include "window/session/mode_controller.h"
@@ -38,6 +39,7 @@ struct HeadlessWindow {
     ModeController modes{session, screen, screen, screen, screen, link, engine};
     UserMoves moves{session, screen, screen, screen, screen, link, 0.0};
     Navigation navigation{session, screen, screen, screen, modes};
+    ReviewRoom review{session, screen, screen, engine, link, dispatcher, navigation, moves};
 };
 
 }  // namespace velmora::test

@@ -27,6 +27,7 @@ public:
     std::vector<std::string> installed;  // the names that were installed, and those offered for a tournament
     std::function<void(std::vector<Option>&)> do_to_options = [](std::vector<Option>&) {};
     std::optional<Level> time_control;
+    std::optional<std::optional<ReviewSettings>> review;  // taken as offered without one
     TournamentEdit tournament;
     std::optional<Tournament> shown_tournament;  // what was to be changed
     TournamentChoice chosen_tournament;
@@ -59,6 +60,10 @@ public:
         return options;
     }
     std::optional<Level> ask_time_control(const Level& /*level*/) override { return time_control; }
+
+    std::optional<ReviewSettings> ask_review(const ReviewSettings& settings) override {
+        return review ? *review : settings;
+    }
 
     TournamentEdit edit_tournament(const Tournament& shown,
                                    const std::vector<std::string>& engines) override {

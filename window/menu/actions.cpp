@@ -87,6 +87,17 @@ const std::vector<ActionRow>& Actions::table() {
         separator,
         entry("StartThinking", "Start thinking", [](Rooms& rooms) { rooms.modes.start_thinking(); }),
 
+        menu("GameMenu", "Game"),
+        entry("ReviewGame", "Review game...", [](Rooms& rooms) { rooms.review.run().begin(); }),
+        entry(
+            "NextMistake", "Next mistake", [](Rooms& rooms) { rooms.review.to_next_mistake(); }, "F8"),
+        entry(
+            "PreviousMistake", "Previous mistake", [](Rooms& rooms) { rooms.review.to_previous_mistake(); },
+            "<shift>F8"),
+        entry(
+            "BetterMove", "Find the better move", [](Rooms& rooms) { rooms.review.better_move().ask(); },
+            "F7"),
+
         menu("TournamentMenu", "Tournament"),
         entry("New", "New / Edit", [](Rooms& rooms) { rooms.tournaments.edit(); }),
         entry("Load", "Load", [](Rooms& rooms) { rooms.tournaments.load(); }),

@@ -4,6 +4,7 @@
 #include "window/flows/file_flows.h"
 #include "window/flows/tournament_flows.h"
 #include "window/menu/secondary_windows.h"
+#include "window/review/review_room.h"
 #include "window/session/dialogs.h"
 #include "window/session/game_session.h"
 #include "window/session/manager_link.h"
@@ -25,6 +26,7 @@ struct Rooms {
     FileFlows& files;
     EngineFlows& engines;
     TournamentFlows& tournaments;
+    ReviewRoom& review;
     SecondaryWindows& windows;
     AnalysisPanel& panel;
 };

@@ -2,17 +2,38 @@
 
 #include <utility>
 
+#include "review/verdict.h"
+
 namespace velmora {
 
+namespace {
+
+GraphMark mark_of(std::string_view glyph) {
+    switch (verdict_of_glyph(glyph)) {
+        case Verdict::inaccuracy:
+            return GraphMark::inaccuracy;
+        case Verdict::mistake:
+            return GraphMark::mistake;
+        case Verdict::blunder:
+            return GraphMark::blunder;
+        case Verdict::none:
+            break;
+    }
+    return GraphMark::none;
+}
+
+}  // namespace
+
 AnalysisPanel::AnalysisPanel(GameSession& session, const WindowFrame& frame, Navigation& navigation,
-                             SearchDisplay& search, const Activity& activity, ChessBoard& board,
-                             EvaluationBar& bar, std::function<void()> open,
+                             SearchDisplay& search, const Activity& activity, ReviewRoom& review,
+                             ChessBoard& board, EvaluationBar& bar, std::function<void()> open,
                              std::function<void()> edit_comment)
     : m_session(session),
       m_frame(frame),
       m_navigation(navigation),
       m_search(search),
       m_activity(activity),
+      m_review(review),
       m_board(board),
       m_bar(bar),
       m_open(std::move(open)),
@@ -87,7 +108,7 @@ void AnalysisPanel::show_evaluation() {
 void AnalysisPanel::show_moves() {
     const Game& record = m_session.record();
     m_moves_section.set_has_content(!record.is_empty());
-    m_moves.set_sheet(MoveSheet(record.tree()));
+    m_moves.set_sheet(MoveSheet(record.tree(), m_review.better_move().covered()));
     m_moves.set_current(record.current());
 }
 
@@ -136,6 +157,7 @@ void AnalysisPanel::show_graph() {
         GraphPoint point;
         point.key = node.node;
         point.label = node.move;
+        point.mark = mark_of(m_session.record().tree().node(node.node).nag);
         if (node.evaluation) {
             point.expected = node.evaluation->expected_score();
             point.label += ", " + node.evaluation->text();

@@ -10,6 +10,7 @@
 #include "views/moves/moves_view.h"
 #include "views/panel/side_panel.h"
 #include "views/panel/state_line.h"
+#include "window/review/review_room.h"
 #include "window/session/activity.h"
 #include "window/session/game_session.h"
 #include "window/session/mode.h"
@@ -30,8 +31,8 @@ public:
     /// @param open          brings the panel onto the screen
     /// @param edit_comment  brings the box of the comment onto the screen
     AnalysisPanel(GameSession& session, const WindowFrame& frame, Navigation& navigation,
-                  SearchDisplay& search, const Activity& activity, ChessBoard& board, EvaluationBar& bar,
-                  std::function<void()> open, std::function<void()> edit_comment);
+                  SearchDisplay& search, const Activity& activity, ReviewRoom& review, ChessBoard& board,
+                  EvaluationBar& bar, std::function<void()> open, std::function<void()> edit_comment);
     AnalysisPanel(const AnalysisPanel&) = delete;  // the session knows where it is
     AnalysisPanel& operator=(const AnalysisPanel&) = delete;
 
@@ -62,6 +63,7 @@ private:
     Navigation& m_navigation;
     SearchDisplay& m_search;
     const Activity& m_activity;
+    ReviewRoom& m_review;
     ChessBoard& m_board;
     EvaluationBar& m_bar;
     const std::function<void()> m_open;

@@ -11,6 +11,7 @@
 #include "engine/store/engine_variables.h"
 #include "engine/store/option.h"
 #include "engine/time/level.h"
+#include "review/review_settings.h"
 #include "tournament/tournament.h"
 #include "tournament/tournament_choice.h"
 #include "tournament/tournament_data.h"
@@ -82,6 +83,8 @@ public:
     /// without numbers, see option_lists::for_dialog().
     virtual std::vector<Option> edit_options(std::vector<Option> options) = 0;
     virtual std::optional<Level> ask_time_control(const Level& level) = 0;
+    /// How a game is to be reviewed, beginning with `settings`.
+    virtual std::optional<ReviewSettings> ask_review(const ReviewSettings& settings) = 0;
 
     /// @param installed  the names of the engines that can take part
     virtual TournamentEdit edit_tournament(const Tournament& tournament,
