@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <string>
+#include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -110,6 +113,59 @@ TEST(ConsoleProgram, EndsWithTheInputOrAQuit) {
         EXPECT_EQ(lines.size(), count) << input;
         EXPECT_EQ(console.finish(), 0) << input;
     }
+}
+
+/// What a command prints on standard output, and behind it its exit status.
+std::string run(const std::string& command) {
+    std::string text;
+    std::FILE* const pipe = popen(command.c_str(), "r");
+    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) text += static_cast<char>(c);
+    return text + "exit " + std::to_string(WEXITSTATUS(pclose(pipe)));
+}
+
+/// Every game comes out, in its order: judged, judged up to a move that is none, and one without moves.
+TEST(ConsoleReview, WritesAllGamesOfAFileWithWhatTheEngineFound) {
+    const std::string stockfish = "/usr/games/stockfish";
+    if (!std::filesystem::exists(stockfish)) GTEST_SKIP() << "stockfish is not installed";
+    test::Workplace place;
+    std::ofstream("games.pgn") << "[White \"A\"]\n[Result \"0-1\"]\n\n1.f3 e5 2.g4 Qh4# 0-1\n\n"
+                                  "[White \"B\"]\n[Result \"*\"]\n\n1.e4 Qx9 2.d4 *\n\n"
+                                  "[White \"C\"]\n[Result \"*\"]\n\n*\n";
+    const std::string program = VELMORA_CONSOLE;
+    const std::string said =
+        run(program + " --review games.pgn --depth 5 --engine " + stockfish + " 2>messages.txt");
+    std::vector<std::size_t> places;
+    for (const auto* part : {"\"A\"", "Review by Stockfish", "2.g4 $4 {[%eval #-1]", "Qh4# 0-1", "\"B\"",
+                             "1.e4 {[%eval ", "Qx9 2.d4", "\"C\"", "exit 0"}) {
+        places.push_back(said.find(part, places.empty() ? 0 : places.back()));
+        EXPECT_NE(places.back(), std::string::npos) << part << "\n" << said;
+    }
+    EXPECT_NE(run("cat messages.txt").find("game 2: 1... Qx9 can't be played"), std::string::npos);
+
+    EXPECT_EQ(run(program + " --review none.pgn --engine " + stockfish + " 2>&1"),
+              "velmora-console: none.pgn can't be read\nexit 1");
+    EXPECT_EQ(run(program + " --review games.pgn --engine nobody 2>&1"),
+              "velmora-console: there is neither a program nor an installed engine \"nobody\"\nexit 1");
+    for (const auto* wrong : {"--review games.pgn", "--depth 0", "--depht 3", "--side red", "--review"}) {
+        EXPECT_TRUE(run(program + " " + wrong + " 2>/dev/null").ends_with("exit 2")) << wrong;
+    }
+}
+
+/// The game under way is written with what has been judged, and those behind it aren't.
+TEST(ConsoleReview, EndsAtAnInterruptionWithWhatIsDone) {
+    const std::string stockfish = "/usr/games/stockfish";
+    if (!std::filesystem::exists(stockfish)) GTEST_SKIP() << "stockfish is not installed";
+    test::Workplace place;
+    // The game without moves is written when the engine is there, and the next one is under way then.
+    std::ofstream("games.pgn") << "[Result \"*\"]\n\n*\n\n[Result \"*\"]\n\n1.f3 e5 2.g4 *\n\n"
+                                  "[Result \"*\"]\n\n1.a3 e5 *\n";
+    const std::string said =
+        run(std::string(VELMORA_CONSOLE) + " --review games.pgn --movetime 600000 --engine " + stockfish +
+            " >out.pgn 2>messages.txt & until [ -s out.pgn ]; do sleep 0.05; done; "
+            "kill -INT $!; wait $!; status=$?; cat out.pgn; exit $status");
+    EXPECT_NE(said.find("1.f3 e5 2.g4"), std::string::npos) << said;
+    EXPECT_EQ(said.find("1.a3"), std::string::npos) << said;
+    EXPECT_TRUE(said.ends_with("exit 1")) << said;
 }
 
 }  // namespace

@@ -56,19 +56,26 @@ void embolden(Gtk::Label& label) {
 }  // namespace
 
 ReviewView::ReviewView()
-    : Gtk::Box(Gtk::ORIENTATION_VERTICAL, spacing),
-      m_running(Gtk::ORIENTATION_HORIZONTAL, spacing),
-      m_steps(Gtk::ORIENTATION_HORIZONTAL, spacing) {
-    m_progress.set_show_text();
+    : Gtk::Box(Gtk::ORIENTATION_VERTICAL, spacing), m_running(Gtk::ORIENTATION_HORIZONTAL, spacing) {
     m_progress.set_valign(Gtk::ALIGN_CENTER);
     m_progress.get_accessible()->set_name("Review");
+    m_running.pack_start(m_progress_text, Gtk::PACK_SHRINK);
     m_running.pack_start(m_progress, Gtk::PACK_EXPAND_WIDGET);
     m_running.pack_start(m_cancel, Gtk::PACK_SHRINK);
     m_table.set_column_spacing(column_spacing);
-    m_steps.pack_start(m_previous, Gtk::PACK_EXPAND_WIDGET);
-    m_steps.pack_start(m_next, Gtk::PACK_EXPAND_WIDGET);
-    m_steps.pack_start(m_ask, Gtk::PACK_EXPAND_WIDGET);
-    m_steps.pack_start(m_give_up, Gtk::PACK_EXPAND_WIDGET);
+    // A large font puts them below one another.
+    m_steps.set_selection_mode(Gtk::SELECTION_NONE);
+    m_steps.set_max_children_per_line(3);
+    m_steps.set_column_spacing(spacing);
+    m_steps.set_row_spacing(spacing);
+    m_answer.pack_start(m_ask, Gtk::PACK_EXPAND_WIDGET);
+    m_answer.pack_start(m_give_up, Gtk::PACK_EXPAND_WIDGET);
+    for (Gtk::Widget* button : {static_cast<Gtk::Widget*>(&m_previous), static_cast<Gtk::Widget*>(&m_next),
+                                static_cast<Gtk::Widget*>(&m_answer)}) {
+        m_steps.add(*button);
+    }
+    // The keyboard goes to the buttons, not to their places.
+    for (Gtk::Widget* place : m_steps.get_children()) place->set_can_focus(false);
     m_previous.set_tooltip_text("Go to the mistake before (Shift+F8)");
     m_next.set_tooltip_text("Go to the next mistake (F8)");
     m_ask.set_tooltip_text("Find a better move than the one marked as a mistake (F7)");
@@ -101,7 +108,7 @@ void ReviewView::show_review(const ShownReview& review) {
     m_shown = review;
     m_running.set_visible(review.fraction.has_value());
     m_progress.set_fraction(review.fraction.value_or(0));
-    m_progress.set_text(review.progress);
+    m_progress_text.set_text(review.progress);
     show_text(m_note, review.note);
     m_previous.set_sensitive(review.has_mistakes);
     m_next.set_sensitive(review.has_mistakes);

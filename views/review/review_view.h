@@ -6,6 +6,7 @@
 
 #include <gtkmm/box.h>
 #include <gtkmm/button.h>
+#include <gtkmm/flowbox.h>
 #include <gtkmm/grid.h>
 #include <gtkmm/label.h>
 #include <gtkmm/progressbar.h>
@@ -48,14 +49,16 @@ private:
     std::optional<ShownReview> m_shown;
 
     Gtk::Box m_running;
+    Gtk::Label m_progress_text;
     Gtk::ProgressBar m_progress;
     Gtk::Button m_cancel{"Cancel"};
     Gtk::Label m_by;
     Gtk::Grid m_table;
     Gtk::Label m_note;
-    Gtk::Box m_steps;
+    Gtk::FlowBox m_steps;
     Gtk::Button m_previous{"Previous"};
     Gtk::Button m_next{"Next"};
+    Gtk::Box m_answer;  // one of the two that follow
     Gtk::Button m_ask{"Find the better move"};
     Gtk::Button m_give_up{"Show the answer"};
     Gtk::Label m_question;
