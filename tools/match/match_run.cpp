@@ -1,0 +1,181 @@
+#include "tools/match/match_run.h"
+
+#include <atomic>
+#include <csignal>
+#include <iostream>
+#include <map>
+#include <set>
+#include <thread>
+#include <unistd.h>
+
+#include "base/atomic_file.h"
+#include "matches/game_pool.h"
+#include "matches/match_pgn.h"
+#include "matches/opening_suite.h"
+#include "matches/schedule.h"
+#include "tools/match/reporter.h"
+
+namespace velmora {
+
+namespace {
+
+/// Games of the schedule that are still to be played, by their number.
+class OpenGames {
+public:
+    OpenGames(const Schedule& schedule, const MatchState& state) : m_schedule(schedule) {
+        for (const auto& game : state.games()) m_played.insert(game.number);
+    }
+
+    std::optional<ScheduledGame> next() {
+        while (++m_last <= m_schedule.size()) {
+            const auto game = m_schedule.game(m_last);
+            if (m_schedule.is_of_shard(game) && !m_played.contains(m_last)) return game;
+        }
+        return {};
+    }
+
+private:
+    const Schedule& m_schedule;
+    std::set<std::uint64_t> m_played;
+    std::uint64_t m_last = 0;
+};
+
+/// Waits for the two signals on a thread of its own, where anything may be called.
+class SignalWatch {
+public:
+    explicit SignalWatch(GamePool& pool) : m_thread([this, &pool] { watch(pool); }) {}
+    ~SignalWatch() {
+        m_ending = true;
+        pthread_kill(m_thread.native_handle(), SIGTERM);
+        m_thread.join();
+    }
+    SignalWatch(const SignalWatch&) = delete;
+    SignalWatch& operator=(const SignalWatch&) = delete;
+
+    bool was_broken_off() const { return m_count > 0; }
+
+private:
+    void watch(GamePool& pool) {
+        sigset_t signals;
+        sigemptyset(&signals);
+        sigaddset(&signals, SIGINT);
+        sigaddset(&signals, SIGTERM);
+        for (int caught = 0; sigwait(&signals, &caught) == 0;) {
+            if (m_ending) return;
+            if (++m_count > 1) _exit(128 + caught);  // the engines die with the threads that started them
+            pool.break_off();
+        }
+    }
+
+    std::atomic<bool> m_ending = false;
+    std::atomic<int> m_count = 0;
+    std::thread m_thread;
+};
+
+/// How often each engine failed, by what it did.
+class FaultTable {
+public:
+    void add(const std::string& name, Termination termination) {
+        const char* word = termination == Termination::time_forfeit   ? "lost on time"
+                           : termination == Termination::illegal_move ? "illegal move"
+                           : termination == Termination::abandoned    ? "disconnected"
+                           : termination == Termination::stalled      ? "stalled"
+                                                                      : nullptr;
+        if (word != nullptr) ++m_counts[{name, word}];
+    }
+    void print() const {
+        for (const auto& [fault, count] : m_counts) {
+            std::cerr << "Faults of " << fault.first << ": " << fault.second << ' ' << count << '\n';
+        }
+    }
+
+private:
+    std::map<std::pair<std::string, std::string>, std::uint64_t> m_counts;
+};
+
+/// What is done with each event of the pool.
+class MatchRun {
+public:
+    MatchRun(const MatchOptions& options, MatchState& state, GamePool& pool, std::uint64_t total)
+        : m_options(options),
+          m_state(state),
+          m_pool(pool),
+          m_pgn(options.pgn, options.pool.engines),
+          m_reporter(std::cout, options, total),
+          m_games(state.games()) {
+        if (sprt_decision(options, m_games) != 0) pool.finish();
+    }
+
+    void operator()(const GameStarted& event) { m_reporter.started(event.scheduled, event.names); }
+
+    void operator()(const StartFailed& event) {
+        m_failed = true;
+        std::cerr << "velmora-match: " << m_reporter.name(event.engine) << ": " << event.fault << '\n';
+    }
+
+    void operator()(const FinishedGame& event) {
+        const auto& scheduled = event.scheduled;
+        if (event.game.outcome) {
+            const StateGame game{scheduled.number, scheduled.encounter, scheduled.white, scheduled.black,
+                                 event.result()};
+            m_games.push_back(game);
+            // The record first: a kill between the two leaves a game in it that is played again, rather than
+            // one that counts and has no record.
+            warn(m_pgn.add(event), "the record", m_pgn.fault());
+            warn(m_state.add(game), "the state", "it can't be written");
+            m_faults.add(event.names[event.game.at_fault], event.game.termination);
+            add_end_position(event);
+        }
+        m_reporter.finished(event, m_games);
+        if (sprt_decision(m_options, m_games) != 0) m_pool.finish();
+    }
+
+    int end() {
+        warn(m_pgn.write_rest(), "the record", m_pgn.fault());
+        for (const auto number : m_pgn.unsaved()) {
+            std::cerr << "velmora-match: game " << number << " is not in the record\n";
+        }
+        m_reporter.ended(m_games);
+        m_faults.print();
+        return m_failed || !m_pgn.unsaved().empty() ? 1 : 0;
+    }
+
+private:
+    static void warn(bool saved, const char* what, const std::string& why) {
+        if (!saved) std::cerr << "velmora-match: " << what << " waits for room: " << why << '\n';
+    }
+
+    void add_end_position(const FinishedGame& event) {
+        if (m_options.end_positions.empty()) return;
+        try {
+            append_to_file(m_options.end_positions, event.game.end.epd() + '\n');
+        } catch (const std::runtime_error& error) {
+            std::cerr << "velmora-match: " << error.what() << '\n';
+        }
+    }
+
+    const MatchOptions& m_options;
+    MatchState& m_state;
+    GamePool& m_pool;
+    MatchPgn m_pgn;
+    Reporter m_reporter;
+    FaultTable m_faults;
+    std::vector<StateGame> m_games;
+    bool m_failed = false;
+};
+
+}  // namespace
+
+int run_match(const MatchOptions& options, MatchState& state) {
+    const Schedule schedule(options.schedule, options.pool.engines.size());
+    OpeningSuite openings(options.openings);
+    OpenGames open(schedule, state);
+    GamePool pool(options.pool, openings, [&open] { return open.next(); });
+    SignalWatch signals(pool);
+    MatchRun run(options, state, pool, schedule.size());
+    while (auto event = pool.next_event()) std::visit(run, *event);
+    const int status = run.end();
+    return signals.was_broken_off() ? 130 : status;
+}
+
+}  // namespace velmora
