@@ -8,8 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/store/installed_engines.h"
 #include "matches/match_state.h"
 #include "tests/support/workplace.h"
+#include "tournament/tournament.h"
 
 namespace velmora {
 namespace {
@@ -183,6 +185,31 @@ TEST_F(MatchTool, JoinsTheShardsOfAMatch) {
     EXPECT_EQ(games_in("state2"), 2);
     const auto said = run("merge state1 state2 state1");
     EXPECT_NE(said.text.find("DrawRatio: 100.0 %"), std::string::npos) << said.text;
+}
+
+TEST_F(MatchTool, PlaysATournamentOfTheWindow) {
+    for (const char* name : {"Adam", "Eve", "Noah"}) m_place.install_engine(name, "play\n");
+    const std::string directory = m_place.path("tournaments/");
+    Tournament tournament(directory);
+    InstalledEngines installed(m_place.path(""));
+    installed.read_engines_cfg();
+    for (const auto& [name, engine] : installed.engines()) {
+        tournament.add_participant(participant_of(engine));
+    }
+    tournament.set_event("Cup");
+    tournament.set_level(Level("sudden_death 0 1 0"));
+    tournament.new_roundrobin(2);
+    tournament.set_result("1-0");
+    tournament.save();
+
+    const auto said = run("-trn Cup -maxmoves 1 -concurrency 2");
+    EXPECT_NE(said.text.find("Started game 2 of 4 "), std::string::npos) << said.text;
+    EXPECT_EQ(said.text.find("Started game 1 of 4 "), std::string::npos) << said.text;
+    Tournament played(directory);
+    played.load("Cup");
+    std::string results;
+    for (const auto& game : played.games()) results += game.result + ' ';
+    EXPECT_EQ(results, "1-0 1/2-1/2 1/2-1/2 1/2-1/2 ");
 }
 
 }  // namespace

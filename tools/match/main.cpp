@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <iostream>
+#include <utility>
 
 #include "matches/match_state.h"
 #include "tools/match/match_run.h"
@@ -49,7 +50,7 @@ int run(const Words& words) {
     } else if (!options.state.empty()) {
         state.create(options.state, words);
     }
-    return run_match(options, state);
+    return run_match(std::move(options), state);
 }
 
 /// Writes to an engine that has ended, to a closed pipe or beyond a limit of the system are errors like

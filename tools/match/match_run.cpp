@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <functional>
 #include <iostream>
 #include <map>
 #include <set>
@@ -14,6 +15,7 @@
 #include "matches/opening_suite.h"
 #include "matches/schedule.h"
 #include "tools/match/reporter.h"
+#include "tools/match/tournament_games.h"
 
 namespace velmora {
 
@@ -96,10 +98,14 @@ private:
 /// What is done with each event of the pool.
 class MatchRun {
 public:
-    MatchRun(const MatchOptions& options, MatchState& state, GamePool& pool, std::uint64_t total)
+    /// Stores a result where it has to stand besides the state; may throw std::runtime_error.
+    using Store = std::function<void(std::uint64_t number, const std::string& result)>;
+
+    MatchRun(const MatchOptions& options, MatchState& state, GamePool& pool, std::uint64_t total, Store store)
         : m_options(options),
           m_state(state),
           m_pool(pool),
+          m_store(std::move(store)),
           m_pgn(options.pgn, options.pool.engines),
           m_reporter(std::cout, options, total),
           m_games(state.games()) {
@@ -124,6 +130,7 @@ public:
             warn(m_pgn.add(event), "the record", m_pgn.fault());
             warn(m_state.add(game), "the state", "it can't be written");
             m_faults.add(event.names[event.game.at_fault], event.game.termination);
+            store(game);
             add_end_position(event);
         }
         m_reporter.finished(event, m_games);
@@ -145,6 +152,14 @@ private:
         if (!saved) std::cerr << "velmora-match: " << what << " waits for room: " << why << '\n';
     }
 
+    void store(const StateGame& game) {
+        try {
+            m_store(game.number, game.result);
+        } catch (const std::runtime_error& error) {
+            std::cerr << "velmora-match: " << error.what() << '\n';
+        }
+    }
+
     void add_end_position(const FinishedGame& event) {
         if (m_options.end_positions.empty()) return;
         try {
@@ -157,6 +172,7 @@ private:
     const MatchOptions& m_options;
     MatchState& m_state;
     GamePool& m_pool;
+    const Store m_store;
     MatchPgn m_pgn;
     Reporter m_reporter;
     FaultTable m_faults;
@@ -164,18 +180,32 @@ private:
     bool m_failed = false;
 };
 
-}  // namespace
-
-int run_match(const MatchOptions& options, MatchState& state) {
-    const Schedule schedule(options.schedule, options.pool.engines.size());
+/// Plays what `source` gives until there is no more.
+int play_games(const MatchOptions& options, MatchState& state, std::uint64_t total, GamePool::Source source,
+               MatchRun::Store store) {
     OpeningSuite openings(options.openings);
-    OpenGames open(schedule, state);
-    GamePool pool(options.pool, openings, [&open] { return open.next(); });
+    GamePool pool(options.pool, openings, std::move(source));
     SignalWatch signals(pool);
-    MatchRun run(options, state, pool, schedule.size());
+    MatchRun run(options, state, pool, total, std::move(store));
     while (auto event = pool.next_event()) std::visit(run, *event);
     const int status = run.end();
     return signals.was_broken_off() ? 130 : status;
+}
+
+}  // namespace
+
+int run_match(MatchOptions options, MatchState& state) {
+    if (!options.tournament.empty()) {
+        TournamentGames games(options.tournament);
+        games.prepare(options);
+        return play_games(
+            options, state, games.size(), [&games] { return games.next(); },
+            [&games](std::uint64_t number, const std::string& result) { games.set_result(number, result); });
+    }
+    const Schedule schedule(options.schedule, options.pool.engines.size());
+    OpenGames open(schedule, state);
+    return play_games(
+        options, state, schedule.size(), [&open] { return open.next(); }, [](auto&&...) {});
 }
 
 }  // namespace velmora

@@ -83,18 +83,6 @@ struct EngineKey {
     void (*read)(Setup&, const std::string& value);
 };
 
-void read_configured(Setup& setup, const std::string& name) {
-    InstalledEngines installed;
-    installed.read_engines_cfg();
-    const auto found = installed.engines().find(name);
-    if (found == installed.engines().end())
-        throw UsageError("conf: no engine is installed as \"" + name + '"');
-    setup.name = name;
-    setup.call.path = found->second.filename;
-    setup.protocol = found->second.protocol;
-    for (const auto& [option, value] : found->second.options) setup.options.emplace_back(option, value.value);
-}
-
 void read_time_control(Setup& setup, const std::string& value) {
     const auto level = level_of_time_control(value);
     if (!level) throw UsageError("tc wants moves/time+increment or inf, not \"" + value + '"');
@@ -135,7 +123,7 @@ constexpr auto engine_keys = std::to_array<EngineKey>({
                                                            {"on", Setup::Restart::on},
                                                            {"off", Setup::Restart::off}});
      }},
-    {"conf", read_configured},
+    {"conf", [](Setup& s, const std::string& v) { configure_installed(s, v); }},
     {"option.NAME", [](Setup&, const std::string&) {}},
 });
 
@@ -321,6 +309,7 @@ constexpr auto rows = std::to_array<OptionRow>({
     {"-config", 1, 1, [](Reading& r, const Words& w) { r.options.state = w[0]; }},
     {"-resume", 1, 1, [](Reading& r, const Words& w) { r.options.resume = w[0]; }},
     {"--shard", 1, 1, read_shard},
+    {"-trn", 1, 1, [](Reading& r, const Words& w) { r.options.tournament = w[0]; }},
     {"--json", 0, 0, [](Reading& r, const Words&) { r.options.json = true; }},
     {"-help", 0, 0, [](Reading& r, const Words&) { r.options.help = true; }},
     {"--help", 0, 0, [](Reading& r, const Words&) { r.options.help = true; }},
@@ -345,6 +334,18 @@ void read_engines(Reading& reading) {
 }
 
 }  // namespace
+
+void configure_installed(MatchEngineSetup& setup, const std::string& name) {
+    InstalledEngines installed;
+    installed.read_engines_cfg();
+    const auto found = installed.engines().find(name);
+    if (found == installed.engines().end())
+        throw UsageError("conf: no engine is installed as \"" + name + '"');
+    setup.name = name;
+    setup.call.path = found->second.filename;
+    setup.protocol = found->second.protocol;
+    for (const auto& [option, value] : found->second.options) setup.options.emplace_back(option, value.value);
+}
 
 std::optional<Level> level_of_time_control(std::string_view text) {
     Level level("sudden_death 0 0 0");
@@ -402,8 +403,11 @@ MatchOptions MatchOptions::parse(const Words& words) {
         if (values.size() < row->least) throw UsageError(word + " wants a value");
         row->read(reading, values);
     }
-    const bool is_match = !reading.options.help && reading.options.resume.empty();
-    if (is_match) read_engines(reading);
+    const auto& options = reading.options;
+    if (!options.tournament.empty() && (!reading.engines.empty() || !options.state.empty())) {
+        throw UsageError("-trn takes its engines and keeps its results in the tournament");
+    }
+    if (!options.help && options.resume.empty() && options.tournament.empty()) read_engines(reading);
     return std::move(reading.options);
 }
 
@@ -420,6 +424,7 @@ std::string_view MatchOptions::help_text() {
            "-pgnout FILE [min] [fi]   -epdout FILE   -event TEXT   -site TEXT\n"
            "-draw movenumber= movecount= score=   -resign movecount= score= twosided=   -maxmoves N\n"
            "-sprt elo0= elo1= alpha= beta= model=logistic|normalized   -ratinginterval N\n"
+           "-trn NAME        plays a tournament of the window's list\n"
            "-recover -wait MS -log -use-affinity -config FILE --shard K/N --json\n"
            "\n"
            "Times are in seconds: tc=40/60+0.6 is 40 moves in a minute with 0.6 seconds a move.\n";

@@ -24,8 +24,9 @@ public:
 struct MatchOptions {
     bool help = false;
     bool json = false;
-    std::string resume;  ///< state to go on with; all else comes from there
-    std::string state;   ///< state to begin
+    std::string resume;      ///< state to go on with; all else comes from there
+    std::string state;       ///< state to begin
+    std::string tournament;  ///< of the window's list, empty for none; the engines are its participants
     GamePool::Settings pool;
     ScheduleSettings schedule;
     OpeningSettings openings;
@@ -41,6 +42,9 @@ struct MatchOptions {
     /// Whether the games of an opening come in pairs with changed colours.
     bool paired() const { return schedule.repeat && schedule.swap && schedule.games == 2; }
 };
+
+/// Takes over the program and the settings of an installed engine. Throws UsageError when there is none.
+void configure_installed(MatchEngineSetup& setup, const std::string& name);
 
 /// Reads "40/60+0.6", "1:30+1" or "inf"; nothing for any other text. Minutes and seconds, and seconds.
 std::optional<Level> level_of_time_control(std::string_view text);

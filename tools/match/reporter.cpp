@@ -167,9 +167,9 @@ void Reporter::ranking(const std::vector<StateGame>& games) {
         }
         const double infinite = estimate.score > 0.5 ? HUGE_VAL : -HUGE_VAL;
         std::snprintf(line, sizeof line, "%4zu %-25.25s %7.0f %7.0f %7llu %6.1f%% %6.1f%%\n", i + 1,
-                      name(order[i]).c_str(), estimate.elo.value_or(infinite), estimate.error.value_or(NAN),
-                      static_cast<unsigned long long>(sum.total()), estimate.score * 100,
-                      estimate.draw_ratio * 100);
+                      name(order[i]).c_str(), estimate.elo.value_or(infinite) + 0.0,
+                      estimate.error.value_or(NAN), static_cast<unsigned long long>(sum.total()),
+                      estimate.score * 100, estimate.draw_ratio * 100);
         m_out << line;
     }
     m_out.flush();
