@@ -46,7 +46,7 @@ Moments moments(const Distribution& scores, const std::vector<double>& shares) {
 }
 
 double expected_score(double elo) { return 1 / (1 + std::pow(10, -elo / 400)); }
-double elo_of(double score) { return -400 * std::log10(1 / score - 1); }
+double elo_of(double score) { return 400 * std::log10(score / (1 - score)); }
 
 /// The distribution of greatest likelihood under which `f` has the mean 0: p_i / (1 + theta f_i), theta the
 /// root of a function that falls from +infinity to -infinity between the two poles.

@@ -187,6 +187,22 @@ TEST_F(MatchTool, JoinsTheShardsOfAMatch) {
     EXPECT_NE(said.text.find("DrawRatio: 100.0 %"), std::string::npos) << said.text;
 }
 
+TEST_F(MatchTool, ShowsAViewInPlaceOnATerminal) {
+    const auto words = against("play\n") + "-rounds 2 -maxmoves 1 -sprt elo0=0 elo1=5";
+    std::FILE* const out = ::popen(("script -qec '" VELMORA_MATCH " " + words + "' /dev/null").c_str(), "r");
+    std::string shown;
+    for (int c = std::fgetc(out); c != EOF; c = std::fgetc(out)) shown += static_cast<char>(c);
+    EXPECT_EQ(::pclose(out), 0);
+    for (const char* part :
+         {"Games 2 of 2", "Good  ", " 2 games   50.0 %  +0 =2 -0  Elo +0.0", "SPRT -2.94 [####",
+          "\033[5F\033[J", "Other - Good  1/2-1/2 {Draw by adjudication}"}) {
+        EXPECT_NE(shown.find(part), std::string::npos) << part << '\n' << shown;
+    }
+    EXPECT_EQ(shown.find("Started game"), std::string::npos);
+    // What stays is the result alone.
+    EXPECT_GT(shown.find("Elo difference: 0.0"), shown.rfind("\033[J"));
+}
+
 TEST_F(MatchTool, PlaysATournamentOfTheWindow) {
     for (const char* name : {"Adam", "Eve", "Noah"}) m_place.install_engine(name, "play\n");
     const std::string directory = m_place.path("tournaments/");

@@ -14,6 +14,7 @@
 #include "matches/match_pgn.h"
 #include "matches/opening_suite.h"
 #include "matches/schedule.h"
+#include "tools/match/live_view.h"
 #include "tools/match/reporter.h"
 #include "tools/match/tournament_games.h"
 
@@ -107,12 +108,19 @@ public:
           m_pool(pool),
           m_store(std::move(store)),
           m_pgn(options.pgn, options.pool.engines),
-          m_reporter(std::cout, options, total),
+          m_live(::isatty(STDOUT_FILENO) == 1 && !options.json),
+          m_reporter(std::cout, options, total,
+                     m_live ? Reporter::Meanwhile::nothing : Reporter::Meanwhile::lines),
+          m_view(std::cout, options, total, state.games().size()),
           m_games(state.games()) {
         if (sprt_decision(options, m_games) != 0) pool.finish();
     }
 
-    void operator()(const GameStarted& event) { m_reporter.started(event.scheduled, event.names); }
+    void operator()(const GameStarted& event) {
+        m_reporter.started(event.scheduled, event.names);
+        m_view.started(event.scheduled, event.names);
+        draw();
+    }
 
     void operator()(const StartFailed& event) {
         m_failed = true;
@@ -134,10 +142,14 @@ public:
             add_end_position(event);
         }
         m_reporter.finished(event, m_games);
+        m_view.finished(event.scheduled, event.names.white + " - " + event.names.black + "  " +
+                                             event.result() + " {" + event.reason() + "}");
+        draw();
         if (sprt_decision(m_options, m_games) != 0) m_pool.finish();
     }
 
     int end() {
+        m_view.clear();
         warn(m_pgn.write_rest(), "the record", m_pgn.fault());
         for (const auto number : m_pgn.unsaved()) {
             std::cerr << "velmora-match: game " << number << " is not in the record\n";
@@ -148,6 +160,10 @@ public:
     }
 
 private:
+    void draw() {
+        if (m_live) m_view.draw(m_games, m_reporter.names());
+    }
+
     static void warn(bool saved, const char* what, const std::string& why) {
         if (!saved) std::cerr << "velmora-match: " << what << " waits for room: " << why << '\n';
     }
@@ -174,7 +190,9 @@ private:
     GamePool& m_pool;
     const Store m_store;
     MatchPgn m_pgn;
+    const bool m_live;
     Reporter m_reporter;
+    LiveView m_view;
     FaultTable m_faults;
     std::vector<StateGame> m_games;
     bool m_failed = false;

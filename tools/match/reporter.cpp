@@ -45,8 +45,18 @@ int sprt_decision(const MatchOptions& options, const std::vector<StateGame>& gam
     return llr <= options.sprt->lower() ? -1 : 0;
 }
 
-Reporter::Reporter(std::ostream& out, const MatchOptions& options, std::uint64_t total)
-    : m_out(out), m_options(options), m_total(total), m_names(options.pool.engines.size()) {}
+Reporter::Reporter(std::ostream& out, const MatchOptions& options, std::uint64_t total, Meanwhile meanwhile)
+    : m_out(out),
+      m_options(options),
+      m_total(total),
+      m_meanwhile(meanwhile),
+      m_names(options.pool.engines.size()) {}
+
+std::vector<std::string> Reporter::names() const {
+    std::vector<std::string> all;
+    for (std::size_t engine = 0; engine < m_names.size(); ++engine) all.push_back(name(engine));
+    return all;
+}
 
 std::string Reporter::name(std::size_t engine) const {
     if (!m_names[engine].empty()) return m_names[engine];
@@ -61,6 +71,7 @@ void Reporter::note(const ScheduledGame& game, const BySide<std::string>& names)
 
 void Reporter::started(const ScheduledGame& game, const BySide<std::string>& names) {
     note(game, names);
+    if (m_meanwhile == Meanwhile::nothing) return;
     if (m_options.json) {
         m_out << "{\"event\": \"started\", " << game_fields(game, names) << "}" << std::endl;
     } else {
@@ -70,6 +81,7 @@ void Reporter::started(const ScheduledGame& game, const BySide<std::string>& nam
 }
 
 void Reporter::finished(const FinishedGame& game, const std::vector<StateGame>& games) {
+    if (m_meanwhile == Meanwhile::nothing) return;
     if (m_options.json) {
         m_out << "{\"event\": \"finished\", " << game_fields(game.scheduled, game.names)
               << ", \"result\": " << quoted(game.result()) << ", \"reason\": " << quoted(game.reason())
@@ -167,9 +179,9 @@ void Reporter::ranking(const std::vector<StateGame>& games) {
         }
         const double infinite = estimate.score > 0.5 ? HUGE_VAL : -HUGE_VAL;
         std::snprintf(line, sizeof line, "%4zu %-25.25s %7.0f %7.0f %7llu %6.1f%% %6.1f%%\n", i + 1,
-                      name(order[i]).c_str(), estimate.elo.value_or(infinite) + 0.0,
-                      estimate.error.value_or(NAN), static_cast<unsigned long long>(sum.total()),
-                      estimate.score * 100, estimate.draw_ratio * 100);
+                      name(order[i]).c_str(), estimate.elo.value_or(infinite), estimate.error.value_or(NAN),
+                      static_cast<unsigned long long>(sum.total()), estimate.score * 100,
+                      estimate.draw_ratio * 100);
         m_out << line;
     }
     m_out.flush();

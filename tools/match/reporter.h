@@ -14,7 +14,11 @@ namespace velmora {
 /// "Score of", "Elo difference", "SPRT". With --json one object an event instead.
 class Reporter {
 public:
-    Reporter(std::ostream& out, const MatchOptions& options, std::uint64_t total);
+    /// How much is told while games are played: nothing where a view shows it.
+    enum class Meanwhile { lines, nothing };
+
+    Reporter(std::ostream& out, const MatchOptions& options, std::uint64_t total,
+             Meanwhile meanwhile = Meanwhile::lines);
 
     void started(const ScheduledGame& game, const BySide<std::string>& names);
     /// `games` are all that count by now, the finished one among them where it does.
@@ -23,6 +27,7 @@ public:
 
     /// The names as they are known by now; a setup's own where the engine has not been started.
     std::string name(std::size_t engine) const;
+    std::vector<std::string> names() const;
 
 private:
     void score(const std::vector<StateGame>& games);
@@ -33,6 +38,7 @@ private:
     std::ostream& m_out;
     const MatchOptions& m_options;
     const std::uint64_t m_total;
+    const Meanwhile m_meanwhile;
     std::vector<std::string> m_names;
 };
 
