@@ -158,7 +158,6 @@ bool EngineGame::play_move() {
 void EngineGame::charge(Side side, nanoseconds taken) {
     const auto& setup = m_engines[side]->setup();
     if (!has_clock(setup)) return;
-    m_game.overshoot += std::max(taken - m_left[side], nanoseconds(0));
     m_left[side] += std::chrono::milliseconds(setup.level.inc_ms()) - taken;
     if (setup.level.moves() > 0 && ++m_made[side] == setup.level.moves()) {
         m_made[side] = 0;

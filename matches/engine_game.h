@@ -28,12 +28,11 @@ struct PlayedMove {
 struct PlayedGame {
     std::optional<GameOutcome> outcome;  ///< none for a game that was broken off
     Termination termination = Termination::normal;
-    Side at_fault = Side::white;            ///< where the termination is somebody's fault
-    ChessPosition start;                    ///< with the opening's moves
-    ChessPosition end;                      ///< with all moves
-    std::vector<PlayedMove> moves;          ///< behind the opening
-    std::chrono::nanoseconds overshoot{0};  ///< charged beyond the time that was left, both sides
-    std::chrono::nanoseconds duration{0};
+    Side at_fault = Side::white;           ///< where the termination is somebody's fault
+    ChessPosition start;                   ///< with the opening's moves
+    ChessPosition end;                     ///< with all moves
+    std::vector<PlayedMove> moves;         ///< behind the opening
+    std::chrono::nanoseconds duration{0};  ///< of the whole game
 };
 
 /// One game between two engines that have been started. It waits for nothing but the queue of the engine on

@@ -25,9 +25,12 @@ std::int32_t whole_ms(std::chrono::nanoseconds time) {
 
 }  // namespace
 
-MatchEngine::MatchEngine(const MatchEngineSetup& setup, std::uint32_t number, bool logs,
-                         std::stop_token leaving)
-    : m_setup(setup), m_number(number), m_logs(logs), m_leaving(std::move(leaving)), m_engio(m_leaving) {}
+MatchEngine::MatchEngine(MatchEngineSetup setup, std::uint32_t number, bool logs, std::stop_token leaving)
+    : m_setup(std::move(setup)),
+      m_number(number),
+      m_logs(logs),
+      m_leaving(std::move(leaving)),
+      m_engio(m_leaving) {}
 
 MatchEngine::~MatchEngine() { end_process(); }
 
@@ -100,10 +103,10 @@ bool MatchEngine::start() {
 
 /// An option that the engine doesn't announce is left out: it would take the word for nonsense.
 void MatchEngine::give_options() {
-    for (const auto& [name, value] : m_setup.options) {
+    for (const auto& option : m_setup.options) {
         const bool known = m_player->with_record(
-            [&](const EngineRecord& record) { return record.variables.options.contains(name); });
-        if (known) m_player->set_option(name, value);
+            [&](const EngineRecord& record) { return record.variables.options.contains(option.first); });
+        if (known) m_player->set_option(option.first, option.second);
     }
 }
 

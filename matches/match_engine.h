@@ -32,7 +32,7 @@ class PlayingEngine;
 class MatchEngine : private LineReceiver, private CommandSink {
 public:
     /// `number` is that of the log "engine<number>.log" where `logs`.
-    MatchEngine(const MatchEngineSetup& setup, std::uint32_t number, bool logs, std::stop_token leaving);
+    MatchEngine(MatchEngineSetup setup, std::uint32_t number, bool logs, std::stop_token leaving);
     /// Ends the process and all that it has started.
     ~MatchEngine() override;
 

@@ -7,7 +7,7 @@
 
 namespace velmora {
 
-OpeningSuite::OpeningSuite(const OpeningSettings& settings) : m_settings(settings) {
+OpeningSuite::OpeningSuite(OpeningSettings settings) : m_settings(std::move(settings)) {
     if (m_settings.file.empty()) return;
     m_book.set_path(m_settings.file);
     if (m_book.count() == 0) throw std::runtime_error("no openings in " + m_settings.file);

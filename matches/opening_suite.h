@@ -17,7 +17,7 @@ namespace velmora {
 class OpeningSuite {
 public:
     /// Throws std::runtime_error when a file is named that has no openings.
-    explicit OpeningSuite(const OpeningSettings& settings);
+    explicit OpeningSuite(OpeningSettings settings);
 
     /// The position after opening number `index` from 0, with its moves.
     ChessPosition position(std::uint64_t index);

@@ -105,8 +105,8 @@ TEST_F(MatchTool, RecoversAnEngineThatCrashes) {
 TEST_F(MatchTool, NamesWhatIsWrongAheadOfAnyEngine) {
     const auto good = against("play\n");
     const std::vector<std::pair<std::string, std::string>> rows{
-        {good + "-concurency 2", "no option \"-concurency\"; the nearest is \"-concurrency\""},
-        {good + "-sprt elo=0 elo1=5", "-sprt has no \"elo\"; the nearest is \"elo0\""},
+        {good + "-concurency 2", R"(no option "-concurency"; the nearest is "-concurrency")"},
+        {good + "-sprt elo=0 elo1=5", R"(-sprt has no "elo"; the nearest is "elo0")"},
         {good + "-sprt elo0=5 elo1=0", "-sprt wants elo0 below elo1"},
         {good + "-rounds 0", "-rounds wants a whole number of at least 1, not \"0\""},
         {good + "-openings file=none.pgn", "no openings in none.pgn"},
@@ -151,7 +151,7 @@ TEST_F(MatchTool, GoesOnAfterAnyEnd) {
         against("think 3\nplay\n") +
         "-rounds 20 -games 2 -repeat -maxmoves 5 -concurrency 2 -config state -pgnout games.pgn";
     const auto has_games = [this](int games) {
-        m_place.wait_for(
+        test::Workplace::wait_for(
             [=] { return ::access("state", R_OK) == 0 && games_in("state") >= std::size_t(games); });
     };
     {
@@ -159,7 +159,7 @@ TEST_F(MatchTool, GoesOnAfterAnyEnd) {
         has_games(4);
         match.end_by(SIGKILL);
     }
-    m_place.wait_for([this] { return all_are_gone(); });
+    test::Workplace::wait_for([this] { return all_are_gone(); });
     EXPECT_TRUE(all_are_gone());
     {
         const Running match("-resume state");

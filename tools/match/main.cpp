@@ -62,6 +62,7 @@ void set_up_signals() {
     sigemptyset(&signals);
     sigaddset(&signals, SIGINT);
     sigaddset(&signals, SIGTERM);
+    sigaddset(&signals, SIGUSR1);  // ends the thread that waits for the two
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
 }
 

@@ -49,7 +49,7 @@ public:
     explicit SignalWatch(GamePool& pool) : m_thread([this, &pool] { watch(pool); }) {}
     ~SignalWatch() {
         m_ending = true;
-        pthread_kill(m_thread.native_handle(), SIGTERM);
+        pthread_kill(m_thread.native_handle(), SIGUSR1);
         m_thread.join();
     }
     SignalWatch(const SignalWatch&) = delete;
@@ -63,8 +63,10 @@ private:
         sigemptyset(&signals);
         sigaddset(&signals, SIGINT);
         sigaddset(&signals, SIGTERM);
+        sigaddset(&signals, SIGUSR1);  // the owner is done
         for (int caught = 0; sigwait(&signals, &caught) == 0;) {
             if (m_ending) return;
+            if (caught == SIGUSR1) continue;
             if (++m_count > 1) _exit(128 + caught);  // the engines die with the threads that started them
             pool.break_off();
         }

@@ -1,6 +1,7 @@
 #include "tools/match/reporter.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <numeric>
@@ -19,7 +20,7 @@ std::string number(double value, int digits) {
 }
 
 std::string quoted(const std::string& text) {
-    std::string result = "\"";
+    std::string result = R"(")";
     for (const char c : text) {
         if (c == '"' || c == '\\') result += '\\';
         result += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
@@ -28,8 +29,8 @@ std::string quoted(const std::string& text) {
 }
 
 std::string game_fields(const ScheduledGame& game, const BySide<std::string>& names) {
-    return "\"game\": " + std::to_string(game.number) + ", \"round\": " + std::to_string(game.round) +
-           ", \"white\": " + quoted(names.white) + ", \"black\": " + quoted(names.black);
+    return R"("game": )" + std::to_string(game.number) + R"(, "round": )" + std::to_string(game.round) +
+           R"(, "white": )" + quoted(names.white) + R"(, "black": )" + quoted(names.black);
 }
 
 double ratio(const MatchOptions& options, const std::vector<StateGame>& games) {
@@ -73,7 +74,7 @@ void Reporter::started(const ScheduledGame& game, const BySide<std::string>& nam
     note(game, names);
     if (m_meanwhile == Meanwhile::nothing) return;
     if (m_options.json) {
-        m_out << "{\"event\": \"started\", " << game_fields(game, names) << "}" << std::endl;
+        m_out << R"({"event": "started", )" << game_fields(game, names) << "}" << std::endl;
     } else {
         m_out << "Started game " << game.number << " of " << m_total << " (" << names.white << " vs "
               << names.black << ")" << std::endl;
@@ -83,9 +84,11 @@ void Reporter::started(const ScheduledGame& game, const BySide<std::string>& nam
 void Reporter::finished(const FinishedGame& game, const std::vector<StateGame>& games) {
     if (m_meanwhile == Meanwhile::nothing) return;
     if (m_options.json) {
-        m_out << "{\"event\": \"finished\", " << game_fields(game.scheduled, game.names)
-              << ", \"result\": " << quoted(game.result()) << ", \"reason\": " << quoted(game.reason())
-              << ", \"plies\": " << game.game.end.moves().size() << "}" << std::endl;
+        m_out << R"({"event": "finished", )" << game_fields(game.scheduled, game.names) << R"(, "result": )"
+              << quoted(game.result()) << R"(, "reason": )" << quoted(game.reason()) << R"(, "plies": )"
+              << game.game.end.moves().size() << R"(, "ms": )"
+              << std::chrono::duration_cast<std::chrono::milliseconds>(game.game.duration).count() << "}"
+              << std::endl;
     } else {
         m_out << "Finished game " << game.scheduled.number << " (" << game.names.white << " vs "
               << game.names.black << "): " << game.result() << " {" << game.reason() << "}" << std::endl;
@@ -99,8 +102,8 @@ void Reporter::score(const std::vector<StateGame>& games) {
     if (m_names.size() != 2) return;
     const auto counts = counts_of(games, 0, 1);
     if (m_options.json) {
-        m_out << "{\"event\": \"score\", \"wins\": " << counts.games[2] << ", \"losses\": " << counts.games[0]
-              << ", \"draws\": " << counts.games[1] << "}" << std::endl;
+        m_out << R"({"event": "score", "wins": )" << counts.games[2] << R"(, "losses": )" << counts.games[0]
+              << R"(, "draws": )" << counts.games[1] << "}" << std::endl;
         return;
     }
     m_out << "Score of " << name(0) << " vs " << name(1) << ": " << counts.games[2] << " - "
@@ -117,9 +120,9 @@ void Reporter::ratings(const std::vector<StateGame>& games) {
     };
     const auto json = [](std::optional<double> value) { return value ? number(*value, 4) : "null"; };
     if (m_options.json) {
-        m_out << "{\"event\": \"rating\", \"elo\": " << json(estimate.elo)
-              << ", \"error\": " << json(estimate.error) << ", \"los\": " << json(estimate.superiority)
-              << ", \"draws\": " << number(estimate.draw_ratio, 4) << "}" << std::endl;
+        m_out << R"({"event": "rating", "elo": )" << json(estimate.elo) << R"(, "error": )"
+              << json(estimate.error) << R"(, "los": )" << json(estimate.superiority) << R"(, "draws": )"
+              << number(estimate.draw_ratio, 4) << "}" << std::endl;
     } else {
         const std::string infinite = estimate.score > 0.5 ? "inf" : "-inf";
         const auto superiority =
@@ -133,11 +136,10 @@ void Reporter::ratings(const std::vector<StateGame>& games) {
     const double llr = ratio(m_options, games);
     const int decision = sprt_decision(m_options, games);
     if (m_options.json) {
-        m_out << "{\"event\": \"sprt\", \"llr\": " << number(llr, 4)
-              << ", \"lower\": " << number(sprt.lower(), 4) << ", \"upper\": " << number(sprt.upper(), 4)
-              << ", \"accepted\": "
-              << (decision > 0   ? "\"H1\""
-                  : decision < 0 ? "\"H0\""
+        m_out << R"({"event": "sprt", "llr": )" << number(llr, 4) << R"(, "lower": )"
+              << number(sprt.lower(), 4) << R"(, "upper": )" << number(sprt.upper(), 4) << R"(, "accepted": )"
+              << (decision > 0   ? R"("H1")"
+                  : decision < 0 ? R"("H0")"
                                  : "null")
               << "}" << std::endl;
         return;
@@ -172,9 +174,9 @@ void Reporter::ranking(const std::vector<StateGame>& games) {
         const auto estimate = estimate_strength(sum, false);
         char line[256];
         if (m_options.json) {
-            m_out << "{\"event\": \"standing\", \"rank\": " << i + 1
-                  << ", \"name\": " << quoted(name(order[i])) << ", \"games\": " << sum.total()
-                  << ", \"score\": " << number(estimate.score, 4) << "}\n";
+            m_out << R"({"event": "standing", "rank": )" << i + 1 << R"(, "name": )" << quoted(name(order[i]))
+                  << R"(, "games": )" << sum.total() << R"(, "score": )" << number(estimate.score, 4)
+                  << "}\n";
             continue;
         }
         const double infinite = estimate.score > 0.5 ? HUGE_VAL : -HUGE_VAL;
