@@ -150,7 +150,7 @@ TEST_F(MatchTool, GoesOnAfterAnyEnd) {
     const auto words =
         against("think 3\nplay\n") +
         "-rounds 20 -games 2 -repeat -maxmoves 5 -concurrency 2 -config state -pgnout games.pgn";
-    const auto has_games = [this](int games) {
+    const auto has_games = [](int games) {
         test::Workplace::wait_for(
             [=] { return ::access("state", R_OK) == 0 && games_in("state") >= std::size_t(games); });
     };
@@ -174,6 +174,30 @@ TEST_F(MatchTool, GoesOnAfterAnyEnd) {
     EXPECT_NE(said.text.find("Score of Good vs Other: 0 - 0 - 40  [0.500] 40"), std::string::npos)
         << said.text;
     EXPECT_EQ(run("-resume state").text.find("Started"), std::string::npos);
+}
+
+TEST_F(MatchTool, PlaysRealEnginesOfBothProtocols) {
+    std::string words = "-each depth=2 -tournament gauntlet -games 2 -repeat -concurrency 2 -maxmoves 20";
+    for (const char* engine :
+         {"stockfish proto=uci", "toga2 proto=auto", "fairymax proto=xboard", "phalanx proto=xboard"}) {
+        words += std::string(" -engine cmd=/usr/games/") + engine;
+    }
+    const auto said = run(words);
+    std::size_t games = 0;
+    for (auto at = said.text.find("Finished game"); at != std::string::npos;
+         at = said.text.find("Finished game", at + 1)) {
+        ++games;
+    }
+    EXPECT_EQ(games, 6) << said.text;
+    EXPECT_EQ(said.text.find("Faults"), std::string::npos) << said.text;
+}
+
+TEST_F(MatchTool, PlaysOnWhenTheRecordCantBeWritten) {
+    const auto said = run(against("play\n") + "-rounds 2 -maxmoves 1 -pgnout /dev/full");
+    EXPECT_NE(said.text.find("Score of Good vs Other: 0 - 0 - 2"), std::string::npos) << said.text;
+    EXPECT_NE(said.text.find("game 1 is not in the record"), std::string::npos) << said.text;
+    EXPECT_NE(said.text.find("game 2 is not in the record"), std::string::npos) << said.text;
+    EXPECT_EQ(said.status, 1);
 }
 
 TEST_F(MatchTool, JoinsTheShardsOfAMatch) {
