@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <utility>
+#include <vector>
 
 namespace velmora {
 
@@ -94,19 +94,26 @@ std::vector<double> normalized(const Distribution& seen, double elo, bool paired
 
 }  // namespace
 
-MatchCounts counts_of(std::span<const StateGame> games, std::size_t engine, std::size_t opponent) {
-    MatchCounts counts;
-    std::map<std::uint64_t, std::size_t> open;  // half points of the first game, by encounter
-    for (const StateGame& game : games) {
-        const bool is_white = game.white == engine && game.black == opponent;
-        if (!is_white && !(game.white == opponent && game.black == engine)) continue;
-        const bool drawn = game.result == "1/2-1/2";
-        const std::size_t half_points = drawn ? 1 : (game.result == "1-0") == is_white ? 2 : 0;
-        ++counts.games[half_points];
-        const auto [first, is_first] = open.try_emplace(game.encounter, half_points);
-        if (is_first) continue;
-        ++counts.pairs[first->second + half_points];
-        open.erase(first);
+void MatchTally::add(const StateGame& game) {
+    ++m_size;
+    auto& meeting = m_meetings[std::minmax(game.white, game.black)];
+    const bool is_white = game.white < game.black;
+    const bool drawn = game.result == "1/2-1/2";
+    const std::size_t half_points = drawn ? 1 : (game.result == "1-0") == is_white ? 2 : 0;
+    ++meeting.counts.games[half_points];
+    const auto [first, is_first] = meeting.open.try_emplace(game.encounter, half_points);
+    if (is_first) return;
+    ++meeting.counts.pairs[first->second + half_points];
+    meeting.open.erase(first);
+}
+
+MatchCounts MatchTally::counts(std::size_t engine, std::size_t opponent) const {
+    const auto found = m_meetings.find(std::minmax(engine, opponent));
+    if (found == m_meetings.end()) return {};
+    MatchCounts counts = found->second.counts;
+    if (engine > opponent) {
+        std::reverse(counts.games.begin(), counts.games.end());
+        std::reverse(counts.pairs.begin(), counts.pairs.end());
     }
     return counts;
 }

@@ -2,9 +2,9 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
-#include <span>
-#include <vector>
+#include <utility>
 
 #include "matches/match_state.h"
 
@@ -18,8 +18,23 @@ struct MatchCounts {
     std::uint64_t total() const { return games[0] + games[1] + games[2]; }
 };
 
-/// Counts of `engine` against `opponent`. Games make a pair when two of one encounter are finished.
-MatchCounts counts_of(std::span<const StateGame> games, std::size_t engine, std::size_t opponent);
+/// The results of a match, counted as they come, so that a match of any length costs no more at each game.
+class MatchTally {
+public:
+    void add(const StateGame& game);
+
+    /// Counts of `engine` against `opponent`. Games make a pair when two of one encounter are finished.
+    MatchCounts counts(std::size_t engine, std::size_t opponent) const;
+    std::size_t size() const { return m_size; }
+
+private:
+    struct Meeting {
+        MatchCounts counts;                         // of the engine with the lower number
+        std::map<std::uint64_t, std::size_t> open;  // half points of a first game, by encounter
+    };
+    std::map<std::pair<std::size_t, std::size_t>, Meeting> m_meetings;  // the lower number first
+    std::size_t m_size = 0;
+};
 
 /// What the results say of the difference in strength. Nothing where all units have one outcome.
 struct StrengthEstimate {

@@ -1,5 +1,7 @@
 #include "matches/match_statistics.h"
 
+#include <vector>
+
 #include <gtest/gtest.h>
 
 namespace velmora {
@@ -28,10 +30,12 @@ TEST(MatchStatistics, CountPairsOfOneEncounter) {
     const std::vector<StateGame> games{
         {1, 0, 0, 1, "1-0"}, {2, 0, 1, 0, "0-1"}, {3, 1, 0, 1, "1/2-1/2"}, {4, 1, 1, 0, "1-0"},
         {5, 2, 0, 1, "0-1"}, {7, 3, 0, 2, "1-0"}, {8, 4, 1, 0, "1/2-1/2"}, {9, 4, 0, 1, "1/2-1/2"}};
-    const auto counts = counts_of(games, 0, 1);
+    MatchTally tally;
+    for (const auto& game : games) tally.add(game);
+    const auto counts = tally.counts(0, 1);
     EXPECT_EQ(counts.games, (std::array<std::uint64_t, 3>{2, 3, 2}));
     EXPECT_EQ(counts.pairs, (std::array<std::uint64_t, 5>{0, 1, 1, 0, 1}));
-    EXPECT_EQ(counts_of(games, 1, 0).pairs, (std::array<std::uint64_t, 5>{1, 0, 1, 1, 0}));
+    EXPECT_EQ(tally.counts(1, 0).pairs, (std::array<std::uint64_t, 5>{1, 0, 1, 1, 0}));
     // One pair of a kind says nothing of the spread.
     EXPECT_FALSE(estimate_strength({{0, 0, 2}, {0, 0, 0, 0, 1}}, true).error);
     EXPECT_EQ(log_likelihood_ratio({}, true, {}), 0);

@@ -40,14 +40,13 @@ std::string LiveView::pace(std::size_t played) const {
                             left / 60 % 60, left % 60);
 }
 
-std::string LiveView::standings(const std::vector<StateGame>& games,
-                                const std::vector<std::string>& names) const {
+std::string LiveView::standings(const MatchTally& games, const std::vector<std::string>& names) const {
     std::string text;
     for (std::size_t engine = 0; engine < names.size(); ++engine) {
         MatchCounts sum;
         for (std::size_t other = 0; other < names.size(); ++other) {
             if (other == engine) continue;
-            const auto counts = counts_of(games, engine, other);
+            const auto counts = games.counts(engine, other);
             for (std::size_t i = 0; i < counts.games.size(); ++i) sum.games[i] += counts.games[i];
             if (names.size() == 2) sum.pairs = counts.pairs;
         }
@@ -64,10 +63,10 @@ std::string LiveView::standings(const std::vector<StateGame>& games,
     return text;
 }
 
-std::string LiveView::test_bar(const std::vector<StateGame>& games) const {
+std::string LiveView::test_bar(const MatchTally& games) const {
     if (!m_options.sprt) return {};
     const auto& sprt = *m_options.sprt;
-    const double llr = log_likelihood_ratio(counts_of(games, 0, 1), m_options.paired(), sprt);
+    const double llr = log_likelihood_ratio(games.counts(0, 1), m_options.paired(), sprt);
     constexpr int width = 40;
     const double part = (llr - sprt.lower()) / (sprt.upper() - sprt.lower());
     const int filled = static_cast<int>(std::lround(std::clamp(part, 0.0, 1.0) * width));
@@ -76,7 +75,7 @@ std::string LiveView::test_bar(const std::vector<StateGame>& games) const {
            formatted("] %.2f   LLR %.2f\n", sprt.upper(), llr);
 }
 
-void LiveView::draw(const std::vector<StateGame>& games, const std::vector<std::string>& names) {
+void LiveView::draw(const MatchTally& games, const std::vector<std::string>& names) {
     std::string text = pace(games.size()) + standings(games, names) + test_bar(games);
     for (const auto& [number, players] : m_running) {
         text += "  " + std::to_string(number) + ": " + players + '\n';

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "matches/match_state.h"
+#include "matches/match_statistics.h"
 #include "matches/schedule.h"
 #include "tools/match/options.h"
 
@@ -22,14 +22,14 @@ public:
 
     void started(const ScheduledGame& game, const BySide<std::string>& names);
     void finished(const ScheduledGame& game, const std::string& last);
-    void draw(const std::vector<StateGame>& games, const std::vector<std::string>& names);
+    void draw(const MatchTally& games, const std::vector<std::string>& names);
     /// Takes what was drawn off the terminal.
     void clear();
 
 private:
     std::string pace(std::size_t played) const;
-    std::string standings(const std::vector<StateGame>& games, const std::vector<std::string>& names) const;
-    std::string test_bar(const std::vector<StateGame>& games) const;
+    std::string standings(const MatchTally& games, const std::vector<std::string>& names) const;
+    std::string test_bar(const MatchTally& games) const;
 
     std::ostream& m_out;
     const MatchOptions& m_options;

@@ -32,7 +32,9 @@ int merge(const Words& files) {
     const auto options = MatchOptions::parse(states.front().words());
     const auto engines = options.pool.engines.size();
     std::erase_if(games, [=](const StateGame& g) { return g.white >= engines || g.black >= engines; });
-    Reporter(std::cout, options, games.size()).ended(games);
+    MatchTally tally;
+    for (const auto& game : games) tally.add(game);
+    Reporter(std::cout, options, tally.size()).ended(tally);
     return 0;
 }
 

@@ -113,8 +113,8 @@ public:
           m_live(::isatty(STDOUT_FILENO) == 1 && !options.json),
           m_reporter(std::cout, options, total,
                      m_live ? Reporter::Meanwhile::nothing : Reporter::Meanwhile::lines),
-          m_view(std::cout, options, total, state.games().size()),
-          m_games(state.games()) {
+          m_view(std::cout, options, total, state.games().size()) {
+        for (const auto& game : state.games()) m_games.add(game);
         if (sprt_decision(options, m_games) != 0) pool.finish();
     }
 
@@ -134,7 +134,7 @@ public:
         if (event.game.outcome) {
             const StateGame game{scheduled.number, scheduled.encounter, scheduled.white, scheduled.black,
                                  event.result()};
-            m_games.push_back(game);
+            m_games.add(game);
             // The record first: a kill between the two leaves a game in it that is played again, rather than
             // one that counts and has no record.
             warn(m_pgn.add(event), "the record", m_pgn.fault());
@@ -196,7 +196,7 @@ private:
     Reporter m_reporter;
     LiveView m_view;
     FaultTable m_faults;
-    std::vector<StateGame> m_games;
+    MatchTally m_games;
     bool m_failed = false;
 };
 

@@ -33,13 +33,13 @@ std::string game_fields(const ScheduledGame& game, const BySide<std::string>& na
            R"(, "white": )" + quoted(names.white) + R"(, "black": )" + quoted(names.black);
 }
 
-double ratio(const MatchOptions& options, const std::vector<StateGame>& games) {
-    return log_likelihood_ratio(counts_of(games, 0, 1), options.paired(), *options.sprt);
+double ratio(const MatchOptions& options, const MatchTally& games) {
+    return log_likelihood_ratio(games.counts(0, 1), options.paired(), *options.sprt);
 }
 
 }  // namespace
 
-int sprt_decision(const MatchOptions& options, const std::vector<StateGame>& games) {
+int sprt_decision(const MatchOptions& options, const MatchTally& games) {
     if (!options.sprt) return 0;
     const double llr = ratio(options, games);
     if (llr >= options.sprt->upper()) return 1;
@@ -81,7 +81,7 @@ void Reporter::started(const ScheduledGame& game, const BySide<std::string>& nam
     }
 }
 
-void Reporter::finished(const FinishedGame& game, const std::vector<StateGame>& games) {
+void Reporter::finished(const FinishedGame& game, const MatchTally& games) {
     if (m_meanwhile == Meanwhile::nothing) return;
     if (m_options.json) {
         m_out << R"({"event": "finished", )" << game_fields(game.scheduled, game.names) << R"(, "result": )"
@@ -98,9 +98,9 @@ void Reporter::finished(const FinishedGame& game, const std::vector<StateGame>& 
     if (m_options.rating_interval > 0 && games.size() % m_options.rating_interval == 0) ratings(games);
 }
 
-void Reporter::score(const std::vector<StateGame>& games) {
+void Reporter::score(const MatchTally& games) {
     if (m_names.size() != 2) return;
-    const auto counts = counts_of(games, 0, 1);
+    const auto counts = games.counts(0, 1);
     if (m_options.json) {
         m_out << R"({"event": "score", "wins": )" << counts.games[2] << R"(, "losses": )" << counts.games[0]
               << R"(, "draws": )" << counts.games[1] << "}" << std::endl;
@@ -111,9 +111,9 @@ void Reporter::score(const std::vector<StateGame>& games) {
           << number(estimate_strength(counts, false).score, 3) << "] " << counts.total() << std::endl;
 }
 
-void Reporter::ratings(const std::vector<StateGame>& games) {
+void Reporter::ratings(const MatchTally& games) {
     if (m_names.size() != 2) return ranking(games);
-    const auto counts = counts_of(games, 0, 1);
+    const auto counts = games.counts(0, 1);
     const auto estimate = estimate_strength(counts, m_options.paired());
     const auto text = [](std::optional<double> value, int digits) {
         return value ? number(*value, digits) : "nan";
@@ -154,12 +154,12 @@ void Reporter::ratings(const std::vector<StateGame>& games) {
 }
 
 /// A table of more than two engines, the best score first.
-void Reporter::ranking(const std::vector<StateGame>& games) {
+void Reporter::ranking(const MatchTally& games) {
     std::vector<MatchCounts> sums(m_names.size());
     for (std::size_t a = 0; a < sums.size(); ++a) {
         for (std::size_t b = 0; b < sums.size(); ++b) {
             if (a == b) continue;
-            const auto counts = counts_of(games, a, b);
+            const auto counts = games.counts(a, b);
             for (std::size_t i = 0; i < counts.games.size(); ++i) sums[a].games[i] += counts.games[i];
         }
     }
@@ -189,7 +189,7 @@ void Reporter::ranking(const std::vector<StateGame>& games) {
     m_out.flush();
 }
 
-void Reporter::ended(const std::vector<StateGame>& games) {
+void Reporter::ended(const MatchTally& games) {
     ratings(games);
     if (!m_options.json) m_out << "Finished match" << std::endl;
 }

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "matches/finished_game.h"
-#include "matches/match_state.h"
+#include "matches/match_statistics.h"
 #include "tools/match/options.h"
 
 namespace velmora {
@@ -22,17 +22,17 @@ public:
 
     void started(const ScheduledGame& game, const BySide<std::string>& names);
     /// `games` are all that count by now, the finished one among them where it does.
-    void finished(const FinishedGame& game, const std::vector<StateGame>& games);
-    void ended(const std::vector<StateGame>& games);
+    void finished(const FinishedGame& game, const MatchTally& games);
+    void ended(const MatchTally& games);
 
     /// The names as they are known by now; a setup's own where the engine has not been started.
     std::string name(std::size_t engine) const;
     std::vector<std::string> names() const;
 
 private:
-    void score(const std::vector<StateGame>& games);
-    void ratings(const std::vector<StateGame>& games);
-    void ranking(const std::vector<StateGame>& games);
+    void score(const MatchTally& games);
+    void ratings(const MatchTally& games);
+    void ranking(const MatchTally& games);
     void note(const ScheduledGame& game, const BySide<std::string>& names);
 
     std::ostream& m_out;
@@ -43,6 +43,6 @@ private:
 };
 
 /// Whether the test is decided: 1 for elo1, -1 for elo0, 0 for neither yet.
-int sprt_decision(const MatchOptions& options, const std::vector<StateGame>& games);
+int sprt_decision(const MatchOptions& options, const MatchTally& games);
 
 }  // namespace velmora
