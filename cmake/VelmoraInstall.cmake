@@ -37,11 +37,15 @@ function(velmora_install_icon size)
     install(FILES "${icon}" DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
 endfunction()
 
-set(VELMORA_PROGRAMS velmora-console velmora-collection)
+set(VELMORA_PROGRAMS velmora-console velmora-collection velmora-match)
 velmora_install_compressed("${PROJECT_SOURCE_DIR}/data/man/velmora-console.6"
     ${CMAKE_INSTALL_MANDIR}/man6 velmora-console.6)
 velmora_install_compressed("${PROJECT_SOURCE_DIR}/data/man/velmora-collection.1"
     ${CMAKE_INSTALL_MANDIR}/man1 velmora-collection.1)
+velmora_install_compressed("${PROJECT_SOURCE_DIR}/data/man/velmora-match.1"
+    ${CMAKE_INSTALL_MANDIR}/man1 velmora-match.1)
+install(FILES "${PROJECT_SOURCE_DIR}/data/completion/velmora-match"
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 if(VELMORA_GUI)
     list(APPEND VELMORA_PROGRAMS velmora)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/velmora.files" DESTINATION ${VELMORA_GAMES_DIR}

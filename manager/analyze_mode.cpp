@@ -4,7 +4,7 @@
 #include <thread>
 #include <utility>
 
-#include "manager/game_result.h"
+#include "game/game_result.h"
 
 namespace velmora {
 

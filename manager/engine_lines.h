@@ -4,7 +4,7 @@
 
 #include "channel/engine_line.h"
 #include "manager/engine_seats.h"
-#include "manager/game_result.h"
+#include "game/game_result.h"
 #include "manager/referee_state.h"
 #include "manager/review_mode.h"
 

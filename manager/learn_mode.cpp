@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "base/text.h"
-#include "manager/game_result.h"
+#include "game/game_result.h"
 
 namespace velmora {
 

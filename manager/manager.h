@@ -11,7 +11,7 @@
 #include "manager/analyze_mode.h"
 #include "manager/engine_lines.h"
 #include "manager/engine_seats.h"
-#include "manager/game_result.h"
+#include "game/game_result.h"
 #include "manager/interface_commands.h"
 #include "manager/learn_mode.h"
 #include "manager/match_mode.h"

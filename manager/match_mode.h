@@ -10,7 +10,7 @@
 #include "chess/board/game_outcome.h"
 #include "game/gui_book.h"
 #include "manager/engine_seats.h"
-#include "manager/game_result.h"
+#include "game/game_result.h"
 #include "manager/referee_state.h"
 #include "tournament/tournament.h"
 

@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "base/text.h"
-#include "manager/game_result.h"
+#include "game/game_result.h"
 
 namespace velmora {
 

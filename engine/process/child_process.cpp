@@ -1,12 +1,18 @@
 #include "engine/process/child_process.h"
 
-#include <array>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
 #include <fcntl.h>
 #include <iostream>
+#include <poll.h>
 #include <stdexcept>
 #include <sys/ioctl.h>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <type_traits>
+#include <unistd.h>
 #include <utility>
 
 #include <glib.h>
@@ -45,6 +51,29 @@ private:
     const int m_before = prctl(PR_GET_TIMERSLACK);  // nanoseconds
 };
 
+/// In the new process ahead of the program: calls that are safe behind a fork alone. A mask of signals is
+/// inherited, and an engine is to have none of the caller's.
+void become_owned(gpointer /*data*/) {
+    setpgid(0, 0);
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+}
+
+/// Waits for the process to end by itself, then ends what is left of its group. The process is reaped last,
+/// since its number is nobody else's until then.
+void end_group(int pid) {
+    constexpr std::chrono::milliseconds patience(500);
+    if (const int fd = static_cast<int>(syscall(SYS_pidfd_open, pid, 0)); fd >= 0) {
+        pollfd ended{fd, POLLIN, 0};
+        ::poll(&ended, 1, static_cast<int>(patience.count()));
+        ::close(fd);
+    }
+    ::kill(-pid, SIGKILL);
+    while (::waitpid(pid, nullptr, 0) < 0 && errno == EINTR) continue;
+}
+
 void close_descriptor(int& fd, const char* what) {
     GError* error = nullptr;
     if (g_close(std::exchange(fd, -1), &error) == FALSE) {
@@ -56,15 +85,22 @@ void close_descriptor(int& fd, const char* what) {
 
 ChildProcess::~ChildProcess() { release(); }
 
-void ChildProcess::spawn(const std::string& path) {
-    std::string program = path;
-    std::array<gchar*, 2> arguments{program.data(), nullptr};
+void ChildProcess::spawn(const ProgramCall& call) {
+    std::string program = call.path;
+    std::vector<std::string> words = call.arguments;
+    std::vector<gchar*> arguments{program.data()};
+    for (std::string& word : words) arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    const int flags = G_SPAWN_DO_NOT_REAP_CHILD | (call.owned ? G_SPAWN_SEARCH_PATH : 0);
     GError* error = nullptr;
     const DefaultTimerSlack for_the_child;
-    if (g_spawn_async_with_pipes(nullptr, arguments.data(), nullptr, G_SPAWN_DO_NOT_REAP_CHILD, nullptr,
-                                 nullptr, &m_pid, &m_stdin_fd, &m_stdout_fd, nullptr, &error) == FALSE) {
+    if (g_spawn_async_with_pipes(call.directory.empty() ? nullptr : call.directory.c_str(), arguments.data(),
+                                 nullptr, static_cast<GSpawnFlags>(flags),
+                                 call.owned ? become_owned : nullptr, nullptr, &m_pid, &m_stdin_fd,
+                                 &m_stdout_fd, nullptr, &error) == FALSE) {
         throw std::runtime_error(take_message(error));
     }
+    m_owned = call.owned;
     m_held = true;
     // A child that does not read its input must not stop whoever writes to it.
     fcntl(m_stdin_fd, F_SETFL, fcntl(m_stdin_fd, F_GETFL) | O_NONBLOCK);
@@ -77,9 +113,10 @@ bool ChildProcess::has_taken_input() const {
 
 void ChildProcess::release() {
     if (!std::exchange(m_held, false)) return;
-    g_child_watch_add(m_pid, close_pid, nullptr);
+    if (!m_owned) g_child_watch_add(m_pid, close_pid, nullptr);
     close_descriptor(m_stdin_fd, "standard input");
     close_descriptor(m_stdout_fd, "standard output");
+    if (m_owned) end_group(m_pid);
 }
 
 }  // namespace velmora

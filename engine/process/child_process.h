@@ -1,13 +1,25 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace velmora {
 
+/// How a program is started.
+struct ProgramCall {
+    std::string path;                    ///< looked for in $PATH where it has no slash and `owned`
+    std::vector<std::string> arguments{};  ///< without the program's own name
+    std::string directory{};               ///< to work in; empty for that of the caller
+    /// The program gets a process group of its own, which ends, with all that the program has started in it,
+    /// when it is let go, and the program dies with the thread that started it. Nothing of a match that is
+    /// broken off may go on computing beside the next one.
+    bool owned = false;
+};
+
 /// A program running as a child, with a pipe to its standard input and one from its standard output.
 ///
-/// The child inherits the environment, the working directory and the standard error, gets no arguments, and
-/// is never killed: let go, it is reaped by the default main context whenever it ends.
+/// The child inherits the environment and the standard error, and is never killed, unless it is owned: let
+/// go, it is reaped by the default main context whenever it ends. An owned one has half a second to end.
 ///
 /// Reaping is left to the main context because nobody here can wait: an engine may take seconds to end, or
 /// never do it, and neither the referee nor the window stands still for that. To kill it would take from it
@@ -24,7 +36,8 @@ public:
     /// Starts the program at `path`; the search path is not used. Throws std::runtime_error with the system's
     /// reason. REQUIRES: no child is held.
     /// Without the search path, so that what was chosen in a file dialog is what runs.
-    void spawn(const std::string& path);
+    void spawn(const std::string& path) { spawn(ProgramCall{.path = path}); }
+    void spawn(const ProgramCall& call);
 
     /// The parent's ends of the pipes, -1 without a child. Writing does not block, reading does.
     int stdin_fd() const { return m_stdin_fd; }
@@ -43,6 +56,7 @@ private:
     int m_stdin_fd = -1;
     int m_stdout_fd = -1;
     bool m_held = false;
+    bool m_owned = false;
 };
 
 }  // namespace velmora

@@ -68,7 +68,8 @@ void Engio::set_logging(bool on) {
     if (on) m_log.open("engine" + std::to_string(m_engine_id) + ".log", LogFile::Opening::append);
 }
 
-void Engio::spawn_engine(const std::string& path) {
+void Engio::spawn_engine(const ProgramCall& call) {
+    const std::string& path = call.path;
     m_crashed_flag = false;
     m_quit_flag = false;
     log("   Engio::spawn_engine(" + path + ")");
@@ -85,7 +86,7 @@ void Engio::spawn_engine(const std::string& path) {
     log(std::string("   Engio::spawn_engine() carriage return ") + (m_crlf ? "true" : "false"));
     try {
         m_wakeup = std::make_unique<WakeupPipe>();
-        m_child.spawn(path);
+        m_child.spawn(call);
     } catch (const std::runtime_error& error) {
         m_wakeup.reset();
         log("   Engio::spawn_engine(" + path + ")  FAILED");

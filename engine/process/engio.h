@@ -62,7 +62,8 @@ public:
 
     /// Starts the program; is_spawned() tells afterwards whether that worked. Throws std::logic_error when
     /// there is a process already.
-    void spawn_engine(const std::string& path);
+    void spawn_engine(const std::string& path) { spawn_engine(ProgramCall{.path = path}); }
+    void spawn_engine(const ProgramCall& call);
 
     /// Who gets the lines; null for nobody. Waits until a line that is being handed over is done with.
     /// Afterwards the receiver before may be deleted.
@@ -81,7 +82,7 @@ public:
     bool has_taken_input() const { return m_child.has_taken_input(); }
 
     /// Tells the engine to quit, waits for the reader to leave operator() and closes the pipes. The process
-    /// is not waited for. Nothing without a process.
+    /// is not waited for, unless it is owned. Nothing without a process.
     void quit();
 
     bool is_alive() const { return m_spawned && !m_crashed_flag && !m_quit_flag; }

@@ -1,4 +1,4 @@
-#include "manager/game_result.h"
+#include "game/game_result.h"
 
 #include <string>
 

@@ -29,7 +29,7 @@
 
 #include "base/text.h"
 #include "chess/moves/position.h"
-#include "manager/game_result.h"
+#include "game/game_result.h"
 #include "tests/manager/referee.h"
 #include "tests/support/transcript_file.h"
 

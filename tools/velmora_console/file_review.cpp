@@ -145,6 +145,9 @@ void FileReview::next_game() {
 bool FileReview::start(const ForeignText& text) {
     try {
         const AnyGame any = read_any_game(m_arguments.file, text.offset);
+        for (const Remark& remark : any.remarks) {
+            tell("game " + std::to_string(m_number) + ", " + describe(remark));
+        }
         m_game.parse_pgn(any.text);
     } catch (const std::exception& error) {
         tell("game " + std::to_string(m_number) + ", line " + std::to_string(text.line) +

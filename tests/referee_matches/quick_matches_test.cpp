@@ -10,7 +10,7 @@
 
 #include "base/text.h"
 #include "chess/board/game_outcome.h"
-#include "tests/matches/archiving_window.h"
+#include "tests/referee_matches/archiving_window.h"
 #include "tests/support/console_process.h"
 #include "tests/support/workplace.h"
 

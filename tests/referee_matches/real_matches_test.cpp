@@ -8,8 +8,8 @@
 
 #include "base/text.h"
 #include "channel/to_window.h"
-#include "manager/game_result.h"
-#include "tests/matches/archiving_window.h"
+#include "game/game_result.h"
+#include "tests/referee_matches/archiving_window.h"
 #include "tests/support/console_process.h"
 #include "tests/support/workplace.h"
 #include "tournament/tournament.h"
