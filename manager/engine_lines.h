@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include "channel/engine_line.h"
-#include "manager/engine_seats.h"
 #include "game/game_result.h"
+#include "manager/engine_seats.h"
 #include "manager/referee_state.h"
 #include "manager/review_mode.h"
 

@@ -8,9 +8,9 @@
 #include <string>
 
 #include "chess/board/game_outcome.h"
+#include "game/game_result.h"
 #include "game/gui_book.h"
 #include "manager/engine_seats.h"
-#include "game/game_result.h"
 #include "manager/referee_state.h"
 #include "tournament/tournament.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "manager/engine_seats.h"
 #include "game/game_result.h"
+#include "manager/engine_seats.h"
 #include "manager/referee_state.h"
 
 namespace velmora {

@@ -38,12 +38,15 @@ expected_files() {
 usr/games/velmora
 usr/games/velmora-collection
 usr/games/velmora-console
+usr/games/velmora-match
 usr/share/applications/velmora.desktop
+usr/share/bash-completion/completions/velmora-match
 usr/share/doc/velmora/CHANGELOG.md.gz
 usr/share/doc/velmora/changelog.gz
 usr/share/doc/velmora/copyright
 usr/share/icons/hicolor/scalable/apps/velmora.svg
 usr/share/man/man1/velmora-collection.1.gz
+usr/share/man/man1/velmora-match.1.gz
 usr/share/man/man6/velmora-console.6.gz
 usr/share/man/man6/velmora.6.gz
 usr/share/metainfo/org.velmora.velmora.metainfo.xml
@@ -107,7 +110,7 @@ package=$(scripts/package.sh)
 mkdir "$private/tree" "$private/work"
 dpkg-deb -x "$package" "$private/tree"
 check_contents "$package" "$private/tree"
-for program in velmora velmora-collection velmora-console; do check_hardening "$private/tree/usr/games/$program"; done
+for program in velmora velmora-collection velmora-console velmora-match; do check_hardening "$private/tree/usr/games/$program"; done
 tests/desktop/check-desktop-files.sh "$private/tree/usr/share" "$(project VERSION)" "$(project HOMEPAGE_URL)" ||
     fail "the desktop's files in the package"
 

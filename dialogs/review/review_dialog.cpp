@@ -53,7 +53,7 @@ public:
     explicit EffortGrid(const Level& level) {
         set_row_spacing(ModalDialog::row_spacing);
         set_column_spacing(ModalDialog::column_spacing);
-        for (std::size_t row = 0; row < efforts.size(); ++row) add(row, level);
+        for (std::size_t row = 0; row < efforts.size(); ++row) add_effort(row, level);
     }
 
     Level level() const {
@@ -66,7 +66,7 @@ public:
     }
 
 private:
-    void add(std::size_t row, const Level& level) {
+    void add_effort(std::size_t row, const Level& level) {
         const Effort& effort = efforts[row];
         Gtk::RadioButton& button = m_buttons[row];
         Gtk::SpinButton& number = m_numbers[row];

@@ -7,7 +7,7 @@ namespace velmora {
 
 /// How a program is started.
 struct ProgramCall {
-    std::string path;                    ///< looked for in $PATH where it has no slash and `owned`
+    std::string path;                      ///< looked for in $PATH where it has no slash and `owned`
     std::vector<std::string> arguments{};  ///< without the program's own name
     std::string directory{};               ///< to work in; empty for that of the caller
     /// The program gets a process group of its own, which ends, with all that the program has started in it,

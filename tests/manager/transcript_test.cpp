@@ -118,7 +118,7 @@ protected:
             const auto said = m_referee.take_until(rest);
             ASSERT_TRUE(!said.empty() && said.back() == rest) << ::testing::PrintToString(said);
         } else if (word == "poke") {
-            place.wait_for([&] {
+            test::Workplace::wait_for([&] {
                 m_referee.say("wake_up");
                 return m_referee.window().has_line();
             });
@@ -133,9 +133,11 @@ protected:
         } else if (word == "kill") {
             // What was said before is done when the log has this line, which is no command.
             m_referee.say("settled");
-            place.wait_for([&] { return place.read("manager.log").find("0 settled") != std::string::npos; });
+            test::Workplace::wait_for(
+                [&] { return place.read("manager.log").find("0 settled") != std::string::npos; });
             place.kill_engine(rest);
-            place.wait_for([&] { return place.read("engine1.log").find("crashed") != std::string::npos; });
+            test::Workplace::wait_for(
+                [&] { return place.read("engine1.log").find("crashed") != std::string::npos; });
         } else if (word == "file") {
             std::filesystem::create_directories(std::filesystem::path(rest).parent_path() / ".");
             place.write(rest, block);
@@ -147,7 +149,7 @@ protected:
             place.write(rest, polyglot_book(directive.block));
         } else if (word == "sent") {
             std::string sent;
-            place.wait_for([&] {
+            test::Workplace::wait_for([&] {
                 sent = without(place.sent_to(rest), [](const std::string& said) { return said == "quit"; });
                 return matches(sent, block);
             });
@@ -156,7 +158,7 @@ protected:
             ASSERT_EQ(place.read(rest), block);
         } else if (word == "log") {
             std::string log;
-            place.wait_for([&] { return (log = without_noise(place.read(rest))) == block; });
+            test::Workplace::wait_for([&] { return (log = without_noise(place.read(rest))) == block; });
             ASSERT_EQ(log, block);
         } else if (word == "stderr") {
             m_expected_errors = block;
