@@ -8,6 +8,7 @@
 #include <csignal>
 #include <functional>
 #include <iostream>
+#include <memory>
 #include <string_view>
 #include <thread>
 #include <unistd.h>
@@ -21,6 +22,8 @@
 #include "tools/velmora_console/file_review.h"
 
 namespace {
+
+using Loop = std::unique_ptr<GMainLoop, decltype(&g_main_loop_unref)>;
 
 /// Hands what stands on standard input to the console; at its end the source goes.
 gboolean read_input(gint descriptor, GIOCondition, gpointer data) {
@@ -61,17 +64,17 @@ int review(int argc, char** argv) {
         std::cerr << argv[0] << ": " << error.what() << "\nusage:\n" << velmora::ReviewArguments::help_text();
         return 2;
     }
-    GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
-    velmora::FileReview review(std::move(arguments), stdout, stderr, [loop] { g_main_loop_quit(loop); });
+    const Loop loop(g_main_loop_new(nullptr, FALSE), g_main_loop_unref);
+    velmora::FileReview review(std::move(arguments), stdout, stderr,
+                               [&loop] { g_main_loop_quit(loop.get()); });
     velmora::Manager manager(review, argv[0]);
     review.set_referee(manager);
     if (!review.begin()) return 1;
     std::thread referee(std::ref(manager));
     g_timeout_add_seconds(1, wake_review, &review);
     g_unix_signal_add(SIGINT, interrupt, &review);
-    g_main_loop_run(loop);
+    g_main_loop_run(loop.get());
     referee.join();
-    g_main_loop_unref(loop);
     return review.is_complete() ? 0 : 1;
 }
 
@@ -82,8 +85,8 @@ int main(int argc, char** argv) {
     std::signal(SIGXFSZ, SIG_IGN);  // nor a file that has grown to the system's limit
     if (argc > 1) return review(argc, argv);
 
-    GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
-    velmora::Console console(stdout, [loop] { g_main_loop_quit(loop); });
+    const Loop loop(g_main_loop_new(nullptr, FALSE), g_main_loop_unref);
+    velmora::Console console(stdout, [&loop] { g_main_loop_quit(loop.get()); });
     velmora::Manager manager(console, argv[0]);
     console.set_referee(manager);
     std::thread referee(std::ref(manager));
@@ -92,8 +95,7 @@ int main(int argc, char** argv) {
     g_unix_fd_add(STDIN_FILENO, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR), read_input,
                   &console);
     g_timeout_add_seconds(1, wake_up, &console);
-    g_main_loop_run(loop);
+    g_main_loop_run(loop.get());
     referee.join();
-    g_main_loop_unref(loop);
     return 0;
 }
