@@ -79,7 +79,7 @@ std::vector<StandingsSheet::Line> standings_lines(const Standings& standings,
             const auto counts =
                 other.player == row.player ? OutcomeCounts() : standings.against(row.player, other.player);
             line.against.push_back(counts.total() == 0 ? ""
-                                                       : points_text(counts.half_points()) + "/" +
+                                                       : points_text(counts.half_points()) + " of " +
                                                              std::to_string(counts.total()));
         }
         lines.push_back(std::move(line));

@@ -22,7 +22,7 @@ struct StandingsSheet {
         std::string elo;        ///< against the field, "+35"; "+inf" and "-inf" at all or none of the points
         std::string error;      ///< of elo, "80"; empty where the results bear none
         std::string tie_break;  ///< Sonneborn-Berger, "3.25"
-        /// Points of the games played against the player of each line, "1.5/2"; empty without games.
+        /// Points of the games played against the player of each line, "1.5 of 2"; empty without games.
         std::vector<std::string> against;
 
         bool operator==(const Line&) const = default;

@@ -37,7 +37,7 @@ void StandingsSummary::show_sheet(const StandingsSheet& sheet) {
         const auto& line = sheet.lines[i];
         const std::string elo = line.error.empty() ? line.elo : line.elo + " \u00b1 " + line.error;
         const std::array<std::string, 4> texts{std::to_string(i + 1) + ".", line.name,
-                                               line.points + "/" + line.games, elo};
+                                               line.points + " of " + line.games, elo};
         for (std::size_t column = 0; column < texts.size(); ++column) {
             auto* const label = Gtk::make_managed<Gtk::Label>(texts[column]);
             const bool is_name = column == 1;

@@ -139,6 +139,7 @@ StandingsWindow::StandingsWindow() {
     m_box.pack_start(m_copy, Gtk::PACK_SHRINK);
     add(m_box);
     m_box.show_all();
+    m_open_box.set_no_show_all();
     show_sheet({});
 }
 

@@ -38,9 +38,9 @@ TEST_F(StandingsRoomTest, FollowsTheMatchAndReadsAnewWhatDoesntFit) {
     const std::string text = text_of(room.sheet());
     EXPECT_EQ(text,
               "Cup\n2 of 3 games played\n\n"
-              "   Name   Points  Games  +White  +Black  =  -   Elo  +/-    SB      1      2\n"
-              "1  beta      1.5      2       1       0  1  0  +191       0.75      *  1.5/2\n"
-              "2  alpha     0.5      2       0       0  1  1  -191       0.75  0.5/2      *\n"
+              "   Name   Points  Games  +White  +Black  =  -   Elo  +/-    SB         1         2\n"
+              "1  beta      1.5      2       1       0  1  0  +191       0.75         *  1.5 of 2\n"
+              "2  alpha     0.5      2       0       0  1  1  -191       0.75  0.5 of 2         *\n"
               "\nOpen:\n3: beta - alpha\n");
     // A game that is no match's counts for nobody.
     say("match_progress 3 3 0.5 - 1.5");
