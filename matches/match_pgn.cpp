@@ -88,6 +88,7 @@ std::string MatchPgn::text(const FinishedGame& finished) const {
     game.set_tag("Round", std::to_string(scheduled.round));
     game.set_tag("White", tag_safe(finished.names.white));
     game.set_tag("Black", tag_safe(finished.names.black));
+    if (m_settings.chess960) game.set_tag("Variant", "Chess960");
     const std::string start = finished.game.start.start_fen();
     if (start != GameTags::standard_fen) {
         game.set_tag("SetUp", "1");

@@ -19,6 +19,7 @@ public:
         std::string path;      ///< empty for no record
         bool minimal = false;  ///< the seven tags and the moves alone
         std::string event = "?", site = "?";
+        bool chess960 = false;  ///< the tag "Variant" says so
     };
     MatchPgn(Settings settings, std::vector<MatchEngineSetup> engines)
         : m_settings(std::move(settings)), m_engines(std::move(engines)) {}

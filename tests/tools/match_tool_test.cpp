@@ -3,6 +3,7 @@
 #include <csignal>
 #include <cstdio>
 #include <string>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -191,6 +192,65 @@ TEST_F(MatchTool, PlaysRealEnginesOfBothProtocols) {
     }
     EXPECT_EQ(games, 6) << said.text;
     EXPECT_EQ(said.text.find("Faults"), std::string::npos) << said.text;
+}
+
+TEST_F(MatchTool, GivesEnginesWhatTheyAreToHave) {
+    m_place.install_engine("kept", "option name Style type string default calm\nplay\ncfg Style wild\n");
+    m_place.add_engine("good",
+                       "option name Hash type spin default 1 min 1 max 99\n"
+                       "option name UCI_Chess960 type check default false\nplay\n");
+    m_place.write("starts.epd", "bqnb1rkr/pp3ppp/3ppn2/2p5/5P2/P2P4/NPP1P1PP/BQ1BNRKR w HFhf - 0 1\n");
+    const auto said =
+        run("-engine conf=kept -engine name=Good dir=" + m_place.path("tournaments") +
+            " cmd=" + m_place.path("good.engine") +
+            " option.Hash=7 -each tc=10+0.5 -variant fischerandom -maxmoves 9 -log -use-affinity "
+            "-openings file=starts.epd format=epd -epdout ends.epd -event Trial -pgnout games.pgn");
+    EXPECT_NE(said.text.find("Finished game 1 (kept vs Good): 1/2-1/2 {Draw by adjudication}"),
+              std::string::npos)
+        << said.text;
+    EXPECT_EQ(said.status, 0);
+    const auto good = m_place.sent_to("good");
+    for (const char* line : {"setoption name Hash value 7\n", "setoption name UCI_Chess960 value true\n",
+                             "position fen bqnb1rkr/pp3ppp/3ppn2/2p5/5P2/P2P4/NPP1P1PP/BQ1BNRKR w HFhf - 0 1",
+                             " winc 500 binc 500"}) {
+        EXPECT_NE(good.find(line), std::string::npos) << line << good;
+    }
+    for (const char* text : {"[Event \"Trial\"]", "[Variant \"Chess960\"]", "[FEN \"bqnb1rkr/"}) {
+        EXPECT_NE(m_place.read("games.pgn").find(text), std::string::npos) << m_place.read("games.pgn");
+    }
+    EXPECT_NE(m_place.read("ends.epd"), "");
+}
+
+TEST_F(MatchTool, EndsGamesThatAreDecided) {
+    m_place.write("ends.epd", "6k1/8/8/8/8/8/1QR5/6K1 w - - 0 1\n8/8/4k3/8/8/3KP3/8/8 w - - 0 1\n");
+    const auto play = [this](const std::string& words) {
+        return run("-engine name=A cmd=/usr/games/stockfish -engine name=B cmd=/usr/games/stockfish "
+                   "-each proto=uci depth=4 -openings file=ends.epd format=epd -games 2 -repeat " +
+                   words)
+            .text;
+    };
+    const auto resigned = play("-resign movecount=1 score=500");
+    EXPECT_NE(resigned.find("Finished game 1 (A vs B): 1-0 {White wins by adjudication}"), std::string::npos)
+        << resigned;
+    EXPECT_NE(resigned.find("Finished game 2 (B vs A): 1-0 "), std::string::npos) << resigned;
+    const auto drawn =
+        play("-openings file=ends.epd format=epd start=2 -draw movenumber=1 movecount=1 score=2000");
+    EXPECT_NE(drawn.find("Score of A vs B: 0 - 0 - 2"), std::string::npos) << drawn;
+}
+
+TEST_F(MatchTool, LeavesNoChildOfAnEngineBehind) {
+    m_place.write(
+        "mute.sh",
+        "#!/bin/sh\nsleep 1000 &\necho $! >child\n"
+        "while read word rest; do\n  case $word in uci) echo uciok ;; isready) echo readyok ;; esac\ndone\n");
+    ::chmod(m_place.path("mute.sh").c_str(), 0755);
+    m_place.add_engine("good", "play\n");
+    const auto said = run("-engine name=Good cmd=" + m_place.path("good.engine") +
+                          " -engine name=Mute cmd=" + m_place.path("mute.sh") + " -each proto=uci tc=0.3");
+    EXPECT_NE(said.text.find("1-0 {Black's connection stalls}"), std::string::npos) << said.text;
+    const int child = std::stoi(m_place.read("child"));
+    test::Workplace::wait_for([=] { return ::kill(child, 0) != 0; });
+    EXPECT_NE(::kill(child, 0), 0);
 }
 
 TEST_F(MatchTool, PlaysOnWhenTheRecordCantBeWritten) {

@@ -282,7 +282,7 @@ constexpr auto rows = std::to_array<OptionRow>({
      [](Reading& r, const Words& w) { r.options.openings.seed = whole<std::uint64_t>("-srand", w[0], 0); }},
     {"-variant", 1, 1,
      [](Reading& r, const Words& w) {
-         r.options.pool.chess960 =
+         r.options.pgn.chess960 = r.options.pool.chess960 =
              one_of<bool>("-variant", w[0], {{"standard", false}, {"fischerandom", true}});
      }},
     {"-pgnout", 1, 3, read_pgn},
