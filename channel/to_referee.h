@@ -8,7 +8,6 @@
 
 #include "channel/line_form.h"
 #include "chess/board/game_outcome.h"
-#include "chess/board/side.h"
 
 /// The commands of the window to the referee: a struct for each, and in it the form in which it travels and
 /// what others than the referee have to know of it.
@@ -149,14 +148,11 @@ struct SetGame {
     static constexpr auto form = line("setgame", trimmed_rest(&SetGame::game));
 };
 
-/// What the first engine has left on its clock, where it plays this side: "clock black 61500 12".
+/// What the first engine has left on its clock: "clock 61500 12". While it thinks nothing happens.
 struct SetClock {
-    Side side = Side::white;
     std::int32_t ms = 0;
     std::int32_t moves = 0;  ///< that it has made in the game, which count in the sessions of a level
-    static constexpr auto form =
-        line("clock", one_of<Side>(&SetClock::side, {{"white", Side::white}, {"black", Side::black}}),
-             number(&SetClock::ms), number(&SetClock::moves));
+    static constexpr auto form = line("clock", number(&SetClock::ms), number(&SetClock::moves));
 };
 
 // -- A review

@@ -82,9 +82,8 @@ void TableTalk::move_now() {
     if (is_going_on() && m_state.turn == MoveTurn::engine1) m_seats.engine(Seat::first)->move_now();
 }
 
-/// The time is the engine's own where it thinks: then it isn't touched.
 void TableTalk::set_clock(const to_referee::SetClock& command) {
-    if (!is_going_on() || m_state.turn != MoveTurn::user || command.side == person()) return;
+    if (!is_going_on() || m_state.turn != MoveTurn::user) return;
     auto& engine = *m_seats.engine(Seat::first);
     const auto moves = m_state.level.moves();
     engine.set_moves_done(moves > 0 ? command.moves % moves : command.moves);

@@ -15,6 +15,7 @@
 #include "views/board/board_with_clocks.h"
 #include "views/board/chess_board.h"
 #include "views/clocks/clocks.h"
+#include "views/notice/notice_bar.h"
 #include "views/text/analysis_window.h"
 #include "views/text/comment_editor.h"
 #include "views/text/fen_entry.h"
@@ -43,6 +44,7 @@
 #include "window/session/search_display.h"
 #include "window/session/seated_engine.h"
 #include "window/session/user_moves.h"
+#include "window/table/table_room.h"
 
 namespace velmora {
 
@@ -107,6 +109,7 @@ private:
     unsigned m_ticks = 0;
 
     Gtk::Box m_box;
+    NoticeBar m_notice_bar;
     Gtk::Paned m_board_and_panel;
     ChessBoard m_board;
     Clocks m_clocks;
@@ -139,6 +142,7 @@ private:
     SearchDisplay m_search;
     Activity m_activity;
     ReviewRoom m_review;
+    TableRoom m_table;
     AnalysisPanel m_panel;
     ReviewPanel m_review_panel;
     SecondaryWindows m_windows;

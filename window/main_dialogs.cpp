@@ -7,6 +7,7 @@
 #include "dialogs/engine/protocol_dialog.h"
 #include "dialogs/files/fen_list.h"
 #include "dialogs/files/game_list.h"
+#include "dialogs/game/result_dialog.h"
 #include "dialogs/learn_hints_dialog.h"
 #include "dialogs/parts/message_box.h"
 #include "dialogs/review/review_dialog.h"
@@ -68,6 +69,10 @@ std::optional<Level> MainDialogs::ask_time_control(const Level& level) {
 
 std::optional<ReviewSettings> MainDialogs::ask_review(const ReviewSettings& settings) {
     return velmora::ask_review(m_parent, settings);
+}
+
+std::optional<GameOutcome> MainDialogs::ask_result(const std::optional<GameOutcome>& known) {
+    return velmora::ask_result(m_parent, known);
 }
 
 TournamentEdit MainDialogs::edit_tournament(const Tournament& tournament,

@@ -137,7 +137,7 @@ TEST(Vocabulary, OfTheWindow) {
                         {"flag"},
                         {"result 0-1 time_forfeit {time}", "result 0-1  time_forfeit {time}"},
                         {"setgame 8/8 w - - 0 1 moves e2e4"},
-                        {"clock black 61500 12"},
+                        {"clock 61500 12"},
                         {"level fixed_depth 7"},
                         {"review 7 fixed_movetime 500 2,1 8/8 w - - 0 1 moves e2e4",
                          "review 7 fixed_movetime  500 2,1  8/8 w - - 0 1 moves e2e4"},

@@ -10,6 +10,7 @@
 #include "window/session/mode_controller.h"
 #include "window/session/navigation.h"
 #include "window/session/user_moves.h"
+#include "window/table/table_room.h"
 
 namespace velmora::test {
 
@@ -40,6 +41,7 @@ struct HeadlessWindow {
     UserMoves moves{session, screen, screen, screen, screen, link, 0.0};
     Navigation navigation{session, screen, screen, screen, modes};
     ReviewRoom review{session, screen, screen, engine, link, dispatcher, navigation, moves};
+    TableRoom table{session, screen, screen, screen, modes, link, engine, dispatcher, moves};
 };
 
 }  // namespace velmora::test

@@ -28,6 +28,7 @@ public:
     std::function<void(std::vector<Option>&)> do_to_options = [](std::vector<Option>&) {};
     std::optional<Level> time_control;
     std::optional<std::optional<ReviewSettings>> review;  // taken as offered without one
+    std::optional<GameOutcome> result;                    // what the rules say without one
     TournamentEdit tournament;
     std::optional<Tournament> shown_tournament;  // what was to be changed
     TournamentChoice chosen_tournament;
@@ -63,6 +64,10 @@ public:
 
     std::optional<ReviewSettings> ask_review(const ReviewSettings& settings) override {
         return review ? *review : settings;
+    }
+
+    std::optional<GameOutcome> ask_result(const std::optional<GameOutcome>& known) override {
+        return result ? result : known;
     }
 
     TournamentEdit edit_tournament(const Tournament& shown,

@@ -72,6 +72,22 @@ void ClockPair::stop() {
     }
 }
 
+std::int32_t ClockPair::time_now(Side side) const {
+    const SideClock& clock = m_sides[side];
+    return limited(clock.time - clock.timer.elapsed() * 100);
+}
+
+void ClockPair::restore(Side side, std::int32_t centiseconds, std::int32_t moves) {
+    set_time(side, centiseconds);
+    m_sides[side].moves = moves;
+    m_sides[side].shown.reset();
+}
+
+void ClockPair::run(Side side) {
+    m_sides[side].running = true;
+    m_sides[side].timer.start();
+}
+
 /// A second more than shown is no time given but the difference of two clocks that were read at different
 /// moments.
 std::optional<std::string> ClockPair::refresh(Side side) {

@@ -9,6 +9,7 @@
 #include "window/session/game_session.h"
 #include "window/session/manager_link.h"
 #include "window/session/mode_controller.h"
+#include "window/table/table_room.h"
 
 namespace velmora {
 
@@ -27,6 +28,7 @@ struct Rooms {
     EngineFlows& engines;
     TournamentFlows& tournaments;
     ReviewRoom& review;
+    TableRoom& table;
     SecondaryWindows& windows;
     AnalysisPanel& panel;
 };

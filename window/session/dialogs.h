@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "chess/board/game_outcome.h"
 #include "chess/board/piece.h"
 #include "chess/board/side.h"
 #include "engine/store/engine_variables.h"
@@ -85,6 +86,9 @@ public:
     virtual std::optional<Level> ask_time_control(const Level& level) = 0;
     /// How a game is to be reviewed, beginning with `settings`.
     virtual std::optional<ReviewSettings> ask_review(const ReviewSettings& settings) = 0;
+
+    /// How a game of two people has ended, beginning with what the rules say of it.
+    virtual std::optional<GameOutcome> ask_result(const std::optional<GameOutcome>& known) = 0;
 
     /// @param installed  the names of the engines that can take part
     virtual TournamentEdit edit_tournament(const Tournament& tournament,

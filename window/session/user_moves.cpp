@@ -1,5 +1,6 @@
 #include "window/session/user_moves.h"
 
+#include <algorithm>
 #include <iostream>
 
 #include "chess/moves/legal_moves.h"
@@ -103,7 +104,9 @@ bool UserMoves::play(Square from, Square to) {
 }
 
 void UserMoves::make(const Move& move) {
-    if (m_take(move)) return m_session.select(std::nullopt);
+    if (std::ranges::any_of(m_take, [&](const auto& take) { return take(move); })) {
+        return m_session.select(std::nullopt);
+    }
     if (!m_session.clocks_held()) m_clocks.start_clock(opposite(m_session.side_to_move()));
     // The referee first: its engine can begin while the board is drawn.
     m_manager.send(to_referee::UserMove{move.to_string(false)});

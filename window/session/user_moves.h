@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "base/stopwatch.h"
 #include "chess/board/square.h"
@@ -37,8 +38,8 @@ public:
     /// A move has been typed. Gives what is wrong with it; empty when it has been played.
     std::string on_typed(const std::string& text);
 
-    /// Has `take` asked ahead of each legal move of the person; what it takes isn't played.
-    void divert(std::function<bool(const Move&)> take) { m_take = std::move(take); }
+    /// Has `take` asked ahead of each legal move of the person; what one of them takes isn't played.
+    void divert(std::function<bool(const Move&)> take) { m_take.push_back(std::move(take)); }
 
     /// A piece has been picked up: its targets are shown until it is dropped.
     void on_piece_picked(std::optional<Square> square);
@@ -62,7 +63,7 @@ private:
     SetupEditor m_setup;
     Stopwatch m_click_timer;  // runs since the start or since the piece chooser closed
     const double m_click_delay_s;
-    std::function<bool(const Move&)> m_take = [](const Move&) { return false; };
+    std::vector<std::function<bool(const Move&)>> m_take;
 };
 
 }  // namespace velmora
