@@ -11,6 +11,7 @@
 #include <glibmm/main.h>
 
 #include "base/text.h"
+#include "engine/store/home_dir.h"
 #include "views/text/epd_commands_window.h"
 #include "window/session/typed_move.h"
 
@@ -73,6 +74,8 @@ Interface::Interface(std::string program_path, int board_size)
       m_review(m_session, m_screen, m_dialogs, m_engine, m_link, m_dispatcher, m_navigation, m_user_moves),
       m_table(m_session, m_screen, m_screen, m_dialogs, m_modes, m_link, m_engine, m_dispatcher,
               m_user_moves),
+      m_keeper(m_session, m_screen, m_screen, m_dialogs, m_modes, m_link, m_engine, m_dispatcher,
+               m_table.notice(), HomeDir().path() + "earlier_games/"),
       m_panel(
           m_session, m_screen, m_navigation, m_search, m_activity, m_review, m_board, m_evaluation_bar,
           [this] { m_actions.set_active("ShowSidePanel", true); },
@@ -83,8 +86,8 @@ Interface::Interface(std::string program_path, int board_size)
                 [this] {
                     m_session.tell({Change::record, Change::position});
                 }),
-      m_rooms{m_link,    m_session,     m_dialogs, m_board, m_modes,   m_files,
-              m_engines, m_tournaments, m_review,  m_table, m_windows, m_panel},
+      m_rooms{m_link,        m_session, m_dialogs, m_board,  m_modes,   m_files, m_engines,
+              m_tournaments, m_review,  m_table,   m_keeper, m_windows, m_panel},
       m_actions(m_rooms) {
     Glib::signal_timeout().connect(sigc::mem_fun(*this, &Interface::on_timeout), tick_ms);
     m_manager_thread = std::thread(std::ref(m_manager));
@@ -168,6 +171,7 @@ void Interface::connect_views() {
             m_move_entry.refuse(complaint);
         }
     });
+    m_files.on_saved([this] { m_keeper.note_saved(); });
     m_notice_bar.signal_accepted().connect([this] { m_table.notice().accept(); });
     m_notice_bar.signal_closed().connect([this] { m_table.notice().clear(); });
     // Nothing but the clock shows what is left on it.
@@ -232,6 +236,7 @@ bool Interface::on_timeout() {
     m_clocks.update();
     process_manager_messages();
     m_table.tick();
+    m_keeper.tick();
     m_notice_bar.show_notice(m_table.notice().text(), m_table.notice().can_accept());
     if (m_ticks % panel_ticks == 0) {
         m_panel.refresh();

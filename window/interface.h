@@ -44,6 +44,7 @@
 #include "window/session/search_display.h"
 #include "window/session/seated_engine.h"
 #include "window/session/user_moves.h"
+#include "window/table/game_keeper.h"
 #include "window/table/table_room.h"
 
 namespace velmora {
@@ -143,6 +144,7 @@ private:
     Activity m_activity;
     ReviewRoom m_review;
     TableRoom m_table;
+    GameKeeper m_keeper;
     AnalysisPanel m_panel;
     ReviewPanel m_review_panel;
     SecondaryWindows m_windows;

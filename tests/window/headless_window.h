@@ -10,6 +10,7 @@
 #include "window/session/mode_controller.h"
 #include "window/session/navigation.h"
 #include "window/session/user_moves.h"
+#include "window/table/game_keeper.h"
 #include "window/table/table_room.h"
 
 namespace velmora::test {
@@ -42,6 +43,8 @@ struct HeadlessWindow {
     Navigation navigation{session, screen, screen, screen, modes};
     ReviewRoom review{session, screen, screen, engine, link, dispatcher, navigation, moves};
     TableRoom table{session, screen, screen, screen, modes, link, engine, dispatcher, moves};
+    GameKeeper keeper{session, screen, screen,     screen,         modes,
+                      link,    engine, dispatcher, table.notice(), "earlier_games/"};
 };
 
 }  // namespace velmora::test

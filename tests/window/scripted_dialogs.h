@@ -29,6 +29,8 @@ public:
     std::optional<Level> time_control;
     std::optional<std::optional<ReviewSettings>> review;  // taken as offered without one
     std::optional<GameOutcome> result;                    // what the rules say without one
+    std::optional<std::size_t> earlier_game;
+    std::vector<EarlierGame> earlier_games;  // that were shown
     TournamentEdit tournament;
     std::optional<Tournament> shown_tournament;  // what was to be changed
     TournamentChoice chosen_tournament;
@@ -68,6 +70,11 @@ public:
 
     std::optional<GameOutcome> ask_result(const std::optional<GameOutcome>& known) override {
         return result ? result : known;
+    }
+
+    std::optional<std::size_t> choose_earlier_game(const std::vector<EarlierGame>& games) override {
+        earlier_games = games;
+        return earlier_game;
     }
 
     TournamentEdit edit_tournament(const Tournament& shown,

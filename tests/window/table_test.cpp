@@ -176,5 +176,61 @@ TEST(Table, AFlagFallsOnceWhereSomebodyPlaysForTime) {
     EXPECT_EQ(window.told(), Lines({"lose_on_time on", "flag"}));
 }
 
+TEST(EarlierGames, AGameThatIsLeftIsTakenUpAsItStood) {
+    Playing window(Mode::human_computer);
+    window.session.set_level(Level("sudden_death 0 7 0"));
+    window.move("e4");
+    window.say("move e7e5");
+    window.move("Nf3");
+    window.say("move b8c6");
+    window.table.take_back();
+    window.say("taken_back 2");
+    window.move("d4");
+    window.screen.clocks = {{2900, 2}, {2751, 2}};
+    window.keeper.tick();
+    const auto place = window.session.last_move_text();
+    // Nothing is done at its end: what was written with the move stands there when the program is killed.
+    window.modes.new_game();
+    window.keeper.tick();
+    window.session.set_level(Level("sudden_death 0 5 0"));
+    window.told();
+    window.screen.earlier_game = 0;
+    window.keeper.choose();
+    ASSERT_EQ(window.screen.earlier_games.size(), 1U);
+    EXPECT_EQ(window.screen.earlier_games[0].moves, 3U);
+    EXPECT_NE(window.session.pgn().find("1.e4 e5 2.d4 ( 2.Nf3 Nc6) *"), std::string::npos);
+    EXPECT_EQ(window.session.last_move_text(), place);
+    EXPECT_EQ(window.session.level().text(), Level("sudden_death 0 7 0").text());
+    EXPECT_EQ(window.screen.clocks[Side::black].centiseconds, 2751);
+    const Lines told = window.told();
+    EXPECT_EQ(Lines(told.end() - 3, told.end()),
+              Lines({std::string("setgame ") + start + " moves e2e4 e7e5 d2d4", "clock 27510 2", "go"}));
+
+    // It is the one that is kept now; where it comes into the archive, it is kept no more.
+    window.keeper.tick();
+    window.keeper.choose();
+    EXPECT_EQ(window.screen.calls.back(),
+              "tell There are no earlier games|Games that are left and stand in no file are kept here.");
+    window.say("1-0 {black resigns}");
+    window.keeper.tick();
+    window.modes.new_game();
+    window.keeper.tick();
+    EXPECT_TRUE(EarlierGames("earlier_games/").list().empty());
+}
+
+TEST(EarlierGames, TheLastHundredAreKept) {
+    const ScratchDirectory home;
+    const std::string directory = home.path("games/");
+    EarlierGames games(directory);
+    for (std::size_t game = 0; game < EarlierGames::most_kept + 2; ++game) {
+        games.begin();
+        EXPECT_FALSE(games.keep("[White \"" + std::to_string(game) + "\"]\n\n1.e4 *\n", {}));
+    }
+    const auto kept = EarlierGames(directory).list();
+    EXPECT_EQ(kept.size(), EarlierGames::most_kept);
+    EXPECT_EQ(kept.front().white + " " + kept.back().white, "101 2");
+    EXPECT_EQ(games.list().size(), kept.size() - 1) << "the one that is being kept isn't offered";
+}
+
 }  // namespace
 }  // namespace velmora

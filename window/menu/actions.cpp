@@ -108,6 +108,8 @@ const std::vector<ActionRow>& Actions::table() {
         entry("NoteResult", "Result...", [](Rooms& rooms) { rooms.table.note_result(); }),
         switch_entry("LoseOnTime", "Lose on time",
                      [](Rooms& rooms, bool on) { rooms.table.set_lose_on_time(on); }),
+        separator,
+        entry("EarlierGames", "Earlier games...", [](Rooms& rooms) { rooms.games.choose(); }),
 
         menu("TournamentMenu", "Tournament"),
         entry("New", "New / Edit", [](Rooms& rooms) { rooms.tournaments.edit(); }),

@@ -9,6 +9,7 @@
 #include "window/session/game_session.h"
 #include "window/session/manager_link.h"
 #include "window/session/mode_controller.h"
+#include "window/table/game_keeper.h"
 #include "window/table/table_room.h"
 
 namespace velmora {
@@ -29,6 +30,7 @@ struct Rooms {
     TournamentFlows& tournaments;
     ReviewRoom& review;
     TableRoom& table;
+    GameKeeper& games;
     SecondaryWindows& windows;
     AnalysisPanel& panel;
 };

@@ -45,6 +45,13 @@ struct TournamentEdit {
     TournamentData entered;  ///< with `ok`: settings and names of participants, without games
 };
 
+/// A game that was left and is kept, as a list shows it.
+struct EarlierGame {
+    std::string path;
+    std::string date, white, black;  ///< the tags of these names
+    std::size_t moves = 0;           ///< plies of the main line
+};
+
 /// All that the window's logic asks a person, value in and value out.
 ///
 /// Each call waits for the answer, in the real window with a modal dialog; so what asks runs without a
@@ -89,6 +96,9 @@ public:
 
     /// How a game of two people has ended, beginning with what the rules say of it.
     virtual std::optional<GameOutcome> ask_result(const std::optional<GameOutcome>& known) = 0;
+
+    /// Which of the games is to be taken up, by its place in the list.
+    virtual std::optional<std::size_t> choose_earlier_game(const std::vector<EarlierGame>& games) = 0;
 
     /// @param installed  the names of the engines that can take part
     virtual TournamentEdit edit_tournament(const Tournament& tournament,
