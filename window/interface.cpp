@@ -1,5 +1,6 @@
 #include "window/interface.h"
 
+#include <filesystem>
 #include <functional>
 #include <iostream>
 #include <memory>
@@ -75,7 +76,9 @@ Interface::Interface(std::string program_path, int board_size)
       m_table(m_session, m_screen, m_screen, m_dialogs, m_modes, m_link, m_engine, m_dispatcher,
               m_user_moves),
       m_keeper(m_session, m_screen, m_screen, m_dialogs, m_modes, m_link, m_engine, m_dispatcher,
-               m_table.notice(), HomeDir().path() + "earlier_games/"),
+               m_table.notice(),
+               HomeDir::path_for(std::filesystem::current_path().string()) + "earlier_games/"),
+      m_premove(m_session, m_screen, m_screen, m_user_moves),
       m_panel(
           m_session, m_screen, m_navigation, m_search, m_activity, m_review, m_board, m_evaluation_bar,
           [this] { m_actions.set_active("ShowSidePanel", true); },
@@ -235,6 +238,7 @@ void Interface::open_dropped(const std::vector<Glib::ustring>& uris) {
 bool Interface::on_timeout() {
     m_clocks.update();
     process_manager_messages();
+    m_premove.tick();
     m_table.tick();
     m_keeper.tick();
     m_notice_bar.show_notice(m_table.notice().text(), m_table.notice().can_accept());

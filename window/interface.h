@@ -45,6 +45,7 @@
 #include "window/session/seated_engine.h"
 #include "window/session/user_moves.h"
 #include "window/table/game_keeper.h"
+#include "window/table/premove.h"
 #include "window/table/table_room.h"
 
 namespace velmora {
@@ -145,6 +146,7 @@ private:
     ReviewRoom m_review;
     TableRoom m_table;
     GameKeeper m_keeper;
+    Premove m_premove;
     AnalysisPanel m_panel;
     ReviewPanel m_review_panel;
     SecondaryWindows m_windows;

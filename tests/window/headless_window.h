@@ -11,6 +11,7 @@
 #include "window/session/navigation.h"
 #include "window/session/user_moves.h"
 #include "window/table/game_keeper.h"
+#include "window/table/premove.h"
 #include "window/table/table_room.h"
 
 namespace velmora::test {
@@ -45,6 +46,7 @@ struct HeadlessWindow {
     TableRoom table{session, screen, screen, screen, modes, link, engine, dispatcher, moves};
     GameKeeper keeper{session, screen, screen,     screen,         modes,
                       link,    engine, dispatcher, table.notice(), "earlier_games/"};
+    Premove premove{session, screen, screen, moves};
 };
 
 }  // namespace velmora::test

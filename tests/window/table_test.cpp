@@ -9,8 +9,11 @@
 
 #include <gtest/gtest.h>
 
+#include "base/text.h"
+#include "game/game_result.h"
 #include "tests/support/scratch_directory.h"
 #include "tests/window/headless_window.h"
+#include "window/table/captured_men.h"
 
 namespace velmora {
 namespace {
@@ -174,6 +177,57 @@ TEST(Table, AFlagFallsOnceWhereSomebodyPlaysForTime) {
     window.table.tick();
     window.table.tick();
     EXPECT_EQ(window.told(), Lines({"lose_on_time on", "flag"}));
+}
+
+TEST(Premove, IsPlayedWhereItIsLegalThen) {
+    const Square e2(12), e4(28), d1(3), f3(21), h5(39), a3(16);
+    Playing window(Mode::human_computer);
+    window.moves.on_board(e2, e4);
+    // By a drag, taken away by a click; then by two clicks, the later one counting.
+    window.moves.on_board(d1, h5);
+    window.moves.on_board(a3, a3);
+    window.moves.on_board(d1, d1);
+    window.moves.on_board(h5, h5);
+    window.premove.tick();
+    Lines arrows;
+    for (const auto& call : window.screen.calls) {
+        if (call.find("arrow") != std::string::npos) arrows.push_back(call);
+    }
+    EXPECT_EQ(arrows, Lines({"arrow d1 h5 2", "clear arrows", "arrow d1 h5 2"}));
+    window.told();
+    window.say("move e7e5");
+    window.premove.tick();
+    EXPECT_EQ(window.told(), Lines({"usermove d1h5"}));
+    // Illegal by then; and gone with what is taken back.
+    window.moves.on_board(h5, h5);
+    window.moves.on_board(h5, e2);
+    window.say("move g7g6");
+    window.moves.on_board(e4, f3);
+    window.premove.tick();
+    EXPECT_EQ(window.told(), Lines({"usermove h5e2"}));
+    window.moves.on_board(e2, d1);
+    window.table.take_back();
+    window.told();
+    window.say("taken_back 1");
+    window.premove.tick();
+    EXPECT_EQ(window.session.last_move_text(), "Black: g6");
+}
+
+TEST(CapturedMen, AreThoseThatAreGoneSinceTheStart) {
+    const struct {
+        const char *fen, *moves, *text, *words;
+    } rows[] = {{"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "", "", ""},
+                {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "e2e4 d7d5 e4d5 d8d5",
+                 "White ♟   Black ♙", "White has taken 1 pawn. Black has taken 1 pawn. Nobody is ahead."},
+                {"1n2k3/P6p/8/8/8/8/8/4K3 w - - 0 1", "a7b8q", "White ♞ +8",
+                 "White has taken 1 knight. White is 8 ahead."}};
+    for (const auto& row : rows) {
+        ChessPosition position;
+        position.set_fen(row.fen);
+        for (const auto word : text::words(row.moves)) play_if_legal(position, parse_move(position, word));
+        EXPECT_EQ(CapturedMen(position).text(), row.text);
+        EXPECT_EQ(CapturedMen(position).words(), row.words);
+    }
 }
 
 TEST(EarlierGames, AGameThatIsLeftIsTakenUpAsItStood) {

@@ -37,6 +37,7 @@ void UserMoves::on_board(Square from, Square to) {
     } else if (sets_up()) {
         m_setup.edit(from, to);
     } else if (!may_move()) {
+        m_waiting(from, to);
         m_session.tell({Change::turn, Change::position});
     } else if (from == to) {
         on_click(to);
@@ -87,7 +88,6 @@ PieceKind UserMoves::choose_promotion(Square from, Square to) {
     return promotes ? m_dialogs.choose_promotion(piece.side()) : PieceKind::none;
 }
 
-/// False, and nothing picked up any more, where there is no such move.
 bool UserMoves::play(Square from, Square to) {
     const PieceKind promoted = choose_promotion(from, to);
     const std::string squares = from.name() + to.name();

@@ -20,8 +20,7 @@ namespace velmora {
 /// with the engine by then. The games of a match aren't kept, since the match plays them again.
 class GameKeeper {
 public:
-    /// @param directory  gives the directory of the kept games, with a trailing slash; asked once it is
-    /// needed
+    /// @param directory  of the kept games, with a trailing slash
     GameKeeper(GameSession& session, ClockView& clocks, WindowFrame& frame, Dialogs& dialogs,
                ModeController& modes, ManagerLink& manager, const SeatedEngine& engine,
                MessageDispatcher& dispatcher, Notice& notice, const std::string& directory);
