@@ -44,6 +44,8 @@ void ReviewMode::start(const to_referee::Review& command) {
     m_state.pending = Move();
     if (engine == nullptr || !read(command)) return finish(to_window::ReviewFinished::Reason::failed);
     engine->stop();
+    // What it remembers of another game would change what it finds here: the same run gives the same words.
+    engine->new_game();
     m_deaths = 0;
     search();
 }
