@@ -82,7 +82,7 @@ std::optional<std::size_t> MainDialogs::choose_earlier_game(const std::vector<Ea
     rows.reserve(games.size());
     for (const auto& game : games) {
         const auto moves = (game.moves + 1) / plies_per_move;
-        rows.push_back({game.date, game.white, game.black, std::to_string(moves)});
+        rows.push_back({game.date, game.players, std::to_string(moves)});
     }
     return velmora::choose_earlier_game(m_parent, rows);
 }

@@ -12,9 +12,9 @@ constexpr int width = 560, height = 400;  // pixels, with a font of ordinary siz
 
 struct GameColumns : NumberedColumns {
     GameColumns() {
-        for (auto* const column : {&date, &white, &black, &moves}) add(*column);
+        for (auto* const column : {&date, &players, &moves}) add(*column);
     }
-    Gtk::TreeModelColumn<Glib::ustring> date, white, black, moves;
+    Gtk::TreeModelColumn<Glib::ustring> date, players, moves;
 };
 
 }  // namespace
@@ -25,12 +25,10 @@ std::optional<std::size_t> choose_earlier_game(Gtk::Window& parent,
     dialog.set_ordinary_size(width, height);
     const GameColumns columns;
     NumberedList list(columns, {{columns.date, "Date", 11, false},
-                                {columns.white, "White", 18, true},
-                                {columns.black, "Black", 18, true},
-                                {columns.moves, "Moves", 6, false}});
+                                {columns.players, "Players", 30, true},
+                                {columns.moves, "Moves", 7, false}});
     for (const auto& game : games) {
-        list.append({text::displayable(game.date), text::displayable(game.white),
-                     text::displayable(game.black), game.moves});
+        list.append({text::displayable(game.date), text::displayable(game.players), game.moves});
     }
     list.signal_answered().connect([&dialog] { dialog.response(Gtk::RESPONSE_OK); });
     dialog.body().pack_start(list, Gtk::PACK_EXPAND_WIDGET);

@@ -11,7 +11,7 @@ namespace velmora {
 
 /// A game as a row of the list.
 struct EarlierGameRow {
-    std::string date, white, black, moves;
+    std::string date, players, moves;
 };
 
 /// The dialog "Earlier games": which of them is to be taken up; nothing unless the person answers "Take up"

@@ -234,6 +234,8 @@ TEST(EarlierGames, AGameThatIsLeftIsTakenUpAsItStood) {
     Playing window(Mode::human_computer);
     window.session.set_level(Level("sudden_death 0 7 0"));
     window.move("e4");
+    window.say("whitename Human");
+    window.say("blackname Alpha");
     window.say("move e7e5");
     window.move("Nf3");
     window.say("move b8c6");
@@ -252,6 +254,7 @@ TEST(EarlierGames, AGameThatIsLeftIsTakenUpAsItStood) {
     window.keeper.choose();
     ASSERT_EQ(window.screen.earlier_games.size(), 1U);
     EXPECT_EQ(window.screen.earlier_games[0].moves, 3U);
+    EXPECT_EQ(window.screen.earlier_games[0].players, "Human - Alpha");
     EXPECT_NE(window.session.pgn().find("1.e4 e5 2.d4 ( 2.Nf3 Nc6) *"), std::string::npos);
     EXPECT_EQ(window.session.last_move_text(), place);
     EXPECT_EQ(window.session.level().text(), Level("sudden_death 0 7 0").text());
@@ -278,11 +281,13 @@ TEST(EarlierGames, TheLastHundredAreKept) {
     EarlierGames games(directory);
     for (std::size_t game = 0; game < EarlierGames::most_kept + 2; ++game) {
         games.begin();
-        EXPECT_FALSE(games.keep("[White \"" + std::to_string(game) + "\"]\n\n1.e4 *\n", {}));
+        LeftGame left;
+        left.players = std::to_string(game);
+        EXPECT_FALSE(games.keep("[White \"?\"]\n\n1.e4 *\n", left));
     }
     const auto kept = EarlierGames(directory).list();
     EXPECT_EQ(kept.size(), EarlierGames::most_kept);
-    EXPECT_EQ(kept.front().white + " " + kept.back().white, "101 2");
+    EXPECT_EQ(kept.front().players + " " + kept.back().players, "101 2");
     EXPECT_EQ(games.list().size(), kept.size() - 1) << "the one that is being kept isn't offered";
 }
 

@@ -48,8 +48,9 @@ struct TournamentEdit {
 /// A game that was left and is kept, as a list shows it.
 struct EarlierGame {
     std::string path;
-    std::string date, white, black;  ///< the tags of these names
-    std::size_t moves = 0;           ///< plies of the main line
+    std::string date;       ///< as its tag has it
+    std::string players;    ///< "White - Black"
+    std::size_t moves = 0;  ///< plies of the main line
 };
 
 /// All that the window's logic asks a person, value in and value out.

@@ -11,6 +11,7 @@
 
 #include "base/regular_file.h"
 #include "base/text.h"
+#include "game/game_tags.h"
 
 namespace velmora {
 
@@ -32,7 +33,8 @@ std::optional<Side> engine_of(std::string_view word) {
 }
 
 /// "black 2900 1 2751 1 40 12:1,30:2 sudden_death 0 5 0": the engine's side, the clocks and moves of White
-/// and Black, the length of the way and where it isn't the first child ("-" for nowhere), the level.
+/// and Black, the length of the way and where it isn't the first child
+/// ("-" for nowhere), the level, and behind a bar the players.
 std::string describe(const LeftGame& left) {
     std::ostringstream text;
     text << word_of(left.engine);
@@ -46,7 +48,7 @@ std::string describe(const LeftGame& left) {
         if (!turns.empty()) turns += ',';
         turns += std::to_string(ply) + ":" + std::to_string(left.way[ply]);
     }
-    text << (turns.empty() ? "-" : turns) << ' ' << left.level;
+    text << (turns.empty() ? "-" : turns) << ' ' << left.level << '|' << tag_safe(left.players);
     return text.str();
 }
 
@@ -74,7 +76,10 @@ LeftGame read_left(std::string_view description) {
     }
     const auto length = reader.integer<std::size_t>().value_or(0);
     left.way = read_way(length, reader.word());
-    left.level = text::trim_blanks(reader.rest());
+    const auto rest = reader.rest();
+    const auto bar = std::min(rest.find('|'), rest.size());
+    left.level = text::trim_blanks(rest.substr(0, bar));
+    left.players = rest.substr(std::min(bar + 1, rest.size()));
     return left;
 }
 
@@ -146,9 +151,8 @@ std::vector<EarlierGame> EarlierGames::list() const {
         if (path == m_current) continue;
         const auto loaded = load(path);
         if (!loaded) continue;
-        const Game& game = loaded->first;
-        games.push_back(
-            {path, game.tag("Date"), game.tag("White"), game.tag("Black"), plies_of_main_line(game)});
+        const auto& [game, left] = *loaded;
+        games.push_back({path, game.tag("Date"), left.players, plies_of_main_line(game)});
     }
     return games;
 }

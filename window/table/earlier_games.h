@@ -19,6 +19,7 @@ struct LeftGame {
     BySide<ClockReading> clocks;
     std::vector<std::uint32_t> way;  ///< from the start to the position: which of the children, move by move
     std::string level;               ///< the time control, as a text
+    std::string players;             ///< "White - Black"; the record has no names before its end
 };
 
 /// Games that stand nowhere else, each in a file of its own in one directory: the last hundred.

@@ -40,6 +40,11 @@ LeftGame GameKeeper::left_game() const {
     }
     left.clocks = m_clocks.read_clocks();
     left.level = m_session.level().text();
+    for (const Side side : {Side::white, Side::black}) {
+        const std::string tagged = m_session.record().tag(side == Side::white ? "White" : "Black");
+        if (side == Side::black) left.players += " - ";
+        left.players += tagged.empty() || tagged == "?" ? m_session.players()[side].name : tagged;
+    }
     const auto& tree = m_session.record().tree();
     for (auto id = m_session.record().current(); id != 0; id = tree.node(id).pid) {
         if (tree.node(id).type == ElementType::move) {
