@@ -2,7 +2,7 @@
 # Makes all figures of docs/performance.md again, each beside its peer: installs what is missing, builds the release
 # with the benchmarks and runs them one after the other, about half an hour in all. The machine should have nothing
 # else to do.
-# Usage: scripts/bench.sh [chess] [engine] [referee] [games] [collection] [review] [lists] [board] [window]; without a name, all of them.
+# Usage: scripts/bench.sh [chess] [engine] [referee] [matches] [games] [collection] [review] [lists] [board] [window]; without a name, all of them.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/packages.sh
@@ -15,13 +15,14 @@ corpus=$build/game_corpus.pgn
 
 on_display() { tests/support/with-display.sh "$@" 2>/dev/null; }
 
-for part in "${@:-chess engine referee games collection review lists board window}"; do
+for part in "${@:-chess engine referee matches games collection review lists board window}"; do
     for name in $part; do
         echo "== $name"
         case "$name" in
             chess) bench/chess_against_stockfish.py 5 "$build" && "$build/bench/chess_core" --benchmark_filter='read/|copied|maps' ;;
             engine) "$build/bench/engine_pipe" 2>/dev/null ;;
             referee) bench/manager_figures.sh "$build" ;;
+            matches) bench/match_figures.sh "$build" ;;
             games) CORPUS=$corpus bench/game_figures.sh "$build" ;;
             collection) bench/collection_figures.sh "$build" ;;
             review) bench/review_figures.sh "$build" ;;

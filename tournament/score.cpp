@@ -9,7 +9,7 @@ namespace {
 
 /// Points are counted in halves, so that they stay whole numbers.
 struct HalfPoints {
-    int white, black;
+    unsigned white, black;
 };
 
 HalfPoints half_points(const std::string& result) {
@@ -19,14 +19,16 @@ HalfPoints half_points(const std::string& result) {
     return {0, 0};
 }
 
-std::string points_text(int halves) { return std::to_string(halves / 2) + (halves % 2 == 0 ? "" : ".5"); }
-
 }  // namespace
+
+std::string points_text(std::uint64_t halves) {
+    return std::to_string(halves / 2) + (halves % 2 == 0 ? "" : ".5");
+}
 
 std::string score_of_two(const std::vector<TournamentParticipant>& participants,
                          const std::vector<TournamentGame>& games) {
     if (participants.size() != 2) return "-";
-    std::array<int, 2> halves{};
+    std::array<std::uint64_t, 2> halves{};
     for (const TournamentGame& game : games) {
         const HalfPoints points = half_points(game.result);
         const std::size_t white = game.white.id == participants[0].id ? 0 : 1;

@@ -79,12 +79,15 @@ Interface::Interface(std::string program_path, int board_size)
                m_table.notice(),
                HomeDir::path_for(std::filesystem::current_path().string()) + "earlier_games/"),
       m_premove(m_session, m_screen, m_screen, m_user_moves),
+      m_standings(m_screen, m_dispatcher),
       m_panel(
           m_session, m_screen, m_navigation, m_search, m_activity, m_review, m_board, m_evaluation_bar,
           [this] { m_actions.set_active("ShowSidePanel", true); },
           [this] { m_actions.set_active("ShowCommentEditor", true); }),
       m_review_panel(m_session, m_review, m_panel.widget(),
                      [this] { m_actions.set_active("ShowSidePanel", true); }),
+      m_standings_panel(m_standings, m_panel.widget(), m_standings_window,
+                        [this] { m_actions.set_active("Standings", true); }),
       m_windows(*this,
                 [this] {
                     m_session.tell({Change::record, Change::position});
@@ -95,6 +98,7 @@ Interface::Interface(std::string program_path, int board_size)
     Glib::signal_timeout().connect(sigc::mem_fun(*this, &Interface::on_timeout), tick_ms);
     m_manager_thread = std::thread(std::ref(m_manager));
     m_screen.attach(m_actions);
+    m_tournaments.on_loaded([this](const std::string& name) { m_standings.load(name); });
     add_windows();
     lay_out();
     refresh_board();
@@ -129,6 +133,7 @@ void Interface::add_windows() {
         if (changes.has(Change::position) && window.get_visible()) window.set_text(m_session.epd_text());
     });
     m_windows.add("ShowEpdCommands", std::move(epd));
+    m_windows.add("Standings", m_standings_window);
     m_windows.add("ShowFEN", m_fen_entry);
     m_windows.add_beside("ShowSidePanel", m_panel.widget());
 }
@@ -245,6 +250,7 @@ bool Interface::on_timeout() {
     if (m_ticks % panel_ticks == 0) {
         m_panel.refresh();
         m_review_panel.refresh();
+        m_standings_panel.refresh();
     }
     // The referee acts on lines alone, and an engine that has died or fallen silent sends none.
     const bool awaits_engine = m_modes.awaits_engine() || m_review.awaits_engine();

@@ -33,6 +33,7 @@
 #include "window/navigation_keys.h"
 #include "window/panel/analysis_panel.h"
 #include "window/panel/review_panel.h"
+#include "window/panel/standings_panel.h"
 #include "window/review/review_room.h"
 #include "window/session/activity.h"
 #include "window/session/game_presenter.h"
@@ -44,6 +45,7 @@
 #include "window/session/search_display.h"
 #include "window/session/seated_engine.h"
 #include "window/session/user_moves.h"
+#include "window/standings/standings_room.h"
 #include "window/table/game_keeper.h"
 #include "window/table/premove.h"
 #include "window/table/table_room.h"
@@ -123,6 +125,7 @@ private:
     AnalysisWindow m_analysis;
     PgnView m_pgn;
     CommentEditor m_comment;
+    StandingsWindow m_standings_window;
 
     GameSession m_session;
     Manager m_manager;
@@ -147,8 +150,10 @@ private:
     TableRoom m_table;
     GameKeeper m_keeper;
     Premove m_premove;
+    StandingsRoom m_standings;
     AnalysisPanel m_panel;
     ReviewPanel m_review_panel;
+    StandingsPanel m_standings_panel;
     SecondaryWindows m_windows;
     Rooms m_rooms;
     Actions m_actions;

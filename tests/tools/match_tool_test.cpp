@@ -59,6 +59,7 @@ TEST_F(MatchTool, PrintsTheLinesThatScriptsLookForAndTheRecord) {
               "Finished game 1 (Good vs Other): 0-1 {Black mates}\n"
               "Score of Good vs Other: 0 - 1 - 0  [0.000] 1\n"
               "Elo difference: -inf +/- nan, LOS: nan %, DrawRatio: 0.0 %\n"
+              "Normalized Elo: nan +/- nan\n"
               "Finished match\n");
     EXPECT_EQ(said.status, 0);
     const auto record = m_place.read("games.pgn");

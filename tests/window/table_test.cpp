@@ -47,12 +47,8 @@ struct Playing : test::HeadlessWindow {
     Lines possible() {
         table.tick();
         Lines names;
-        for (const auto& [name, on] : screen.sensitive) {
-            const bool is_ours = name != "StartThinking" && name != "Ponder" && name != "Install" &&
-                                 name != "Engine1_options" &&
-                                 std::none_of(mode_actions.begin(), mode_actions.end(),
-                                              [&](auto mode) { return name == mode; });
-            if (on && is_ours) names.push_back(name);
+        for (const char* name : {"ClaimDraw", "MoveNow", "NoteResult", "OfferDraw", "Resign", "TakeBack"}) {
+            if (screen.sensitive[name]) names.emplace_back(name);
         }
         return names;
     }

@@ -5,8 +5,6 @@
 #include <cstdio>
 #include <ostream>
 
-#include "matches/match_statistics.h"
-
 namespace velmora {
 
 namespace {
@@ -40,33 +38,28 @@ std::string LiveView::pace(std::size_t played) const {
                             left / 60 % 60, left % 60);
 }
 
-std::string LiveView::standings(const MatchTally& games, const std::vector<std::string>& names) const {
+std::string LiveView::table(const Standings& games, const std::vector<std::string>& names) const {
     std::string text;
-    for (std::size_t engine = 0; engine < names.size(); ++engine) {
-        MatchCounts sum;
-        for (std::size_t other = 0; other < names.size(); ++other) {
-            if (other == engine) continue;
-            const auto counts = games.counts(engine, other);
-            for (std::size_t i = 0; i < counts.games.size(); ++i) sum.games[i] += counts.games[i];
-            if (names.size() == 2) sum.pairs = counts.pairs;
-        }
-        const auto strength = estimate_strength(sum, names.size() == 2 && m_options.paired());
-        text += formatted("%-25.25s %6llu games  %5.1f %%  +%llu =%llu -%llu", names[engine].c_str(),
-                          static_cast<unsigned long long>(sum.total()), strength.score * 100,
-                          static_cast<unsigned long long>(sum.games[2]),
-                          static_cast<unsigned long long>(sum.games[1]),
-                          static_cast<unsigned long long>(sum.games[0]));
-        if (strength.elo) text += formatted("  Elo %+.1f", *strength.elo);
-        if (strength.error) text += formatted(" +/- %.1f", *strength.error);
+    for (const auto& row : games.table()) {
+        const auto rating = names.size() == 2
+                                ? rating_of(games.against(row.player, 1 - row.player), m_options.unit())
+                                : row.rating;
+        text += formatted("%-25.25s %6llu games  %5.1f %%  +%llu =%llu -%llu", names[row.player].c_str(),
+                          static_cast<unsigned long long>(row.counts.total()), rating.score * 100,
+                          static_cast<unsigned long long>(row.counts.wins()),
+                          static_cast<unsigned long long>(row.counts.draws()),
+                          static_cast<unsigned long long>(row.counts.losses()));
+        if (rating.elo) text += formatted("  Elo %+.1f", *rating.elo);
+        if (rating.error) text += formatted(" +/- %.1f", *rating.error);
         text += '\n';
     }
     return text;
 }
 
-std::string LiveView::test_bar(const MatchTally& games) const {
+std::string LiveView::test_bar(const Standings& games) const {
     if (!m_options.sprt) return {};
     const auto& sprt = *m_options.sprt;
-    const double llr = log_likelihood_ratio(games.counts(0, 1), m_options.paired(), sprt);
+    const double llr = sprt.ratio(games.against(0, 1), m_options.unit());
     constexpr int width = 40;
     const double part = (llr - sprt.lower()) / (sprt.upper() - sprt.lower());
     const int filled = static_cast<int>(std::lround(std::clamp(part, 0.0, 1.0) * width));
@@ -75,8 +68,8 @@ std::string LiveView::test_bar(const MatchTally& games) const {
            formatted("] %.2f   LLR %.2f\n", sprt.upper(), llr);
 }
 
-void LiveView::draw(const MatchTally& games, const std::vector<std::string>& names) {
-    std::string text = pace(games.size()) + standings(games, names) + test_bar(games);
+void LiveView::draw(const Standings& games, const std::vector<std::string>& names) {
+    std::string text = pace(games.games()) + table(games, names) + test_bar(games);
     for (const auto& [number, players] : m_running) {
         text += "  " + std::to_string(number) + ": " + players + '\n';
     }

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "matches/match_statistics.h"
 #include "matches/schedule.h"
 #include "tools/match/options.h"
+#include "tournament/standings.h"
 
 namespace velmora {
 
@@ -22,14 +22,14 @@ public:
 
     void started(const ScheduledGame& game, const BySide<std::string>& names);
     void finished(const ScheduledGame& game, const std::string& last);
-    void draw(const MatchTally& games, const std::vector<std::string>& names);
+    void draw(const Standings& games, const std::vector<std::string>& names);
     /// Takes what was drawn off the terminal.
     void clear();
 
 private:
     std::string pace(std::size_t played) const;
-    std::string standings(const MatchTally& games, const std::vector<std::string>& names) const;
-    std::string test_bar(const MatchTally& games) const;
+    std::string table(const Standings& games, const std::vector<std::string>& names) const;
+    std::string test_bar(const Standings& games) const;
 
     std::ostream& m_out;
     const MatchOptions& m_options;

@@ -31,10 +31,9 @@ int merge(const Words& files) {
     }
     const auto options = MatchOptions::parse(states.front().words());
     const auto engines = options.pool.engines.size();
-    std::erase_if(games, [=](const StateGame& g) { return g.white >= engines || g.black >= engines; });
-    MatchTally tally;
-    for (const auto& game : games) tally.add(game);
-    Reporter(std::cout, options, tally.size()).ended(tally);
+    Standings standings(engines);
+    for (const auto& game : games) standings.add(game.white, game.black, game.result, game.encounter);
+    Reporter(std::cout, options, standings.games()).ended(standings);
     return 0;
 }
 

@@ -199,11 +199,11 @@ void read_sprt(Reading& r, const Words& words) {
                number(s.alpha, "alpha"),
                number(s.beta, "beta"),
                {"model", [&](const string& v) {
-                    s.model = one_of<SprtSettings::Model>("model", v,
-                                                          {{"logistic", SprtSettings::Model::logistic},
-                                                           {"normalized", SprtSettings::Model::normalized}});
+                    s.model = one_of<Sprt::Model>(
+                        "model", v,
+                        {{"logistic", Sprt::Model::logistic}, {"normalized", Sprt::Model::normalized}});
                 }}});
-    if (!(s.elo0 < s.elo1) || !(s.alpha > 0) || !(s.beta > 0) || !(s.alpha + s.beta < 1)) {
+    if (!s.is_valid()) {
         throw UsageError("-sprt wants elo0 below elo1, alpha and beta above 0 and below 1 together");
     }
 }

@@ -10,7 +10,7 @@
 #include "matches/game_pool.h"
 #include "matches/match_pgn.h"
 #include "matches/match_settings.h"
-#include "matches/match_statistics.h"
+#include "tournament/sprt.h"
 
 namespace velmora {
 
@@ -32,7 +32,7 @@ struct MatchOptions {
     OpeningSettings openings;
     MatchPgn::Settings pgn;
     std::string end_positions;  ///< file for the last positions, empty for none
-    std::optional<SprtSettings> sprt;
+    std::optional<Sprt> sprt;
     std::uint64_t rating_interval = 0;
 
     /// Reads the words behind the program's name. Throws UsageError, which names the nearest right word for a
@@ -40,7 +40,9 @@ struct MatchOptions {
     static MatchOptions parse(const std::vector<std::string>& words);
     static std::string_view help_text();
     /// Whether the games of an opening come in pairs with changed colours.
-    bool paired() const { return schedule.repeat && schedule.swap && schedule.games == 2; }
+    RatingUnit unit() const {
+        return schedule.repeat && schedule.swap && schedule.games == 2 ? RatingUnit::pair : RatingUnit::game;
+    }
 };
 
 /// Takes over the program and the settings of an installed engine. Throws UsageError when there is none.

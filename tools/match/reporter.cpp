@@ -1,13 +1,10 @@
 #include "tools/match/reporter.h"
 
-#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <numeric>
+#include <optional>
 #include <ostream>
-
-#include "matches/match_statistics.h"
 
 namespace velmora {
 
@@ -33,17 +30,18 @@ std::string game_fields(const ScheduledGame& game, const BySide<std::string>& na
            R"(, "white": )" + quoted(names.white) + R"(, "black": )" + quoted(names.black);
 }
 
-double ratio(const MatchOptions& options, const MatchTally& games) {
-    return log_likelihood_ratio(games.counts(0, 1), options.paired(), *options.sprt);
+double ratio(const MatchOptions& options, const Standings& games) {
+    return options.sprt->ratio(games.against(0, 1), options.unit());
 }
+
+std::string json_number(std::optional<double> value) { return value ? number(*value, 4) : "null"; }
+
+std::string text_number(std::optional<double> value) { return value ? number(*value, 1) : "nan"; }
 
 }  // namespace
 
-int sprt_decision(const MatchOptions& options, const MatchTally& games) {
-    if (!options.sprt) return 0;
-    const double llr = ratio(options, games);
-    if (llr >= options.sprt->upper()) return 1;
-    return llr <= options.sprt->lower() ? -1 : 0;
+Sprt::Decision decision_of_test(const MatchOptions& options, const Standings& games) {
+    return options.sprt ? options.sprt->decide(ratio(options, games)) : Sprt::Decision::none;
 }
 
 Reporter::Reporter(std::ostream& out, const MatchOptions& options, std::uint64_t total, Meanwhile meanwhile)
@@ -81,7 +79,7 @@ void Reporter::started(const ScheduledGame& game, const BySide<std::string>& nam
     }
 }
 
-void Reporter::finished(const FinishedGame& game, const MatchTally& games) {
+void Reporter::finished(const FinishedGame& game, const Standings& games) {
     if (m_meanwhile == Meanwhile::nothing) return;
     if (m_options.json) {
         m_out << R"({"event": "finished", )" << game_fields(game.scheduled, game.names) << R"(, "result": )"
@@ -95,101 +93,105 @@ void Reporter::finished(const FinishedGame& game, const MatchTally& games) {
     }
     if (!game.game.outcome) return;
     score(games);
-    if (m_options.rating_interval > 0 && games.size() % m_options.rating_interval == 0) ratings(games);
+    if (m_options.rating_interval > 0 && games.games() % m_options.rating_interval == 0) ratings(games);
 }
 
-void Reporter::score(const MatchTally& games) {
+void Reporter::score(const Standings& games) {
     if (m_names.size() != 2) return;
-    const auto counts = games.counts(0, 1);
+    const auto counts = games.against(0, 1);
     if (m_options.json) {
-        m_out << R"({"event": "score", "wins": )" << counts.games[2] << R"(, "losses": )" << counts.games[0]
-              << R"(, "draws": )" << counts.games[1] << "}" << std::endl;
+        m_out << R"({"event": "score", "wins": )" << counts.wins() << R"(, "losses": )" << counts.losses()
+              << R"(, "draws": )" << counts.draws() << "}" << std::endl;
         return;
     }
-    m_out << "Score of " << name(0) << " vs " << name(1) << ": " << counts.games[2] << " - "
-          << counts.games[0] << " - " << counts.games[1] << "  ["
-          << number(estimate_strength(counts, false).score, 3) << "] " << counts.total() << std::endl;
+    m_out << "Score of " << name(0) << " vs " << name(1) << ": " << counts.wins() << " - " << counts.losses()
+          << " - " << counts.draws() << "  [" << number(rating_of(counts, RatingUnit::game).score, 3) << "] "
+          << counts.total() << std::endl;
 }
 
-void Reporter::ratings(const MatchTally& games) {
+void Reporter::ratings(const Standings& games) {
     if (m_names.size() != 2) return ranking(games);
-    const auto counts = games.counts(0, 1);
-    const auto estimate = estimate_strength(counts, m_options.paired());
-    const auto text = [](std::optional<double> value, int digits) {
-        return value ? number(*value, digits) : "nan";
-    };
-    const auto json = [](std::optional<double> value) { return value ? number(*value, 4) : "null"; };
+    const auto counts = games.against(0, 1);
+    const auto rating = rating_of(counts, m_options.unit());
     if (m_options.json) {
-        m_out << R"({"event": "rating", "elo": )" << json(estimate.elo) << R"(, "error": )"
-              << json(estimate.error) << R"(, "los": )" << json(estimate.superiority) << R"(, "draws": )"
-              << number(estimate.draw_ratio, 4) << "}" << std::endl;
+        m_out << R"({"event": "rating", "elo": )" << json_number(rating.elo) << R"(, "error": )"
+              << json_number(rating.error) << R"(, "los": )" << json_number(rating.superiority)
+              << R"(, "draws": )" << number(rating.draw_ratio, 4) << R"(, "normalized_elo": )"
+              << json_number(rating.normalized_elo) << R"(, "normalized_error": )"
+              << json_number(rating.normalized_error) << pairs_field(counts) << "}" << std::endl;
     } else {
-        const std::string infinite = estimate.score > 0.5 ? "inf" : "-inf";
-        const auto superiority =
-            estimate.superiority ? std::optional(*estimate.superiority * 100) : std::nullopt;
-        m_out << "Elo difference: " << (estimate.elo ? number(*estimate.elo, 1) : infinite) << " +/- "
-              << text(estimate.error, 1) << ", LOS: " << text(superiority, 1)
-              << " %, DrawRatio: " << number(estimate.draw_ratio * 100, 1) << " %" << std::endl;
+        const std::string infinite = rating.score > 0.5 ? "inf" : "-inf";
+        const auto superiority = rating.superiority ? std::optional(*rating.superiority * 100) : std::nullopt;
+        m_out << "Elo difference: " << (rating.elo ? number(*rating.elo, 1) : infinite) << " +/- "
+              << text_number(rating.error) << ", LOS: " << text_number(superiority)
+              << " %, DrawRatio: " << number(rating.draw_ratio * 100, 1) << " %" << std::endl;
     }
+    test(games);
+    if (m_options.json) return;
+    m_out << "Normalized Elo: " << text_number(rating.normalized_elo) << " +/- "
+          << text_number(rating.normalized_error);
+    if (m_options.unit() == RatingUnit::pair) {
+        m_out << ", Pairs (LL, LD, WL or DD, WD, WW):";
+        for (const auto count : counts.pairs) m_out << ' ' << count;
+    }
+    m_out << std::endl;
+}
+
+std::string Reporter::pairs_field(const OutcomeCounts& counts) const {
+    if (m_options.unit() != RatingUnit::pair) return {};
+    std::string field = R"(, "pairs": [)";
+    for (const auto count : counts.pairs) field += (field.back() == '[' ? "" : ", ") + std::to_string(count);
+    return field + ']';
+}
+
+void Reporter::test(const Standings& games) {
     if (!m_options.sprt) return;
     const auto& sprt = *m_options.sprt;
     const double llr = ratio(m_options, games);
-    const int decision = sprt_decision(m_options, games);
+    const auto decision = sprt.decide(llr);
     if (m_options.json) {
         m_out << R"({"event": "sprt", "llr": )" << number(llr, 4) << R"(, "lower": )"
               << number(sprt.lower(), 4) << R"(, "upper": )" << number(sprt.upper(), 4) << R"(, "accepted": )"
-              << (decision > 0   ? R"("H1")"
-                  : decision < 0 ? R"("H0")"
-                                 : "null")
+              << (decision == Sprt::Decision::h1   ? R"("H1")"
+                  : decision == Sprt::Decision::h0 ? R"("H0")"
+                                                   : "null")
               << "}" << std::endl;
         return;
     }
     m_out << "SPRT: llr " << number(llr, 2) << " ("
           << number(llr / (llr < 0 ? sprt.lower() : sprt.upper()) * 100, 1) << "%), lbound "
           << number(sprt.lower(), 2) << ", ubound " << number(sprt.upper(), 2)
-          << (decision > 0   ? " - H1 was accepted"
-              : decision < 0 ? " - H0 was accepted"
-                             : "")
+          << (decision == Sprt::Decision::h1   ? " - H1 was accepted"
+              : decision == Sprt::Decision::h0 ? " - H0 was accepted"
+                                               : "")
           << std::endl;
 }
 
 /// A table of more than two engines, the best score first.
-void Reporter::ranking(const MatchTally& games) {
-    std::vector<MatchCounts> sums(m_names.size());
-    for (std::size_t a = 0; a < sums.size(); ++a) {
-        for (std::size_t b = 0; b < sums.size(); ++b) {
-            if (a == b) continue;
-            const auto counts = games.counts(a, b);
-            for (std::size_t i = 0; i < counts.games.size(); ++i) sums[a].games[i] += counts.games[i];
-        }
-    }
-    std::vector<std::size_t> order(sums.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-        return estimate_strength(sums[a], false).score > estimate_strength(sums[b], false).score;
-    });
+void Reporter::ranking(const Standings& games) {
     if (!m_options.json) m_out << "Rank Name                          Elo     +/-   Games   Score    Draw\n";
-    for (std::size_t i = 0; i < order.size(); ++i) {
-        const auto& sum = sums[order[i]];
-        const auto estimate = estimate_strength(sum, false);
-        char line[256];
+    std::size_t rank = 0;
+    for (const auto& row : games.table()) {
+        ++rank;
+        const auto& rating = row.rating;
         if (m_options.json) {
-            m_out << R"({"event": "standing", "rank": )" << i + 1 << R"(, "name": )" << quoted(name(order[i]))
-                  << R"(, "games": )" << sum.total() << R"(, "score": )" << number(estimate.score, 4)
-                  << "}\n";
+            m_out << R"({"event": "standing", "rank": )" << rank << R"(, "name": )"
+                  << quoted(name(row.player)) << R"(, "games": )" << row.counts.total() << R"(, "score": )"
+                  << number(rating.score, 4) << "}\n";
             continue;
         }
-        const double infinite = estimate.score > 0.5 ? HUGE_VAL : -HUGE_VAL;
-        std::snprintf(line, sizeof line, "%4zu %-25.25s %7.0f %7.0f %7llu %6.1f%% %6.1f%%\n", i + 1,
-                      name(order[i]).c_str(), estimate.elo.value_or(infinite), estimate.error.value_or(NAN),
-                      static_cast<unsigned long long>(sum.total()), estimate.score * 100,
-                      estimate.draw_ratio * 100);
+        char line[256];
+        const double infinite = rating.score > 0.5 ? HUGE_VAL : -HUGE_VAL;
+        std::snprintf(line, sizeof line, "%4zu %-25.25s %7.0f %7.0f %7llu %6.1f%% %6.1f%%\n", rank,
+                      name(row.player).c_str(), rating.elo.value_or(infinite), rating.error.value_or(NAN),
+                      static_cast<unsigned long long>(row.counts.total()), rating.score * 100,
+                      rating.draw_ratio * 100);
         m_out << line;
     }
     m_out.flush();
 }
 
-void Reporter::ended(const MatchTally& games) {
+void Reporter::ended(const Standings& games) {
     ratings(games);
     if (!m_options.json) m_out << "Finished match" << std::endl;
 }

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "matches/finished_game.h"
-#include "matches/match_statistics.h"
 #include "tools/match/options.h"
+#include "tournament/standings.h"
 
 namespace velmora {
 
@@ -22,17 +22,19 @@ public:
 
     void started(const ScheduledGame& game, const BySide<std::string>& names);
     /// `games` are all that count by now, the finished one among them where it does.
-    void finished(const FinishedGame& game, const MatchTally& games);
-    void ended(const MatchTally& games);
+    void finished(const FinishedGame& game, const Standings& games);
+    void ended(const Standings& games);
 
     /// The names as they are known by now; a setup's own where the engine has not been started.
     std::string name(std::size_t engine) const;
     std::vector<std::string> names() const;
 
 private:
-    void score(const MatchTally& games);
-    void ratings(const MatchTally& games);
-    void ranking(const MatchTally& games);
+    void score(const Standings& games);
+    void ratings(const Standings& games);
+    void test(const Standings& games);
+    void ranking(const Standings& games);
+    std::string pairs_field(const OutcomeCounts& counts) const;
     void note(const ScheduledGame& game, const BySide<std::string>& names);
 
     std::ostream& m_out;
@@ -42,7 +44,7 @@ private:
     std::vector<std::string> m_names;
 };
 
-/// Whether the test is decided: 1 for elo1, -1 for elo0, 0 for neither yet.
-int sprt_decision(const MatchOptions& options, const MatchTally& games);
+/// Whether the match's test is decided; none where it has no test.
+Sprt::Decision decision_of_test(const MatchOptions& options, const Standings& games);
 
 }  // namespace velmora

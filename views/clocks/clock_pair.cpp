@@ -24,7 +24,8 @@ ClockPair::ClockPair(Stopwatch::TimeSource now) {
 
 void ClockPair::set_level(const Level& level) {
     m_moves_per_session = level.moves();
-    m_increment = float(level.inc_ms() / 1000);
+    const auto whole_seconds = level.inc_ms() / 1000;
+    m_increment = float(whole_seconds);
     m_base_time = std::min(level.base_ms() / 10, longest_shown_time);
     for (const Side side : {Side::white, Side::black}) {
         m_sides[side].moves = 0;

@@ -61,6 +61,7 @@ void TournamentFlows::edit() {
                 enter(m_tournament, edit.entered, installed.engines());
                 m_tournament.save_anew();
                 m_manager.send(to_referee::LoadTournament{m_tournament.event()});
+                m_loaded(m_tournament.event());
                 break;
             case TournamentEdit::Action::cancel:
                 leave();
@@ -106,6 +107,7 @@ void TournamentFlows::load_named(const std::string& name) {
         std::cerr << error.what() << '\n';
     }
     m_manager.send(to_referee::LoadTournament{name});
+    m_loaded(name);
 }
 
 /// "Cancel" also ends a match that is being played.

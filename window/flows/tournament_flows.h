@@ -1,5 +1,9 @@
 #pragma once
 
+#include <functional>
+#include <string>
+#include <utility>
+
 #include "tournament/tournament.h"
 #include "window/session/dialogs.h"
 #include "window/session/game_session.h"
@@ -20,6 +24,9 @@ public:
     void edit();
     void load();
 
+    /// Tells of the name of each tournament that is loaded, once the referee has been told.
+    void on_loaded(std::function<void(const std::string& name)> listener) { m_loaded = std::move(listener); }
+
 private:
     void load_named(const std::string& name);
     void leave();
@@ -28,6 +35,7 @@ private:
     WindowFrame& m_frame;
     Dialogs& m_dialogs;
     ManagerLink& m_manager;
+    std::function<void(const std::string& name)> m_loaded = [](const std::string&) {};
     Tournament m_tournament;  // the window's own copy; the referee loads its own from the file
 };
 

@@ -114,6 +114,8 @@ const std::vector<ActionRow>& Actions::table() {
         menu("TournamentMenu", "Tournament"),
         entry("New", "New / Edit", [](Rooms& rooms) { rooms.tournaments.edit(); }),
         entry("Load", "Load", [](Rooms& rooms) { rooms.tournaments.load(); }),
+        separator,
+        window_entry("Standings", "Standings"),
 
         menu("EngineMenu", "Engine"),
         entry("Engine1", "Load engine...", [](Rooms& rooms) { rooms.engines.load(); }),

@@ -231,7 +231,8 @@ void TableRoom::tick() {
         m_frame.set_sensitive(entries[place], possible);
     }
     if (!m_lose_on_time || m_flag_told || players() != Players::with_engine) return;
-    if (m_session.engine_to_move() || is_over() || !has_clock(m_session.level())) return;
+    if (m_session.engine_to_move() || !m_session.can_go_back() || is_over() || !has_clock(m_session.level()))
+        return;
     if (m_clocks.read_clocks()[m_session.side_to_move()].centiseconds > 0) return;
     m_flag_told = true;
     m_manager.send(to_referee::Flag());

@@ -51,6 +51,12 @@ class TournamentJourney(Journey):
         program.choose("Mode", "Tournament")
         program.wait_for_log("-----> telluser tournament_finished")
         program.answer_message("tournament finished")
+        # Who has won follows the message.
+        standings = program.wait_for("frame", "Standings")
+        table = program.wait_for("table", "Standings", standings)
+        wait_until(lambda: {"Alpha", "Beta"} <= {node.get_name() for node in walk(table)}, "both players")
+        program.find("label", "A short one: 2 of 2 games played", standings)
+        program.screenshot("tournament-standings")
         wait_until(lambda: program.is_checked("Mode", "Human - human"), "the end of the mode")
         self.assertNotIn("*", program.read(TRN))
         self.assertEqual(program.read("Velmora battles.pgn").count("[Event "), 2)
