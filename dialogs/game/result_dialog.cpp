@@ -58,6 +58,7 @@ std::optional<GameOutcome> ask_result(Gtk::Window& parent, const std::optional<G
     dialog.add_answer("Cancel", Gtk::RESPONSE_CANCEL);
     dialog.add_answer("Note", Gtk::RESPONSE_OK);
     dialog.set_default_response(Gtk::RESPONSE_OK);
+    reason.grab_focus();  // in the list above it Enter would open the list
     if (dialog.run() != Gtk::RESPONSE_OK || result.get_active_row_number() < 0) return std::nullopt;
     const auto row = static_cast<std::size_t>(result.get_active_row_number());
     return GameOutcome{results.at(row).result, reason.get_text().raw()};
