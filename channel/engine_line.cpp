@@ -32,6 +32,7 @@ EngineWord engine_word(std::string_view text) {
     if (word == "info") return EngineWord::info;
     if (word == "bestmove") return EngineWord::best_move;
     if (word == "resign") return EngineWord::resign;
+    if (word == "offer" && text::trim_blanks(text).ends_with(" draw")) return EngineWord::offer_draw;
     return EngineWord::other;
 }
 

@@ -9,18 +9,18 @@
 
 namespace velmora {
 
-/// What a line of an engine asks of the referee. Only a best move and a resignation make it act; search
-/// output is passed on, and all else is there for its log.
+/// What a line of an engine asks of the referee. A best move, a resignation and a draw offer make it act;
+/// search output is passed on, and all else is there for its log.
 ///
-/// These are UCI's words and "resign": the driver of an engine that speaks another protocol puts what it
-/// says in them, so that the referee knows one language.
-enum class EngineWord { best_move, resign, info, other };
+/// These are UCI's words, "resign" and "offer draw": the driver of an engine that speaks another protocol
+/// puts what it says in them, so that the referee knows one language.
+enum class EngineWord { best_move, resign, offer_draw, info, other };
 
 /// The meaning of a line's first word.
 EngineWord engine_word(std::string_view text);
 
 constexpr bool is_decisive(EngineWord word) {
-    return word == EngineWord::best_move || word == EngineWord::resign;
+    return word == EngineWord::best_move || word == EngineWord::resign || word == EngineWord::offer_draw;
 }
 
 /// A line of an engine on its way to the referee: "1 9876543210 bestmove e2e4 ponder e7e5 TS=123 stopped".

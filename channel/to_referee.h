@@ -7,6 +7,7 @@
 #include <variant>
 
 #include "channel/line_form.h"
+#include "chess/board/game_outcome.h"
 
 /// The commands of the window to the referee: a struct for each, and in it the form in which it travels and
 /// what others than the referee have to know of it.
@@ -14,6 +15,7 @@
 /// A new command is a struct, a place in `Line`, and a function of the referee.
 namespace velmora::to_referee {
 
+using line_form::comment;
 using line_form::line;
 using line_form::named_value;
 using line_form::number;
@@ -85,6 +87,72 @@ struct UserMove {
     std::string move;
     static constexpr Effects effects{.changes_position = true, .starts_search = true};
     static constexpr auto form = line("usermove", token(&UserMove::move));
+};
+
+// -- What a person may do beside moving
+
+/// The person loses. In a game against the first engine, like all down to Flag; elsewhere nothing happens.
+struct Resign {
+    static constexpr auto form = line("resign");
+};
+
+/// Offers a draw, or accepts the one that the engine offers.
+struct OfferDraw {
+    static constexpr auto form = line("offer_draw");
+};
+
+/// Ends the game when its position is one by which a draw may be claimed.
+struct ClaimDraw {
+    static constexpr auto form = line("claim_draw");
+};
+
+/// The person's last move is taken back, and the engine's answer to it. Always answered by "taken_back".
+struct TakeBack {
+    static constexpr auto form = line("take_back");
+};
+
+/// The engine is to make its move at once.
+struct MoveNow {
+    static constexpr auto form = line("move_now");
+};
+
+/// Whether a fallen flag loses the game.
+struct LoseOnTime {
+    bool on = false;
+    static constexpr auto form =
+        line("lose_on_time", one_of<bool>(&LoseOnTime::on, {{"on", true}, {"off", false}}));
+};
+
+/// The person's flag has fallen. The referee keeps the engine's clock alone, and looks at it by itself.
+struct Flag {
+    static constexpr auto form = line("flag");
+};
+
+/// Two people end their game: "result 1-0 time_forfeit {time}".
+struct NoteResult : GameOutcome {
+    std::string termination;  ///< the value of the tag, with underscores for its blanks
+    static constexpr auto form =
+        line("result",
+             one_of<GameResult>(&NoteResult::result,
+                                {{result_token(GameResult::white_wins), GameResult::white_wins},
+                                 {result_token(GameResult::black_wins), GameResult::black_wins},
+                                 {result_token(GameResult::draw), GameResult::draw}}),
+             token(&NoteResult::termination), comment(&NoteResult::reason));
+};
+
+/// Sets the position like "setboard", with the moves that led to it: "setgame <FEN> moves e2e4 e7e5".
+/// Repetitions are counted over them, and they can be taken back.
+struct SetGame {
+    std::string game;
+    static constexpr Effects effects{.changes_position = true, .leaves_match = true, .ends_review = true};
+    static constexpr auto form = line("setgame", trimmed_rest(&SetGame::game));
+};
+
+/// What the first engine has left on its clock: "clock 61500 12". While it thinks nothing happens.
+struct SetClock {
+    std::int32_t ms = 0;
+    std::int32_t moves = 0;  ///< that it has made in the game, which count in the sessions of a level
+    static constexpr auto form = line("clock", number(&SetClock::ms), number(&SetClock::moves));
 };
 
 // -- A review
@@ -188,9 +256,11 @@ struct Quit {
     static constexpr auto form = line("quit");
 };
 
-using Line = std::variant<AnalyzePosition, Go, HumanHuman, LearnOpenings, NewGame, PlayOther, SetBoard,
-                          UserMove, Review, ReviewStop, Load, SetLevel, Ponder, SetOption, PolyglotBook, Book,
-                          Debug, LoadTournament, StartTournament, WakeUp, Quit>;
+using Line =
+    std::variant<AnalyzePosition, Go, HumanHuman, LearnOpenings, NewGame, PlayOther, SetBoard, UserMove,
+                 Resign, OfferDraw, ClaimDraw, TakeBack, MoveNow, LoseOnTime, Flag, NoteResult, SetGame,
+                 SetClock, Review, ReviewStop, Load, SetLevel, Ponder, SetOption, PolyglotBook, Book, Debug,
+                 LoadTournament, StartTournament, WakeUp, Quit>;
 
 /// The text of a command, without a sender.
 std::string encode(const Line& line);

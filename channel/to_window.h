@@ -81,6 +81,34 @@ struct GameOver : GameOutcome {
         comment(&GameOver::reason));
 };
 
+/// Why the game that ends with the next line has ended, as the tag "Termination" says it (PGN standard,
+/// 9.8.1): "normal", "time forfeit".
+struct Termination {
+    std::string text;
+    static constexpr auto form = line("termination", trimmed_rest(&Termination::text));
+};
+
+/// A side offers a draw, which the other may accept until it has moved.
+struct DrawOffered {
+    Side side = Side::white;
+    static constexpr auto form = line(
+        "draw_offered", one_of<Side>(&DrawOffered::side, {{"white", Side::white}, {"black", Side::black}}));
+};
+
+/// A side doesn't accept the draw that it was offered.
+struct DrawDeclined {
+    Side side = Side::white;
+    static constexpr auto form = line(
+        "draw_declined", one_of<Side>(&DrawDeclined::side, {{"white", Side::white}, {"black", Side::black}}));
+};
+
+/// The position of the game is that of so many plies ago; 0 where nothing could be taken back.
+struct TakenBack {
+    int plies = 0;
+    static constexpr Effects effects{.ends_search = true};
+    static constexpr auto form = line("taken_back", number(&TakenBack::plies));
+};
+
 /// What an engine says of its search, its first word taken off and the blank behind it left.
 struct SearchOutput {
     Side side = Side::white;
@@ -230,10 +258,11 @@ struct Quit {
     static constexpr auto form = line("quit");
 };
 
-using Line = std::variant<PlayMove, MoveTime, TakeBack, SetBoard, Shout, NewGame, GameOver, SearchOutput,
-                          Reviewed, ReviewLeftOut, ReviewFinished, SetEvent, SetSite, SetRound, MatchProgress,
-                          SetLevel, SetClock, EngineName, PlayerName, PlayerElo, SetArrow, ClearArrows,
-                          TellUser, ResetMode, TournamentFinished, Quit>;
+using Line =
+    std::variant<PlayMove, MoveTime, TakeBack, SetBoard, Shout, NewGame, GameOver, Termination, DrawOffered,
+                 DrawDeclined, TakenBack, SearchOutput, Reviewed, ReviewLeftOut, ReviewFinished, SetEvent,
+                 SetSite, SetRound, MatchProgress, SetLevel, SetClock, EngineName, PlayerName, PlayerElo,
+                 SetArrow, ClearArrows, TellUser, ResetMode, TournamentFinished, Quit>;
 
 /// The text that travels.
 std::string encode(const Line& line);

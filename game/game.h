@@ -110,6 +110,9 @@ public:
 
     /// Puts the innermost variation that a node is part of ahead of what it is an alternative to.
     bool promote(std::int32_t id);
+    /// Puts the current move ahead of its alternatives. The person's undo_edit() doesn't ask for it: it goes
+    /// with the change before it.
+    void lead() { m_editor.lead(m_tree, m_current); }
     /// Makes a node part of the main line.
     bool make_main_line(std::int32_t id);
     /// Deletes a move and all that follows it, in variations too.

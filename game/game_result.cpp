@@ -28,9 +28,21 @@ GameEnd result(const ChessPosition& position) {
     }
     // Where two causes coincide, the one that is tested first here is named.
     if (is_insufficient_material(position)) return draw("Draw by insufficient material");
-    if (position.is_fifty()) return draw("Draw by fifty move rule");
-    if (position.is_repetition(3)) return draw("Draw by threefold repetition");
+    return draw_to_claim(position);
+}
+
+GameEnd draw_to_claim(const ChessPosition& position) {
+    if (position.is_fifty()) return GameOutcome{GameResult::draw, "Draw by fifty move rule"};
+    if (position.is_repetition(3)) return GameOutcome{GameResult::draw, "Draw by threefold repetition"};
     return {};
+}
+
+GameOutcome loss_on_time(const ChessPosition& position, Side side) {
+    for (const auto kind :
+         {PieceKind::pawn, PieceKind::knight, PieceKind::bishop, PieceKind::rook, PieceKind::queen}) {
+        if (position.board().pieces(kind, opposite(side)).any()) return loss_of(side, "time");
+    }
+    return {GameResult::draw, "time, against a bare king"};
 }
 
 bool is_insufficient_material(const ChessPosition& position) {

@@ -18,6 +18,13 @@ using GameEnd = std::optional<GameOutcome>;
 /// for a claim.
 GameEnd result(const ChessPosition& position);
 
+/// The draw that a side may claim here: by threefold repetition or the fifty move rule.
+GameEnd draw_to_claim(const ChessPosition& position);
+
+/// The end of the game for a side whose flag has fallen: its loss, or a draw where the other has no more than
+/// its king.
+GameOutcome loss_on_time(const ChessPosition& position, Side side);
+
 /// Whether a match game is called a draw: one equal piece on each side and nothing happened for six plies.
 /// Engines would shuffle such an ending for fifty moves, and a tournament has many games to play.
 bool is_adjudicated_draw(const ChessPosition& position);

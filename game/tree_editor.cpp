@@ -67,8 +67,21 @@ bool TreeEditor::remove(GameTree& tree, std::int32_t id, std::int32_t stood) {
     return true;
 }
 
+void TreeEditor::lead(GameTree& tree, std::int32_t id) {
+    if (tree.place_of(id) == 0) return;
+    Change change;
+    change.played = true;
+    promote_once(tree, change, id);
+    m_history.push_back(std::move(change));
+}
+
 std::optional<std::int32_t> TreeEditor::undo(GameTree& tree) {
-    if (m_history.empty()) return {};
+    if (!can_undo()) return {};
+    while (m_history.back().played) undo_last(tree);
+    return undo_last(tree);
+}
+
+std::optional<std::int32_t> TreeEditor::undo_last(GameTree& tree) {
     // In the history until its own ids are known again.
     if (m_history.back().cut) {
         CutBranch branch = std::move(*m_history.back().cut);

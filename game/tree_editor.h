@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -31,7 +32,13 @@ public:
     /// @param stood  the node to give back by undo(), which may be one of those that go
     bool remove(GameTree& tree, std::int32_t id, std::int32_t stood);
 
-    bool can_undo() const { return !m_history.empty(); }
+    /// Puts a node ahead of its siblings. A part of what is played and no change of the person's: undo()
+    /// takes it back on its way to one, so that the places are those that it knows.
+    void lead(GameTree& tree, std::int32_t id);
+
+    bool can_undo() const {
+        return std::ranges::any_of(m_history, [](const Change& change) { return !change.played; });
+    }
 
     /// Takes the last change back. Gives the node where one stood, when it is one of those that have come
     /// back.
@@ -52,11 +59,13 @@ private:
         std::vector<MovedNode> moved;
         std::optional<CutBranch> cut;  // after the nodes were moved
         std::optional<std::int32_t> stood;
+        bool played = false;
     };
 
     static void move_node(GameTree& tree, Change& change, std::int32_t id, std::int32_t parent,
                           std::size_t place);
     static bool promote_once(GameTree& tree, Change& change, std::int32_t id);
+    std::optional<std::int32_t> undo_last(GameTree& tree);
     void rename(const RenamedNodes& renamed);
 
     std::vector<Change> m_history;

@@ -32,6 +32,8 @@ GameEnd EngineLines::process(Seat seat, std::string_view line) {
             return best_move(*said);
         case EngineWord::resign:
             return resign(seat);
+        case EngineWord::offer_draw:
+            return offer_draw(seat);
         case EngineWord::other:
             return {};
     }
@@ -40,6 +42,7 @@ GameEnd EngineLines::process(Seat seat, std::string_view line) {
 
 void EngineLines::info(Seat seat, std::string_view rest) {
     m_state.send(to_window::SearchOutput{side_of(*m_seats.engine(seat)), std::string(rest)});
+    if (m_state.mode == ManagerMode::play) m_offers.note_search(rest);
 }
 
 GameEnd EngineLines::best_move(const EngineLine& line) {
@@ -60,6 +63,12 @@ GameEnd EngineLines::best_move(const EngineLine& line) {
     m_state.pending = legal_move(m_state.position, parse_move(m_state.position, token));
     if (!m_state.pending.empty()) return {};
     return loss_of(side, "illegal move: " + token);
+}
+
+/// Between two engines nobody offers draws: a match has its rules.
+GameEnd EngineLines::offer_draw(Seat seat) {
+    const bool plays = m_state.mode == ManagerMode::play && m_state.turn != MoveTurn::none;
+    return plays && seat == Seat::first ? m_offers.offered_by_engine() : GameEnd();
 }
 
 GameEnd EngineLines::resign(Seat seat) {

@@ -4,9 +4,11 @@
 #include <stdexcept>
 #include <string>
 #include <system_error>
+#include <type_traits>
 #include <variant>
 
 #include "base/text.h"
+#include "manager/game_line.h"
 
 namespace velmora {
 
@@ -20,27 +22,37 @@ Protocol protocol_of(std::int32_t number) {
 }  // namespace
 
 InterfaceCommands::InterfaceCommands(RefereeState& state, EngineSeats& seats, AnalyzeMode& analyze,
-                                     PlayMode& play, LearnMode& learn, MatchMode& match, ReviewMode& review)
+                                     PlayMode& play, LearnMode& learn, MatchMode& match, ReviewMode& review,
+                                     TableTalk& talk)
     : m_state(state),
       m_seats(seats),
       m_analyze(analyze),
       m_play(play),
       m_learn(learn),
       m_match(match),
-      m_review(review) {}
+      m_review(review),
+      m_talk(talk) {}
 
-void InterfaceCommands::process(std::string_view line) {
+GameEnd InterfaceCommands::process(std::string_view line) {
     text::WordReader reader(line);
     if (reader.integer<int>() != 0) {
         throw std::logic_error("Manager::process_command_from_interface: command not from interface");
     }
     if (m_state.log.is_on()) m_state.log.write(" interface -> " + std::string(line));
     const auto command = to_referee::decode(reader.rest());
-    if (!command) return;
+    if (!command) return {};
     if (to_referee::effects_of(reader.rest()).ends_review) m_review.stop();
     // The once-a-second word of a waiting window is nobody's wish for another game.
     if (!to_referee::effects_of(reader.rest()).only_wakes) m_state.game_over = false;
-    std::visit([this](const auto& of) { run(of); }, *command);
+    const auto carry_out = [this](const auto& of) -> GameEnd {
+        if constexpr (std::is_void_v<decltype(run(of))>) {
+            run(of);
+            return {};
+        } else {
+            return run(of);
+        }
+    };
+    return std::visit(carry_out, *command);
 }
 
 void InterfaceCommands::run(const to_referee::AnalyzePosition& /*command*/) { m_analyze.analyze_position(); }
@@ -78,6 +90,7 @@ void InterfaceCommands::run(const to_referee::Load& command) {
     if (command.source == Source::name) m_seats.load_installed_engine(Seat::first, command.what);
     m_seats.new_game_for_all();
     m_state.position.new_game();
+    m_talk.begin_game();
     m_state.pending = Move();  // of a game that is no more
 }
 
@@ -91,6 +104,7 @@ void InterfaceCommands::run(const to_referee::NewGame& /*command*/) {
     if (engine != nullptr && !engine->get_enginevariables().features.reuse) m_seats.reload(Seat::first);
     m_seats.new_game_for_all();
     m_state.position.new_game();
+    m_talk.begin_game();
     if (m_state.mode == ManagerMode::play) m_play.new_game();
 }
 
@@ -122,11 +136,23 @@ void InterfaceCommands::run(const to_referee::SetBoard& command) {
         m_state.position.set_fen(command.fen);
         return;
     }
+    make_way_for_position();
+    m_state.position.set_fen(command.fen);
+    m_learn.post_hints();
+}
+
+void InterfaceCommands::make_way_for_position() {
     // Late answers would count as illegal moves of the match's game.
     m_match.leave();
     m_seats.stop_all();
+    m_talk.begin_game();
     if (m_state.mode == ManagerMode::play && is_engine_turn(m_state.turn)) m_state.turn = MoveTurn::user;
-    m_state.position.set_fen(command.fen);
+}
+
+void InterfaceCommands::run(const to_referee::SetGame& command) {
+    const ChessPosition position = read_game_line(command.game);
+    make_way_for_position();
+    m_state.position = position;
     m_learn.post_hints();
 }
 
@@ -142,7 +168,9 @@ void InterfaceCommands::run(const to_referee::UserMove& command) {
     m_state.pending = parse_move(m_state.position, command.move);
     if (m_state.mode == ManagerMode::analyze) return;
     m_state.turn = MoveTurn::user;
-    if (m_state.mode == ManagerMode::play) m_play.fix_colours();
+    if (m_state.mode != ManagerMode::play) return;
+    m_talk.person_moved();
+    m_play.fix_colours();
 }
 
 }  // namespace velmora

@@ -38,12 +38,14 @@ Manager::Manager(CommandSink& window, std::string program_path, std::chrono::mil
       m_state(window, m_leaving.get_token()),
       m_seats(m_state, *this, probe_interval),
       m_analyze(m_state, m_seats),
-      m_play(m_state, m_seats),
+      m_offers(m_state, m_seats),
+      m_play(m_state, m_seats, m_offers),
       m_learn(m_state, m_seats),
       m_match(m_state, m_seats),
       m_review(m_state, m_seats),
-      m_commands(m_state, m_seats, m_analyze, m_play, m_learn, m_match, m_review),
-      m_engine_lines(m_state, m_seats, m_review) {}
+      m_talk(m_state, m_seats, m_offers),
+      m_commands(m_state, m_seats, m_analyze, m_play, m_learn, m_match, m_review, m_talk),
+      m_engine_lines(m_state, m_seats, m_offers, m_review) {}
 
 Manager::~Manager() = default;
 
@@ -81,6 +83,8 @@ void Manager::take_turn(const std::string& line) {
     // The boundary of the thread: whatever leaves a handler is told to the user, and the next line is taken.
     try {
         settle(dispatch(line));
+        // Ahead of the step: a move that came behind the fall of the flag isn't played.
+        settle(m_talk.watch_clock());
         settle(step());
         // One after the other: the end of a game seats new engines.
         for (const auto seat : both_seats)
@@ -95,6 +99,14 @@ void Manager::take_turn(const std::string& line) {
     } catch (...) {
         contain("unknown failure");
     }
+}
+
+void Manager::process_command_from_interface(const std::string& line) {
+    const GameEnd end = m_commands.process(line);
+    if (!end) return;
+    end_game(*end);
+    // Two people are told of the result that they have noted, and of no other.
+    if (m_state.mode == ManagerMode::human_human) announce(*end);
 }
 
 GameEnd Manager::dispatch(const std::string& line) {
@@ -149,11 +161,15 @@ void Manager::end_game(const GameOutcome& outcome) {
     forget_waiting_lines();
     m_state.send(to_window::GameOver{outcome});
     if (m_state.mode == ManagerMode::play) {
-        m_state.send(to_window::SetRound{"?"});
-        m_state.send(to_window::TellUser{"result:", " " + std::string(result_token(outcome.result))});
+        announce(outcome);
     } else if (m_state.mode == ManagerMode::match) {
         m_match.game_over(outcome.result);
     }
+}
+
+void Manager::announce(const GameOutcome& outcome) {
+    m_state.send(to_window::SetRound{"?"});
+    m_state.send(to_window::TellUser{"result:", " " + std::string(result_token(outcome.result))});
 }
 
 /// The window's lines are counted as taken although nobody looked at them: the window waits for that number

@@ -10,6 +10,7 @@
 #include "engine/store/engine_variables.h"
 #include "game/game_result.h"
 #include "manager/analyze_mode.h"
+#include "manager/draw_offers.h"
 #include "manager/engine_lines.h"
 #include "manager/engine_seats.h"
 #include "manager/interface_commands.h"
@@ -18,6 +19,7 @@
 #include "manager/play_mode.h"
 #include "manager/referee_state.h"
 #include "manager/review_mode.h"
+#include "manager/table_talk.h"
 
 namespace velmora {
 
@@ -68,7 +70,7 @@ public:
 
     /// Carries out a line of the window on the calling thread, which must be the Manager's. Throws
     /// std::logic_error when it comes from somebody else.
-    void process_command_from_interface(const std::string& line) { m_commands.process(line); }
+    void process_command_from_interface(const std::string& line);
 
 private:
     std::string next_line();
@@ -85,6 +87,7 @@ private:
     bool has_waiting_lines(Seat seat) const;
     void settle(const GameEnd& end);
     void end_game(const GameOutcome& outcome);
+    void announce(const GameOutcome& outcome);
     void contain(const std::string& failure);
 
     const std::string m_program_path;
@@ -96,10 +99,12 @@ private:
     RefereeState m_state;
     EngineSeats m_seats;
     AnalyzeMode m_analyze;
+    DrawOffers m_offers;
     PlayMode m_play;
     LearnMode m_learn;
     MatchMode m_match;
     ReviewMode m_review;
+    TableTalk m_talk;
     InterfaceCommands m_commands;
     EngineLines m_engine_lines;
 };

@@ -104,6 +104,7 @@ GameEnd PlayMode::engine_moved() {
     m_state.send(to_window::Shout());
     play_if_legal(m_state.position, move);
     if (auto end = result(m_state.position)) return end;
+    m_offers.engine_moved();
     m_state.turn = MoveTurn::user;
     return {};
 }

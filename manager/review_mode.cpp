@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "base/text.h"
-#include "game/game_result.h"
+#include "manager/game_line.h"
 
 namespace velmora {
 
@@ -14,8 +14,6 @@ namespace {
 constexpr int patience = 10;
 /// Where the engine was given a depth or nodes, no time is too long, but it has to say something.
 constexpr std::chrono::minutes longest_silence{1};
-
-constexpr std::string_view moves_word = " moves";
 
 bool is_effort(const Level& level) {
     return (level.level_t() == LevelType::fixed_depth && level.depth() > 0) ||
@@ -58,20 +56,9 @@ bool ReviewMode::read(const to_referee::Review& command) {
         m_level = Level(command.mode + ' ' + command.amount);
         m_plies = read_plies(command.plies == "-" ? std::string() : command.plies);
         std::reverse(m_plies.begin(), m_plies.end());
-        const auto end_of_fen = command.position.find(moves_word);
-        m_start.set_fen(command.position.substr(0, end_of_fen));
-        m_moves.clear();
-        ChessPosition position = m_start;
-        if (end_of_fen != std::string::npos) {
-            text::WordReader reader(
-                std::string_view(command.position).substr(end_of_fen + moves_word.size()));
-            for (auto word = reader.word(); !word.empty(); word = reader.word()) {
-                const Move move = legal_move(position, parse_move(position, word));
-                if (move.empty()) throw std::logic_error("review: illegal move " + std::string(word));
-                m_moves.push_back(move);
-                position.do_move(move);
-            }
-        }
+        const ChessPosition end = read_game_line(command.position);
+        m_start.set_fen(end.start_fen());
+        m_moves = end.moves();
     } catch (const std::logic_error&) {
         return false;
     }

@@ -202,6 +202,7 @@ void MatchEngine::put_command(const std::string& line) {
             return m_queue.put({EngineEvent::Kind::resign, {}, false, m_arrival});
         case EngineWord::info:
             return m_queue.put_info(std::string(said->rest()));
+        case EngineWord::offer_draw:
         case EngineWord::other:
             return;
     }

@@ -1,5 +1,6 @@
 #include "window/interface.h"
 
+#include <filesystem>
 #include <functional>
 #include <iostream>
 #include <memory>
@@ -11,6 +12,7 @@
 #include <glibmm/main.h>
 
 #include "base/text.h"
+#include "engine/store/home_dir.h"
 #include "views/text/epd_commands_window.h"
 #include "window/session/typed_move.h"
 
@@ -71,6 +73,12 @@ Interface::Interface(std::string program_path, int board_size)
                [this] { return m_manager.get_enginevariables(); }),
       m_activity(m_session, m_screen, m_engine, m_dispatcher),
       m_review(m_session, m_screen, m_dialogs, m_engine, m_link, m_dispatcher, m_navigation, m_user_moves),
+      m_table(m_session, m_screen, m_screen, m_dialogs, m_modes, m_link, m_engine, m_dispatcher,
+              m_user_moves),
+      m_keeper(m_session, m_screen, m_screen, m_dialogs, m_modes, m_link, m_engine, m_dispatcher,
+               m_table.notice(),
+               HomeDir::path_for(std::filesystem::current_path().string()) + "earlier_games/"),
+      m_premove(m_session, m_screen, m_screen, m_user_moves),
       m_standings(m_screen, m_dispatcher),
       m_panel(
           m_session, m_screen, m_navigation, m_search, m_activity, m_review, m_board, m_evaluation_bar,
@@ -84,8 +92,8 @@ Interface::Interface(std::string program_path, int board_size)
                 [this] {
                     m_session.tell({Change::record, Change::position});
                 }),
-      m_rooms{m_link,    m_session,     m_dialogs, m_board,   m_modes, m_files,
-              m_engines, m_tournaments, m_review,  m_windows, m_panel},
+      m_rooms{m_link,        m_session, m_dialogs, m_board,  m_modes,   m_files, m_engines,
+              m_tournaments, m_review,  m_table,   m_keeper, m_windows, m_panel},
       m_actions(m_rooms) {
     Glib::signal_timeout().connect(sigc::mem_fun(*this, &Interface::on_timeout), tick_ms);
     m_manager_thread = std::thread(std::ref(m_manager));
@@ -138,6 +146,7 @@ void Interface::lay_out() {
         m_box.pack_start(*menu_bar, Gtk::PACK_SHRINK);
         add_accel_group(m_actions.accelerators());
     }
+    m_box.pack_start(m_notice_bar, Gtk::PACK_SHRINK);
     // What the window grows by is the board's.
     m_board_and_panel.pack1(m_board_with_clocks, true, false);
     m_board_and_panel.pack2(m_panel.widget(), false, false);
@@ -170,6 +179,9 @@ void Interface::connect_views() {
             m_move_entry.refuse(complaint);
         }
     });
+    m_files.on_saved([this] { m_keeper.note_saved(); });
+    m_notice_bar.signal_accepted().connect([this] { m_table.notice().accept(); });
+    m_notice_bar.signal_closed().connect([this] { m_table.notice().clear(); });
     // Nothing but the clock shows what is left on it.
     m_dispatcher.listen([this](const to_window::Line& line) {
         if (const auto* const time = std::get_if<to_window::SetClock>(&line)) {
@@ -192,6 +204,13 @@ bool Interface::on_delete_event(GdkEventAny* /*event*/) {
 bool Interface::on_key_press_event(GdkEventKey* event) {
     const auto modifiers = event->state & gtk_accelerator_get_default_mod_mask();
     const auto character = gdk_keyval_to_unicode(event->keyval);
+    // Ahead of the menu's accelerators: who types, or takes back a change in the list of moves, has the key.
+    if (modifiers == GDK_CONTROL_MASK && (event->keyval == GDK_KEY_z || event->keyval == GDK_KEY_space)) {
+        const bool types = NavigationKeys::is_typing(*this);
+        const bool edits = get_focus() != nullptr && get_focus()->is_ancestor(m_panel.widget());
+        const bool undoes = edits && event->keyval == GDK_KEY_z && m_session.record().can_undo_edit();
+        if (types || undoes) return gtk_window_propagate_key_event(gobj(), event) != 0 || types;
+    }
     const bool plain = (modifiers & ~unsigned(GDK_SHIFT_MASK)) == 0;
     if (plain && begins_move(character) && !NavigationKeys::is_typing(*this)) {
         m_move_entry.begin(character);
@@ -224,6 +243,10 @@ void Interface::open_dropped(const std::vector<Glib::ustring>& uris) {
 bool Interface::on_timeout() {
     m_clocks.update();
     process_manager_messages();
+    m_premove.tick();
+    m_table.tick();
+    m_keeper.tick();
+    m_notice_bar.show_notice(m_table.notice().text(), m_table.notice().can_accept());
     if (m_ticks % panel_ticks == 0) {
         m_panel.refresh();
         m_review_panel.refresh();

@@ -15,6 +15,7 @@
 #include "views/board/board_with_clocks.h"
 #include "views/board/chess_board.h"
 #include "views/clocks/clocks.h"
+#include "views/notice/notice_bar.h"
 #include "views/text/analysis_window.h"
 #include "views/text/comment_editor.h"
 #include "views/text/fen_entry.h"
@@ -45,6 +46,9 @@
 #include "window/session/seated_engine.h"
 #include "window/session/user_moves.h"
 #include "window/standings/standings_room.h"
+#include "window/table/game_keeper.h"
+#include "window/table/premove.h"
+#include "window/table/table_room.h"
 
 namespace velmora {
 
@@ -109,6 +113,7 @@ private:
     unsigned m_ticks = 0;
 
     Gtk::Box m_box;
+    NoticeBar m_notice_bar;
     Gtk::Paned m_board_and_panel;
     ChessBoard m_board;
     Clocks m_clocks;
@@ -142,6 +147,9 @@ private:
     SearchDisplay m_search;
     Activity m_activity;
     ReviewRoom m_review;
+    TableRoom m_table;
+    GameKeeper m_keeper;
+    Premove m_premove;
     StandingsRoom m_standings;
     AnalysisPanel m_panel;
     ReviewPanel m_review_panel;

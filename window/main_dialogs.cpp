@@ -7,6 +7,8 @@
 #include "dialogs/engine/protocol_dialog.h"
 #include "dialogs/files/fen_list.h"
 #include "dialogs/files/game_list.h"
+#include "dialogs/game/earlier_games_dialog.h"
+#include "dialogs/game/result_dialog.h"
 #include "dialogs/learn_hints_dialog.h"
 #include "dialogs/parts/message_box.h"
 #include "dialogs/review/review_dialog.h"
@@ -68,6 +70,21 @@ std::optional<Level> MainDialogs::ask_time_control(const Level& level) {
 
 std::optional<ReviewSettings> MainDialogs::ask_review(const ReviewSettings& settings) {
     return velmora::ask_review(m_parent, settings);
+}
+
+std::optional<GameOutcome> MainDialogs::ask_result(const std::optional<GameOutcome>& known) {
+    return velmora::ask_result(m_parent, known);
+}
+
+std::optional<std::size_t> MainDialogs::choose_earlier_game(const std::vector<EarlierGame>& games) {
+    constexpr std::size_t plies_per_move = 2;
+    std::vector<EarlierGameRow> rows;
+    rows.reserve(games.size());
+    for (const auto& game : games) {
+        const auto moves = (game.moves + 1) / plies_per_move;
+        rows.push_back({game.date, game.players, std::to_string(moves)});
+    }
+    return velmora::choose_earlier_game(m_parent, rows);
 }
 
 TournamentEdit MainDialogs::edit_tournament(const Tournament& tournament,

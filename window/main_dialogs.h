@@ -42,6 +42,10 @@ public:
     std::optional<Level> ask_time_control(const Level& level) override;
     std::optional<ReviewSettings> ask_review(const ReviewSettings& settings) override;
 
+    std::optional<GameOutcome> ask_result(const std::optional<GameOutcome>& known) override;
+
+    std::optional<std::size_t> choose_earlier_game(const std::vector<EarlierGame>& games) override;
+
     TournamentEdit edit_tournament(const Tournament& tournament,
                                    const std::vector<std::string>& installed) override;
     TournamentChoice choose_tournament(const std::vector<std::string>& names) override;

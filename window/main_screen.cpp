@@ -85,6 +85,23 @@ void MainScreen::start_clock(Side side) { m_views.clocks.start(side); }
 
 void MainScreen::mark_clock(Side side) { m_views.clocks.show_to_move(side); }
 
+BySide<ClockReading> MainScreen::read_clocks() const {
+    BySide<ClockReading> readings;
+    for (const Side side : {Side::white, Side::black}) {
+        const auto [centiseconds, moves] = m_views.clocks.reading(side);
+        readings[side] = {centiseconds, moves};
+    }
+    return readings;
+}
+
+void MainScreen::restore_clocks(const BySide<ClockReading>& readings, std::optional<Side> running) {
+    BySide<std::pair<std::int32_t, std::int32_t>> times;
+    for (const Side side : {Side::white, Side::black}) {
+        times[side] = {readings[side].centiseconds, readings[side].moves};
+    }
+    m_views.clocks.restore(times, running);
+}
+
 void MainScreen::add_analysis(Side side, const std::string& line) { m_views.analysis.add_line(side, line); }
 
 void MainScreen::clear_analysis() { m_views.analysis.clear(); }

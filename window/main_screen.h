@@ -62,6 +62,8 @@ public:
     void stop_clocks() override;
     void start_clock(Side side) override;
     void mark_clock(Side side) override;
+    BySide<ClockReading> read_clocks() const override;
+    void restore_clocks(const BySide<ClockReading>& readings, std::optional<Side> running) override;
 
     void show_game() override;
     void show_comment(const std::string& comment) override;

@@ -157,6 +157,10 @@ void GuiEngine::set_moves_done(std::int32_t moves) {
     change_record([moves](EngineRecord& own) { own.state.clock.set_moves_done(moves); });
 }
 
+void GuiEngine::set_time_left(std::int32_t milliseconds) {
+    change_record([milliseconds](EngineRecord& own) { own.state.clock.set_time_left(milliseconds); });
+}
+
 void GuiEngine::set_ponder(bool on) {
     if (m_player != nullptr) m_player->set_ponder(on);
 }
@@ -179,6 +183,14 @@ void GuiEngine::go_infinite() {
 
 void GuiEngine::stop() {
     if (m_player != nullptr) m_player->stop();
+}
+
+void GuiEngine::move_now() {
+    if (m_player != nullptr) m_player->move_now();
+}
+
+void GuiEngine::offer_draw() {
+    if (m_player != nullptr) m_player->offer_draw();
 }
 
 void GuiEngine::set_logging(bool on) {

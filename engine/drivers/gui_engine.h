@@ -91,6 +91,8 @@ public:
     void set_white(bool white);
     void set_opponent_time(std::int64_t milliseconds);
     void set_moves_done(std::int32_t moves);
+    /// Gives the clock, which isn't running, another time.
+    void set_time_left(std::int32_t milliseconds);
 
     void set_ponder(bool on);
     void new_game();
@@ -98,6 +100,10 @@ public:
     void go();
     void go_infinite();
     void stop();
+    /// Has an engine that thinks about its move make it at once; the move counts.
+    void move_now();
+    /// Tells the engine that its opponent offers a draw; nothing where the protocol has no word for it.
+    void offer_draw();
 
     /// Switches the engine's log file and the driver's trace; kept for later loads.
     void set_logging(bool on);

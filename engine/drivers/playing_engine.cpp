@@ -44,6 +44,16 @@ void PlayingEngine::stop() {
     do_stop();
 }
 
+void PlayingEngine::move_now() {
+    const std::lock_guard lock(m_mutex);
+    do_move_now();
+}
+
+void PlayingEngine::offer_draw() {
+    const std::lock_guard lock(m_mutex);
+    do_offer_draw();
+}
+
 Move PlayingEngine::parse_move(const std::string& text) const {
     const std::lock_guard lock(m_mutex);
     return m_position.convert_to_move(text);

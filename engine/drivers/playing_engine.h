@@ -52,6 +52,9 @@ public:
     void go();
     void go_infinite();
     void stop();
+    /// Has the engine move at once when it thinks about its move; nothing else.
+    void move_now();
+    void offer_draw();
     /// The move of a text in the driver's position; the empty move when there is none.
     Move parse_move(const std::string& text) const;
 
@@ -86,6 +89,8 @@ protected:
     virtual void do_go() = 0;
     virtual void do_go_infinite() = 0;
     virtual void do_stop() = 0;
+    virtual void do_move_now() = 0;
+    virtual void do_offer_draw() {}
 
     /// Makes of one line of the engine what the referee gets.
     /// Every driver speaks the words of UCI here, so that the referee knows one protocol.

@@ -150,6 +150,11 @@ void UciEngine::do_stop() {
     trace(" <- UciEngine::stop()");
 }
 
+/// Not noted as stopped: the answer is the one that is waited for.
+void UciEngine::do_move_now() {
+    if (state().status == EngineStatus::thinking && !m_analyses) send("stop");
+}
+
 void UciEngine::do_new_game() {
     do_stop();
     state().clock.restart();

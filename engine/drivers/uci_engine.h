@@ -30,6 +30,7 @@ private:
     void do_go() override;
     void do_go_infinite() override;
     void do_stop() override;
+    void do_move_now() override;
     DriverMessage translate(ArrivedLine line) override;
     std::string option_command(const Option& option) const override;
     void make_way_for_options() override;

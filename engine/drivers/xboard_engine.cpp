@@ -195,6 +195,11 @@ void XboardEngine::do_stop() {
     send("?");
 }
 
+/// Not noted as stopped: the answer is the one that is waited for.
+void XboardEngine::do_move_now() {
+    if (state().status == EngineStatus::thinking && !m_search_stopped) send("?");
+}
+
 std::string XboardEngine::option_command(const Option& option) const {
     if (option.name == "xboard_memory") return "memory " + option.value;
     if (option.name == "xboard_threads") return "cores " + option.value;

@@ -37,6 +37,8 @@ private:
     void do_go() override;
     void do_go_infinite() override;
     void do_stop() override;
+    void do_move_now() override;
+    void do_offer_draw() override { send("draw"); }
     DriverMessage translate(ArrivedLine line) override;
     std::string option_command(const Option& option) const override;
 

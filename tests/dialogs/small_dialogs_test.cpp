@@ -1,11 +1,14 @@
 #include <gtkmm/aboutdialog.h>
 #include <gtkmm/checkbutton.h>
+#include <gtkmm/comboboxtext.h>
+#include <gtkmm/entry.h>
 #include <gtkmm/messagedialog.h>
 #include <gtkmm/radiobutton.h>
 
 #include "base/program.h"
 #include "dialogs/about_dialog.h"
 #include "dialogs/engine/protocol_dialog.h"
+#include "dialogs/game/result_dialog.h"
 #include "dialogs/learn_hints_dialog.h"
 #include "dialogs/parts/message_box.h"
 #include "tests/dialogs/dialog_test.h"
@@ -74,6 +77,19 @@ TEST_F(SmallDialogsTest, ProtocolsByTheirButtons) {
     }
     EXPECT_EQ(answering(enter, [&] { return choose_protocol(m_parent); }), Protocol::autodetect);
     EXPECT_EQ(answering(escape, [&] { return choose_protocol(m_parent); }), std::nullopt);
+}
+
+TEST_F(SmallDialogsTest, TheResultOfAGameBeginsWithWhatTheRulesSay) {
+    const GameOutcome mate{GameResult::black_wins, "Black mates"};
+    EXPECT_EQ(answering(enter, [&] { return ask_result(m_parent, mate); }), mate);
+    EXPECT_EQ(answering(escape, [&] { return ask_result(m_parent, mate); }), std::nullopt);
+    const auto chosen = [](Gtk::Dialog& dialog) {
+        gui::find_widget<Gtk::ComboBoxText>(dialog)->set_active(0);
+        gui::find_widget<Gtk::Entry>(dialog)->set_text("on time");
+        press(dialog, "Note");
+    };
+    EXPECT_EQ(answering(chosen, [&] { return ask_result(m_parent, std::nullopt); }),
+              (GameOutcome{GameResult::white_wins, "on time"}));
 }
 
 TEST_F(SmallDialogsTest, LearnHintsMasks) {

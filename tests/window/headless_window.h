@@ -10,6 +10,9 @@
 #include "window/session/mode_controller.h"
 #include "window/session/navigation.h"
 #include "window/session/user_moves.h"
+#include "window/table/game_keeper.h"
+#include "window/table/premove.h"
+#include "window/table/table_room.h"
 
 namespace velmora::test {
 
@@ -40,6 +43,10 @@ struct HeadlessWindow {
     UserMoves moves{session, screen, screen, screen, screen, link, 0.0};
     Navigation navigation{session, screen, screen, screen, modes};
     ReviewRoom review{session, screen, screen, engine, link, dispatcher, navigation, moves};
+    TableRoom table{session, screen, screen, screen, modes, link, engine, dispatcher, moves};
+    GameKeeper keeper{session, screen, screen,     screen,         modes,
+                      link,    engine, dispatcher, table.notice(), "earlier_games/"};
+    Premove premove{session, screen, screen, moves};
 };
 
 }  // namespace velmora::test

@@ -42,6 +42,13 @@ public:
     void start_clock(Side side) override { calls.push_back("start clock" + name(side)); }
     void mark_clock(Side side) override { calls.push_back("mark clock" + name(side)); }
 
+    BySide<ClockReading> clocks;
+    BySide<ClockReading> read_clocks() const override { return clocks; }
+    void restore_clocks(const BySide<ClockReading>& readings, std::optional<Side> running) override {
+        clocks = readings;
+        calls.push_back("restore clocks" + (running ? name(*running) : ""));
+    }
+
     void show_game() override { on_show_game(); }
     void show_comment(const std::string& text) override { comment = text; }
     void add_analysis(Side side, const std::string& line) override {

@@ -28,6 +28,9 @@ public:
     std::function<void(std::vector<Option>&)> do_to_options = [](std::vector<Option>&) {};
     std::optional<Level> time_control;
     std::optional<std::optional<ReviewSettings>> review;  // taken as offered without one
+    std::optional<GameOutcome> result;                    // what the rules say without one
+    std::optional<std::size_t> earlier_game;
+    std::vector<EarlierGame> earlier_games;  // that were shown
     TournamentEdit tournament;
     std::optional<Tournament> shown_tournament;  // what was to be changed
     TournamentChoice chosen_tournament;
@@ -63,6 +66,15 @@ public:
 
     std::optional<ReviewSettings> ask_review(const ReviewSettings& settings) override {
         return review ? *review : settings;
+    }
+
+    std::optional<GameOutcome> ask_result(const std::optional<GameOutcome>& known) override {
+        return result ? result : known;
+    }
+
+    std::optional<std::size_t> choose_earlier_game(const std::vector<EarlierGame>& games) override {
+        earlier_games = games;
+        return earlier_game;
     }
 
     TournamentEdit edit_tournament(const Tournament& shown,

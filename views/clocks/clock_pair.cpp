@@ -24,7 +24,8 @@ ClockPair::ClockPair(Stopwatch::TimeSource now) {
 
 void ClockPair::set_level(const Level& level) {
     m_moves_per_session = level.moves();
-    m_increment = float(level.inc_ms() / 1000);
+    const auto whole_seconds = level.inc_ms() / 1000;
+    m_increment = float(whole_seconds);
     m_base_time = std::min(level.base_ms() / 10, longest_shown_time);
     for (const Side side : {Side::white, Side::black}) {
         m_sides[side].moves = 0;
@@ -70,6 +71,22 @@ void ClockPair::stop() {
         m_sides[side].timer.stop();
         m_sides[side].running = false;
     }
+}
+
+std::int32_t ClockPair::time_now(Side side) const {
+    const SideClock& clock = m_sides[side];
+    return limited(clock.time - clock.timer.elapsed() * 100);
+}
+
+void ClockPair::restore(Side side, std::int32_t centiseconds, std::int32_t moves) {
+    set_time(side, centiseconds);
+    m_sides[side].moves = moves;
+    m_sides[side].shown.reset();
+}
+
+void ClockPair::run(Side side) {
+    m_sides[side].running = true;
+    m_sides[side].timer.start();
 }
 
 /// A second more than shown is no time given but the difference of two clocks that were read at different

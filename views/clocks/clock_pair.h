@@ -45,6 +45,15 @@ public:
     /// anew.
     std::optional<std::string> refresh(Side side);
 
+    /// What is left now, centiseconds.
+    std::int32_t time_now(Side side) const;
+    /// The moves made in this session.
+    std::int32_t moves(Side side) const { return m_sides[side].moves; }
+    /// Has a side that isn't running stand at this time, with so many moves made in the session.
+    void restore(Side side, std::int32_t centiseconds, std::int32_t moves);
+    /// The side's clock runs from where it stands, without a move of the opponent.
+    void run(Side side);
+
     /// What was left when the side's watch was last reset, centiseconds.
     std::int32_t time(Side side) const { return m_sides[side].time; }
 

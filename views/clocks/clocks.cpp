@@ -109,6 +109,17 @@ void Clocks::stop() {
     set_active(Side::black, false);
 }
 
+void Clocks::restore(const BySide<std::pair<std::int32_t, std::int32_t>>& readings,
+                     std::optional<Side> running) {
+    m_clocks.stop();
+    for (const Side side : {Side::white, Side::black}) {
+        m_clocks.restore(side, readings[side].first, readings[side].second);
+    }
+    if (!running) return;
+    m_clocks.run(*running);
+    show_to_move(*running);
+}
+
 void Clocks::show_to_move(Side side) {
     set_active(side, true);
     set_active(opposite(side), false);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <utility>
 
 #include <gtkmm/box.h>
 #include <gtkmm/cssprovider.h>
@@ -32,6 +34,13 @@ public:
     void start_black() { start(Side::black); }
     /// Neither clock runs, neither side is shown to move.
     void stop();
+
+    /// What is left, centiseconds, and how many moves have been made in the session.
+    std::pair<std::int32_t, std::int32_t> reading(Side side) const {
+        return {m_clocks.time_now(side), m_clocks.moves(side)};
+    }
+    /// Stops both and has them stand at these readings; then that of `running` runs, if there is one.
+    void restore(const BySide<std::pair<std::int32_t, std::int32_t>>& readings, std::optional<Side> running);
 
     /// Shows who is to move, without running a clock.
     void show_to_move(Side side);

@@ -16,7 +16,7 @@ void show_text(Gtk::Label& label, const std::string& text) {
 
 StateLine::StateLine()
     : Gtk::Box(Gtk::ORIENTATION_HORIZONTAL, head_spacing), m_texts(Gtk::ORIENTATION_VERTICAL) {
-    for (Gtk::Label* label : {&m_activity, &m_last_move}) {
+    for (Gtk::Label* label : {&m_activity, &m_last_move, &m_captured}) {
         label->set_xalign(0);
         label->set_ellipsize(Pango::ELLIPSIZE_END);
         m_texts.pack_start(*label, Gtk::PACK_SHRINK);
@@ -34,6 +34,13 @@ StateLine::StateLine()
 void StateLine::set_activity(const std::string& text) { show_text(m_activity, text); }
 
 void StateLine::set_last_move(const std::string& text) { show_text(m_last_move, text); }
+
+void StateLine::set_captured(const std::string& text, const std::string& words) {
+    if (m_captured.get_text() == text) return;
+    m_captured.set_text(text);
+    m_captured.set_tooltip_text(words);
+    m_captured.get_accessible()->set_name(words);
+}
 
 void StateLine::offer(const std::string& label) {
     if (m_offer.get_label() != label) m_offer.set_label(label);

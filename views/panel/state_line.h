@@ -8,14 +8,16 @@
 
 namespace velmora {
 
-/// Two lines that say what is going on and what was played last, and at times a button that offers what
-/// can be done about it. Texts that are too long are cut: they never widen the window.
+/// Three lines that say what is going on, what was played last and which men are gone, and at times a button
+/// that offers what can be done about it. Texts that are too long are cut: they never widen the window.
 class StateLine : public Gtk::Box {
 public:
     StateLine();
 
     void set_activity(const std::string& text);
     void set_last_move(const std::string& text);
+    /// @param words  the same for who can't see the figurines of `text`
+    void set_captured(const std::string& text, const std::string& words);
     /// Shows a button with this label; an empty one takes it away.
     void offer(const std::string& label);
 
@@ -25,6 +27,7 @@ private:
     Gtk::Box m_texts;
     Gtk::Label m_activity;
     Gtk::Label m_last_move;
+    Gtk::Label m_captured;
     Gtk::Button m_offer;
     sigc::signal<void> m_accepted;
 };

@@ -63,7 +63,8 @@ void FileFlows::save_game() {
     const std::string path = m_dialogs.choose_file(FileKind::save_game);
     if (path.empty()) return;
     const auto fault = GameArchive(path).append(m_session.text_to_save());
-    if (fault) m_dialogs.tell_user("The game was not saved", *fault);
+    if (fault) return m_dialogs.tell_user("The game was not saved", *fault);
+    m_saved();
 }
 
 // ---------------------------------------------------------------------------------------------------------------

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "window/session/board_view.h"
@@ -32,6 +34,8 @@ public:
 
     void load_game();
     void save_game();
+    /// Has `saved` told when the game has been written to a file.
+    void on_saved(std::function<void()> saved) { m_saved = std::move(saved); }
     void load_position();
     void load_next_position();
     void load_previous_position();
@@ -65,6 +69,7 @@ private:
     Dialogs& m_dialogs;
     ManagerLink& m_manager;
     ModeController& m_modes;
+    std::function<void()> m_saved = [] {};
     /// The file is read anew at each step: it may have been edited meanwhile.
     std::string m_position_file;       // loaded last
     std::size_t m_position_index = 0;  // of its line, from 1

@@ -97,6 +97,19 @@ const std::vector<ActionRow>& Actions::table() {
         entry(
             "BetterMove", "Find the better move", [](Rooms& rooms) { rooms.review.better_move().ask(); },
             "F7"),
+        separator,
+        entry("Resign", "Resign", [](Rooms& rooms) { rooms.table.resign(); }),
+        entry("OfferDraw", "Offer draw", [](Rooms& rooms) { rooms.table.offer_draw(); }),
+        entry(
+            "TakeBack", "Take back", [](Rooms& rooms) { rooms.table.take_back(); }, "<control>z"),
+        entry(
+            "MoveNow", "Move now", [](Rooms& rooms) { rooms.table.move_now(); }, "<control>space"),
+        entry("ClaimDraw", "Claim draw", [](Rooms& rooms) { rooms.table.claim_draw(); }),
+        entry("NoteResult", "Result...", [](Rooms& rooms) { rooms.table.note_result(); }),
+        switch_entry("LoseOnTime", "Lose on time",
+                     [](Rooms& rooms, bool on) { rooms.table.set_lose_on_time(on); }),
+        separator,
+        entry("EarlierGames", "Earlier games...", [](Rooms& rooms) { rooms.games.choose(); }),
 
         menu("TournamentMenu", "Tournament"),
         entry("New", "New / Edit", [](Rooms& rooms) { rooms.tournaments.edit(); }),

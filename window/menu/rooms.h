@@ -9,6 +9,8 @@
 #include "window/session/game_session.h"
 #include "window/session/manager_link.h"
 #include "window/session/mode_controller.h"
+#include "window/table/game_keeper.h"
+#include "window/table/table_room.h"
 
 namespace velmora {
 
@@ -27,6 +29,8 @@ struct Rooms {
     EngineFlows& engines;
     TournamentFlows& tournaments;
     ReviewRoom& review;
+    TableRoom& table;
+    GameKeeper& games;
     SecondaryWindows& windows;
     AnalysisPanel& panel;
 };

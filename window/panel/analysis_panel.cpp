@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "review/verdict.h"
+#include "window/table/captured_men.h"
 
 namespace velmora {
 
@@ -52,6 +53,7 @@ AnalysisPanel::AnalysisPanel(GameSession& session, const WindowFrame& frame, Nav
         if (changes.has(Change::game) && !m_session.record().is_empty()) m_loaded = true;
         if (changes.has(Change::game)) m_evaluations.clear();
         if (changes.has({Change::record, Change::comment, Change::position})) m_record_changed = true;
+        if (changes.has({Change::game, Change::position})) m_captured_changed = true;
     });
     m_panel.signal_show().connect([this] {
         m_bar.show();
@@ -94,6 +96,11 @@ void AnalysisPanel::show_activity() {
     m_bar.set_flipped(m_board.is_flipped());
     m_state_line.set_activity(m_activity.text());
     m_state_line.set_last_move(m_activity.last_move());
+    if (m_captured_changed) {
+        const CapturedMen captured(m_session.position());
+        m_state_line.set_captured(captured.text(), captured.words());
+        m_captured_changed = false;
+    }
     m_state_line.offer(m_navigation.has_left_game() ? "Resume game" : "");
 }
 

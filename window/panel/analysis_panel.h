@@ -83,6 +83,7 @@ private:
     bool m_arrows = true;
     bool m_kept_closed = false;
     bool m_record_changed = true;
+    bool m_captured_changed = true;
     bool m_loaded = false;  // a record with moves has come since the last refresh()
     Mode m_mode = Mode::human_human;
 };

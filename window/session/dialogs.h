@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "chess/board/game_outcome.h"
 #include "chess/board/piece.h"
 #include "chess/board/side.h"
 #include "engine/store/engine_variables.h"
@@ -42,6 +43,14 @@ struct TournamentEdit {
     enum class Action { none, cancel, ok };
     Action action = Action::none;
     TournamentData entered;  ///< with `ok`: settings and names of participants, without games
+};
+
+/// A game that was left and is kept, as a list shows it.
+struct EarlierGame {
+    std::string path;
+    std::string date;       ///< as its tag has it
+    std::string players;    ///< "White - Black"
+    std::size_t moves = 0;  ///< plies of the main line
 };
 
 /// All that the window's logic asks a person, value in and value out.
@@ -85,6 +94,12 @@ public:
     virtual std::optional<Level> ask_time_control(const Level& level) = 0;
     /// How a game is to be reviewed, beginning with `settings`.
     virtual std::optional<ReviewSettings> ask_review(const ReviewSettings& settings) = 0;
+
+    /// How a game of two people has ended, beginning with what the rules say of it.
+    virtual std::optional<GameOutcome> ask_result(const std::optional<GameOutcome>& known) = 0;
+
+    /// Which of the games is to be taken up, by its place in the list.
+    virtual std::optional<std::size_t> choose_earlier_game(const std::vector<EarlierGame>& games) = 0;
 
     /// @param installed  the names of the engines that can take part
     virtual TournamentEdit edit_tournament(const Tournament& tournament,

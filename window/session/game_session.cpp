@@ -61,6 +61,7 @@ std::string GameSession::epd_text() const {
 // A game begins or is brought from elsewhere
 
 void GameSession::begin_game(const RecordNames& names) {
+    m_retracted.clear();
     begin_record(m_record, names);
     follow_record();
     forget_search();
@@ -76,6 +77,7 @@ void GameSession::new_game_without_names() {
 
 /// Moves that were played from another start don't fit this one; the tags stay.
 void GameSession::begin_at(const std::string& fen) {
+    m_retracted.clear();
     const GameTags tags = m_record.tags();
     m_record.reset();
     for (const std::string& name : tags.order()) m_record.set_tag(name, tags.get(name));
@@ -101,6 +103,7 @@ void GameSession::load_position(const std::string& line, const std::string& fen)
 
 /// No comment is stored, since the record that it belonged to is gone by then.
 void GameSession::load(Game record) {
+    m_retracted.clear();
     m_record = std::move(record);
     m_record.to_start();
     follow_record();
@@ -119,7 +122,9 @@ void GameSession::follow_record() {
 // A game is played
 
 void GameSession::add_move(const Move& move) {
+    const auto from = m_record.current();
     m_record.add_move(move);
+    if (m_retracted.contains(from)) m_record.lead();
     if (m_without_rights) m_without_rights->do_move(move);
     ++m_played;
     m_selected.reset();
@@ -172,9 +177,18 @@ void GameSession::take_back() {
     tell(other_node);
 }
 
-void GameSession::end_game(const GameOutcome& outcome) {
+void GameSession::retract(int plies) {
+    store_comment();
+    for (; plies > 0 && m_record.current() != 0; --plies) m_record.back();
+    m_retracted.insert(m_record.current());
+    follow_record();
+    tell(other_node);
+}
+
+void GameSession::end_game(const GameOutcome& outcome, const std::string& termination) {
     store_comment();
     tag_ended_game(m_record, m_names.players, m_level);
+    if (!termination.empty()) m_record.set_tag("Termination", tag_safe(termination));
     const std::string_view result = result_token(outcome.result);
     std::string ending = ending_text(outcome.reason, result);
     m_record.set_result(ending);

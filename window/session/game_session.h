@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -102,10 +103,14 @@ public:
     /// Takes back the last move, if one has been played since the position was set up or stepped to.
     /// Not beyond that: what lies before was loaded or stepped to, not played.
     void take_back();
+    /// Goes so many moves back, as far as there are any, to play on from there: what was played stays in the
+    /// record, as a variation as soon as another move is played in its place.
+    void retract(int plies);
     /// Ends the record with a result, the words in braces behind it, and the tags of a finished game.
     /// The referee knows why a game has ended, the session knows the record: words and tags come together
     /// here.
-    void end_game(const GameOutcome& outcome);
+    /// @param termination  the value of the tag of that name; none for an empty one
+    void end_game(const GameOutcome& outcome, const std::string& termination = {});
 
     // ---- The person looks and writes
 
@@ -167,6 +172,7 @@ private:
     Game m_record;
     std::optional<ChessPosition> m_without_rights;  // what the board has instead of the record's position
     std::size_t m_played = 0;                       // moves on the board since it was set up or stepped to
+    std::set<std::int32_t> m_retracted;             // nodes from which another move is the game's own
     std::optional<Square> m_selected;               // waits for its destination
     std::string m_loaded_line;                      // the position line loaded last
     Eco m_openings;

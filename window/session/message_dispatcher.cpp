@@ -1,6 +1,7 @@
 #include "window/session/message_dispatcher.h"
 
 #include <iostream>
+#include <utility>
 #include <variant>
 
 #include "base/text.h"
@@ -113,9 +114,10 @@ void MessageDispatcher::handle(const to_window::NewGame& /*line*/) {
 
 /// A game without a move isn't worth a place in the archive.
 void MessageDispatcher::handle(const to_window::GameOver& line) {
+    const std::string termination = std::exchange(m_termination, {});
     if (m_session.record().is_empty() || !awaits_end()) return;
     m_screen.clocks.stop_clocks();
-    m_session.end_game(line);
+    m_session.end_game(line, termination);
     // The archive has this one name, also when a tournament has set another event.
     const auto fault = GameArchive(std::string(default_event) + ".pgn").append(m_session.pgn());
     if (fault) std::cerr << "The game could not be added to the archive " << *fault << '\n';

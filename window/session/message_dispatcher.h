@@ -51,6 +51,7 @@ private:
     void handle(const to_window::SetBoard& line);
     void handle(const to_window::NewGame& line);
     void handle(const to_window::GameOver& line);
+    void handle(const to_window::Termination& line) { m_termination = line.text; }
     void handle(const to_window::SearchOutput& line);
 
     // What is shown around the board
@@ -84,6 +85,7 @@ private:
     Dialogs& m_dialogs;
     ManagerLink& m_manager;
     SeatedEngine& m_engine;
+    std::string m_termination;  // of the game that ends with the next line
     std::vector<std::function<void(const to_window::Line&)>> m_listeners;
 };
 

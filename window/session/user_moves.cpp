@@ -1,5 +1,6 @@
 #include "window/session/user_moves.h"
 
+#include <algorithm>
 #include <iostream>
 
 #include "chess/moves/legal_moves.h"
@@ -36,6 +37,7 @@ void UserMoves::on_board(Square from, Square to) {
     } else if (sets_up()) {
         m_setup.edit(from, to);
     } else if (!may_move()) {
+        m_waiting(from, to);
         m_session.tell({Change::turn, Change::position});
     } else if (from == to) {
         on_click(to);
@@ -86,7 +88,6 @@ PieceKind UserMoves::choose_promotion(Square from, Square to) {
     return promotes ? m_dialogs.choose_promotion(piece.side()) : PieceKind::none;
 }
 
-/// False, and nothing picked up any more, where there is no such move.
 bool UserMoves::play(Square from, Square to) {
     const PieceKind promoted = choose_promotion(from, to);
     const std::string squares = from.name() + to.name();
@@ -103,7 +104,9 @@ bool UserMoves::play(Square from, Square to) {
 }
 
 void UserMoves::make(const Move& move) {
-    if (m_take(move)) return m_session.select(std::nullopt);
+    if (std::ranges::any_of(m_take, [&](const auto& take) { return take(move); })) {
+        return m_session.select(std::nullopt);
+    }
     if (!m_session.clocks_held()) m_clocks.start_clock(opposite(m_session.side_to_move()));
     // The referee first: its engine can begin while the board is drawn.
     m_manager.send(to_referee::UserMove{move.to_string(false)});

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "base/stopwatch.h"
 #include "chess/board/square.h"
@@ -37,15 +38,21 @@ public:
     /// A move has been typed. Gives what is wrong with it; empty when it has been played.
     std::string on_typed(const std::string& text);
 
-    /// Has `take` asked ahead of each legal move of the person; what it takes isn't played.
-    void divert(std::function<bool(const Move&)> take) { m_take = std::move(take); }
+    /// Has `take` asked ahead of each legal move of the person; what one of them takes isn't played.
+    void divert(std::function<bool(const Move&)> take) { m_take.push_back(std::move(take)); }
+
+    /// Has `take` told of what the person does on the board while it is the engine's move.
+    void while_waiting(std::function<void(Square from, Square to)> take) { m_waiting = std::move(take); }
+
+    /// Plays the move between two squares, after asking what a pawn becomes. False, and nothing picked up any
+    /// more, where there is no such move.
+    bool play(Square from, Square to);
 
     /// A piece has been picked up: its targets are shown until it is dropped.
     void on_piece_picked(std::optional<Square> square);
 
 private:
     void on_click(Square square);
-    bool play(Square from, Square to);
     void make(const Move& move);
     bool sets_up() const { return m_frame.mode() == Mode::setup; }
     bool may_move() const { return !m_session.engine_to_move(); }
@@ -62,7 +69,8 @@ private:
     SetupEditor m_setup;
     Stopwatch m_click_timer;  // runs since the start or since the piece chooser closed
     const double m_click_delay_s;
-    std::function<bool(const Move&)> m_take = [](const Move&) { return false; };
+    std::vector<std::function<bool(const Move&)>> m_take;
+    std::function<void(Square, Square)> m_waiting = [](Square, Square) {};
 };
 
 }  // namespace velmora

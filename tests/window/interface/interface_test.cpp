@@ -70,7 +70,7 @@ TEST_F(InterfaceTest, TheMenus) {
 _File:|New game--|Load game|Save game--|Load position|Load next position|Load previous position|Save position--|Polyglot book--|Quit
 View:|Flip View|Show Engine Output|Show PGN|Show Comment Editor|Show EPD Code|Show FEN--|Show Side Panel|Show Best Move
 Mode:|Setup|Human - human|Human - computer|Analysis|Learn Opening|Tournament--|Start thinking
-Game:|Review game...|Next mistake|Previous mistake|Find the better move
+Game:|Review game...|Next mistake|Previous mistake|Find the better move--|Resign|Offer draw|Take back|Move now|Claim draw|Result...|Lose on time--|Earlier games...
 Tournament:|New / Edit|Load--|Standings
 Engine:|Load engine...|Install engine...|Load installed engine...
 Options:|Time Control...|Engine...|Ponder|Debug
