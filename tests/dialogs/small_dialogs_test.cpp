@@ -35,7 +35,7 @@ TEST(ShownText, AnyBytesBecomeWhatAWidgetTakes) {
 class SmallDialogsTest : public DialogTest {};
 
 TEST_F(SmallDialogsTest, MessageBoxShowsBothTextsAndTakesEnterAndEscape) {
-    for (const unsigned key : {GDK_KEY_Return, GDK_KEY_Escape}) {
+    for (const unsigned key : {unsigned(GDK_KEY_Return), unsigned(GDK_KEY_Escape)}) {
         answering<Gtk::MessageDialog>(
             [&](Gtk::MessageDialog& box) {
                 EXPECT_EQ(box.property_text().get_value(), "No_such <b>engine</b>");

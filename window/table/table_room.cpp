@@ -1,6 +1,7 @@
 #include "window/table/table_room.h"
 
 #include <string>
+#include <utility>
 #include <variant>
 
 #include "chess/moves/legal_moves.h"
