@@ -13,7 +13,7 @@
 #include "game/game_result.h"
 #include "tests/support/scratch_directory.h"
 #include "tests/window/headless_window.h"
-#include "window/table/captured_men.h"
+#include "window/table/captured_pieces.h"
 
 namespace velmora {
 namespace {
@@ -209,7 +209,7 @@ TEST(Premove, IsPlayedWhereItIsLegalThen) {
     EXPECT_EQ(window.session.last_move_text(), "Black: g6");
 }
 
-TEST(CapturedMen, AreThoseThatAreGoneSinceTheStart) {
+TEST(CapturedPieces, AreThoseThatAreGoneSinceTheStart) {
     const struct {
         const char *fen, *moves, *text, *words;
     } rows[] = {{"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", "", "", ""},
@@ -221,8 +221,8 @@ TEST(CapturedMen, AreThoseThatAreGoneSinceTheStart) {
         ChessPosition position;
         position.set_fen(row.fen);
         for (const auto word : text::words(row.moves)) play_if_legal(position, parse_move(position, word));
-        EXPECT_EQ(CapturedMen(position).text(), row.text);
-        EXPECT_EQ(CapturedMen(position).words(), row.words);
+        EXPECT_EQ(CapturedPieces(position).text(), row.text);
+        EXPECT_EQ(CapturedPieces(position).words(), row.words);
     }
 }
 

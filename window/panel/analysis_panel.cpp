@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "review/verdict.h"
-#include "window/table/captured_men.h"
+#include "window/table/captured_pieces.h"
 
 namespace velmora {
 
@@ -97,7 +97,7 @@ void AnalysisPanel::show_activity() {
     m_state_line.set_activity(m_activity.text());
     m_state_line.set_last_move(m_activity.last_move());
     if (m_captured_changed) {
-        const CapturedMen captured(m_session.position());
+        const CapturedPieces captured(m_session.position());
         m_state_line.set_captured(captured.text(), captured.words());
         m_captured_changed = false;
     }

@@ -1,4 +1,4 @@
-#include "window/table/captured_men.h"
+#include "window/table/captured_pieces.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -7,20 +7,21 @@ namespace velmora {
 
 namespace {
 
-struct Man {
+struct CountedPiece {
     PieceKind kind;
     int value;  // pawns, as they are commonly counted
     BySide<const char*> figurine;
     const char* word;
 };
 
-constexpr std::array<Man, CapturedMen::kinds> men = {{{PieceKind::pawn, 1, {"♙", "♟"}, "pawn"},
-                                                      {PieceKind::knight, 3, {"♘", "♞"}, "knight"},
-                                                      {PieceKind::bishop, 3, {"♗", "♝"}, "bishop"},
-                                                      {PieceKind::rook, 5, {"♖", "♜"}, "rook"},
-                                                      {PieceKind::queen, 9, {"♕", "♛"}, "queen"}}};
+constexpr std::array<CountedPiece, CapturedPieces::kinds> counted = {
+    {{PieceKind::pawn, 1, {"♙", "♟"}, "pawn"},
+     {PieceKind::knight, 3, {"♘", "♞"}, "knight"},
+     {PieceKind::bishop, 3, {"♗", "♝"}, "bishop"},
+     {PieceKind::rook, 5, {"♖", "♜"}, "rook"},
+     {PieceKind::queen, 9, {"♕", "♛"}, "queen"}}};
 
-int count(const ChessPosition& position, const Man& man, Side side) {
+int count(const ChessPosition& position, const CountedPiece& man, Side side) {
     int found = 0;
     for (Square square(0); square < no_square; ++square) {
         if (position.piece_on(square) == Piece(man.kind, side)) ++found;
@@ -32,29 +33,29 @@ const char* name_of(Side side) { return side == Side::white ? "White" : "Black";
 
 }  // namespace
 
-CapturedMen::CapturedMen(const ChessPosition& position) {
+CapturedPieces::CapturedPieces(const ChessPosition& position) {
     ChessPosition start;
     start.set_fen(position.start_fen());
     for (const Side side : {Side::white, Side::black}) {
         int promoted = 0;
-        for (std::size_t place = men.size(); place-- > 0;) {
-            const int left = count(position, men[place], side);
-            const int gone = count(start, men[place], side) - left;
-            const bool is_pawn = men[place].kind == PieceKind::pawn;
+        for (std::size_t place = counted.size(); place-- > 0;) {
+            const int left = count(position, counted[place], side);
+            const int gone = count(start, counted[place], side) - left;
+            const bool is_pawn = counted[place].kind == PieceKind::pawn;
             if (gone < 0) promoted -= gone;
             m_gone[side][place] = std::max(0, is_pawn ? gone - promoted : gone);
-            m_balance += (side == Side::white ? 1 : -1) * left * men[place].value;
+            m_balance += (side == Side::white ? 1 : -1) * left * counted[place].value;
         }
     }
 }
 
-std::string CapturedMen::text() const {
+std::string CapturedPieces::text() const {
     std::string text;
     for (const Side side : {Side::white, Side::black}) {
         std::string taken;
-        for (std::size_t place = 0; place < men.size(); ++place) {
+        for (std::size_t place = 0; place < counted.size(); ++place) {
             for (int man = 0; man < m_gone[opposite(side)][place]; ++man) {
-                taken += men[place].figurine[opposite(side)];
+                taken += counted[place].figurine[opposite(side)];
             }
         }
         const bool ahead = side == Side::white ? m_balance > 0 : m_balance < 0;
@@ -66,15 +67,15 @@ std::string CapturedMen::text() const {
     return text;
 }
 
-std::string CapturedMen::words() const {
+std::string CapturedPieces::words() const {
     std::string text;
     for (const Side side : {Side::white, Side::black}) {
         std::string taken;
-        for (std::size_t place = 0; place < men.size(); ++place) {
+        for (std::size_t place = 0; place < counted.size(); ++place) {
             const int gone = m_gone[opposite(side)][place];
             if (gone == 0) continue;
             if (!taken.empty()) taken += ", ";
-            taken += std::to_string(gone) + " " + men[place].word + (gone > 1 ? "s" : "");
+            taken += std::to_string(gone) + " " + counted[place].word + (gone > 1 ? "s" : "");
         }
         if (!taken.empty()) text += name_of(side) + std::string(" has taken ") + taken + ". ";
     }

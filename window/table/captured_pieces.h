@@ -8,14 +8,14 @@
 
 namespace velmora {
 
-/// The men that are gone from the board since the game began, and who is ahead.
+/// The pieces that are gone from the board since the game began, and who is ahead.
 ///
 /// A pawn that has been promoted isn't taken: what there is too much of another kind stands for it.
-class CapturedMen {
+class CapturedPieces {
 public:
     static constexpr std::size_t kinds = 5;  ///< pawn, knight, bishop, rook, queen
 
-    explicit CapturedMen(const ChessPosition& position);
+    explicit CapturedPieces(const ChessPosition& position);
 
     /// What White has taken of Black's and the other way round, with figurines: "White ♟♟♞ +2   Black ♙";
     /// empty while nobody has taken anything and nobody is ahead.
