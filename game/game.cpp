@@ -130,6 +130,53 @@ void Game::set_result(std::string& text) {
     m_tags.set("Result", word);
 }
 
+// --- tags ---
+
+namespace {
+
+/// Letters, digits and underscores (PGN standard, 8.1.1).
+std::string tag_name(std::string_view text) {
+    std::string name;
+    for (const char c : text) {
+        const bool is_letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+        if (is_letter || (c >= '0' && c <= '9') || c == '_') name += c;
+    }
+    return name;
+}
+
+}  // namespace
+
+bool Game::replace_tags(const TagList& tags) {
+    const std::string before = m_tags.print();
+    const std::string old_result = result();
+    GameTags changed;
+    for (const auto& [name, value] : tags) {
+        const std::string safe_name = tag_name(name);
+        if (safe_name.empty() || safe_name == "FEN" || safe_name == "SetUp") continue;
+        changed.set(safe_name, tag_safe(value));
+    }
+    for (const char* name : {"SetUp", "FEN"}) {
+        if (m_tags.contains(name)) changed.set(name, m_tags.get(name));
+    }
+    m_tags = std::move(changed);
+    if (result() != old_result) end_main_line(result());
+    return m_tags.print() != before;
+}
+
+void Game::end_main_line(const std::string& result) {
+    auto last = std::int32_t{0};
+    for (auto next = m_tree.node(last).child_at(0); next > 0; next = m_tree.node(last).child_at(0))
+        last = next;
+    const auto stood = m_current;
+    m_current = last;
+    if (result == "*") {
+        remove_end_marker();
+    } else {
+        add_end_game(result);
+    }
+    if (m_tree.has_node(stood)) m_current = stood;
+}
+
 // --- comments ---
 
 /// A result has no comment that would be printed: the move ahead of it takes it.

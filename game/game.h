@@ -49,6 +49,12 @@ public:
     /// move: a game that is prepared so counts from 1.
     void set_tag(std::string_view name, std::string_view value);
 
+    /// Gives the game these tags in place of the ones it has, but for those of its start ("FEN", "SetUp"),
+    /// which stay. Names and values are made such that a file can hold them; a name without letters and
+    /// digits is left out. Where the result has changed, the end of the main line says so, too. False when
+    /// all stay as they are.
+    bool replace_tags(const TagList& tags);
+
     /// The tag "Result".
     std::string result() const { return m_tags.get("Result"); }
     /// White's name, a blank, Black's name.
@@ -152,6 +158,7 @@ private:
     void read_tags(std::span<const MoveToken> tokens);
     std::int32_t end_marker() const;
     void remove_end_marker();
+    void end_main_line(const std::string& result);
     void leave_end_game();
     MoveSectionElement& commented_node();
     std::int32_t child_of(std::int32_t id, std::string_view san) const;

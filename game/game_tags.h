@@ -4,11 +4,15 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "chess/board/side.h"
 
 namespace velmora {
+
+/// Tags by name and value, in their order.
+using TagList = std::vector<std::pair<std::string, std::string>>;
 
 /// The tags of a game in the order in which they were first set, and what the FEN tag says of its start.
 ///

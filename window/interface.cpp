@@ -1,5 +1,7 @@
 #include "window/interface.h"
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <functional>
 #include <iostream>
@@ -79,6 +81,8 @@ Interface::Interface(std::string program_path, int board_size)
                m_table.notice(),
                HomeDir::path_for(std::filesystem::current_path().string()) + "earlier_games/"),
       m_premove(m_session, m_screen, m_screen, m_user_moves),
+      m_clipboard_flows(m_session, m_screen, m_dialogs, m_files, m_clipboard,
+                        [this](const std::string& text) { m_table.notice().say(text); }),
       m_standings(m_screen, m_dispatcher),
       m_panel(
           m_session, m_screen, m_navigation, m_search, m_activity, m_review, m_board, m_evaluation_bar,
@@ -92,8 +96,8 @@ Interface::Interface(std::string program_path, int board_size)
                 [this] {
                     m_session.tell({Change::record, Change::position});
                 }),
-      m_rooms{m_link,        m_session, m_dialogs, m_board,  m_modes,   m_files, m_engines,
-              m_tournaments, m_review,  m_table,   m_keeper, m_windows, m_panel},
+      m_rooms{m_link,    m_session,     m_dialogs, m_board, m_modes,  m_files,   m_clipboard_flows,
+              m_engines, m_tournaments, m_review,  m_table, m_keeper, m_windows, m_panel},
       m_actions(m_rooms) {
     Glib::signal_timeout().connect(sigc::mem_fun(*this, &Interface::on_timeout), tick_ms);
     m_manager_thread = std::thread(std::ref(m_manager));
@@ -204,9 +208,12 @@ bool Interface::on_delete_event(GdkEventAny* /*event*/) {
 bool Interface::on_key_press_event(GdkEventKey* event) {
     const auto modifiers = event->state & gtk_accelerator_get_default_mod_mask();
     const auto character = gdk_keyval_to_unicode(event->keyval);
-    // Ahead of the menu's accelerators: who types, or takes back a change in the list of moves, has the key.
-    if (modifiers == GDK_CONTROL_MASK && (event->keyval == GDK_KEY_z || event->keyval == GDK_KEY_space)) {
-        const bool types = NavigationKeys::is_typing(*this);
+    // Ahead of the menu's accelerators: who types, has selected a text, or takes back a change in the list of
+    // moves, has the key.
+    constexpr std::array<guint, 4> of_texts = {GDK_KEY_z, GDK_KEY_space, GDK_KEY_c, GDK_KEY_v};
+    if (modifiers == GDK_CONTROL_MASK && std::ranges::find(of_texts, event->keyval) != of_texts.end()) {
+        const bool types = NavigationKeys::is_typing(*this) ||
+                           (event->keyval == GDK_KEY_c && NavigationKeys::has_selected_text(*this));
         const bool edits = get_focus() != nullptr && get_focus()->is_ancestor(m_panel.widget());
         const bool undoes = edits && event->keyval == GDK_KEY_z && m_session.record().can_undo_edit();
         if (types || undoes) return gtk_window_propagate_key_event(gobj(), event) != 0 || types;

@@ -21,9 +21,11 @@
 #include "views/text/fen_entry.h"
 #include "views/text/move_entry.h"
 #include "views/text/pgn_view.h"
+#include "window/flows/clipboard_flows.h"
 #include "window/flows/engine_flows.h"
 #include "window/flows/file_flows.h"
 #include "window/flows/tournament_flows.h"
+#include "window/main_clipboard.h"
 #include "window/main_dialogs.h"
 #include "window/main_screen.h"
 #include "window/menu/actions.h"
@@ -134,6 +136,7 @@ private:
     // The rooms, each knowing only those above it.
     MainScreen m_screen;
     MainDialogs m_dialogs;
+    MainClipboard m_clipboard;
     GamePresenter m_presenter;
     SeatedEngine m_engine;
     MessageDispatcher m_dispatcher;
@@ -150,6 +153,7 @@ private:
     TableRoom m_table;
     GameKeeper m_keeper;
     Premove m_premove;
+    ClipboardFlows m_clipboard_flows;
     StandingsRoom m_standings;
     AnalysisPanel m_panel;
     ReviewPanel m_review_panel;

@@ -9,6 +9,7 @@
 #include "dialogs/files/game_list.h"
 #include "dialogs/game/earlier_games_dialog.h"
 #include "dialogs/game/result_dialog.h"
+#include "dialogs/game/tags_dialog.h"
 #include "dialogs/learn_hints_dialog.h"
 #include "dialogs/parts/message_box.h"
 #include "dialogs/review/review_dialog.h"
@@ -74,6 +75,10 @@ std::optional<ReviewSettings> MainDialogs::ask_review(const ReviewSettings& sett
 
 std::optional<GameOutcome> MainDialogs::ask_result(const std::optional<GameOutcome>& known) {
     return velmora::ask_result(m_parent, known);
+}
+
+std::optional<TagList> MainDialogs::edit_tags(const TagList& tags) {
+    return velmora::edit_tags(m_parent, tags);
 }
 
 std::optional<std::size_t> MainDialogs::choose_earlier_game(const std::vector<EarlierGame>& games) {

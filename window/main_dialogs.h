@@ -44,6 +44,8 @@ public:
 
     std::optional<GameOutcome> ask_result(const std::optional<GameOutcome>& known) override;
 
+    std::optional<TagList> edit_tags(const TagList& tags) override;
+
     std::optional<std::size_t> choose_earlier_game(const std::vector<EarlierGame>& games) override;
 
     TournamentEdit edit_tournament(const Tournament& tournament,

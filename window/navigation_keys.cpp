@@ -23,6 +23,11 @@ bool NavigationKeys::is_typing(const Gtk::Window& window) {
     return (text && text->get_editable()) || dynamic_cast<const Gtk::Editable*>(focus);
 }
 
+bool NavigationKeys::has_selected_text(const Gtk::Window& window) {
+    const auto* const text = dynamic_cast<const Gtk::TextView*>(window.get_focus());
+    return text != nullptr && text->get_buffer()->get_has_selection();
+}
+
 bool NavigationKeys::press(unsigned key) {
     switch (key) {
         case GDK_KEY_Left:

@@ -19,6 +19,8 @@ public:
 
     /// Whether what has the keyboard in the window takes typed text.
     static bool is_typing(const Gtk::Window& window);
+    /// Whether a part of a text that is only read is selected where the keyboard is.
+    static bool has_selected_text(const Gtk::Window& window);
 
 private:
     bool on_key(GdkEventKey* event, const Gtk::Window* window);

@@ -29,6 +29,8 @@ public:
     std::optional<Level> time_control;
     std::optional<std::optional<ReviewSettings>> review;  // taken as offered without one
     std::optional<GameOutcome> result;                    // what the rules say without one
+    std::optional<TagList> tags;  // as they are to be
+    TagList shown_tags;
     std::optional<std::size_t> earlier_game;
     std::vector<EarlierGame> earlier_games;  // that were shown
     TournamentEdit tournament;
@@ -70,6 +72,11 @@ public:
 
     std::optional<GameOutcome> ask_result(const std::optional<GameOutcome>& known) override {
         return result ? result : known;
+    }
+
+    std::optional<TagList> edit_tags(const TagList& shown) override {
+        shown_tags = shown;
+        return tags;
     }
 
     std::optional<std::size_t> choose_earlier_game(const std::vector<EarlierGame>& games) override {

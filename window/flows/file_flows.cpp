@@ -29,7 +29,13 @@ constexpr std::size_t first_position = 1;
 void FileFlows::load_game() {
     m_frame.select_mode(Mode::human_human);
     const std::string path = m_dialogs.choose_file(FileKind::load_game);
-    if (!path.empty()) load_game_from(path);
+    if (!path.empty()) choose_game_of(path);
+}
+
+void FileFlows::open_game(Game game) {
+    m_frame.select_mode(Mode::human_human);
+    m_session.load(std::move(game));
+    follow_loaded();
 }
 
 bool FileFlows::is_readable(const std::string& path) {
@@ -38,7 +44,7 @@ bool FileFlows::is_readable(const std::string& path) {
     return !fault;
 }
 
-void FileFlows::load_game_from(const std::string& path) {
+void FileFlows::choose_game_of(const std::string& path) {
     if (!is_readable(path)) return;
     const auto offset = m_dialogs.choose_game(path);
     if (!offset) return;
@@ -55,8 +61,7 @@ void FileFlows::load_game_from(const std::string& path) {
         std::cerr << "# invalid game: \n" << game_text << '\n' << error.what() << '\n';
         return;
     }
-    m_session.load(std::move(game));
-    follow_loaded();
+    open_game(std::move(game));
 }
 
 void FileFlows::save_game() {
@@ -133,6 +138,10 @@ void FileFlows::follow_loaded() {
     m_modes.follow_position();
 }
 
+void FileFlows::enter_position(const std::string& line) {
+    if (m_frame.mode() != Mode::tournament) set_up(line);
+}
+
 void FileFlows::enter_fen(const std::string& fen) {
     if (m_frame.mode() == Mode::tournament) return;
     if (const auto readable = readable_fen(fen)) set_up(*readable);
@@ -176,7 +185,7 @@ void FileFlows::open_one(const std::string& path) {
     switch (kind_of_file(path)) {
         case OpenedFile::game:
             m_frame.select_mode(Mode::human_human);
-            load_game_from(path);
+            choose_game_of(path);
             break;
         case OpenedFile::position:
             if (m_frame.mode() != Mode::tournament) load_position_from(path);

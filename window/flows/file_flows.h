@@ -45,6 +45,13 @@ public:
     /// Sets up the FEN that the person typed; one that can't be read is reported and changes nothing.
     void enter_fen(const std::string& fen);
 
+    /// Sets up the position that a FEN or EPD line begins with; its operations become tags.
+    void enter_position(const std::string& line);
+    /// Lets the person choose a game of a PGN file and loads it.
+    void choose_game_of(const std::string& path);
+    /// Loads a game that has come from elsewhere.
+    void open_game(Game game);
+
     /// Opens the first of some files from outside by the flow of its kind, told by its extension, as if it
     /// had been chosen. One that is missing or of another kind, and the further ones, are told to the person.
     void open(const std::vector<std::string>& paths);
@@ -53,7 +60,6 @@ private:
     void open_one(const std::string& path);
     /// False, and a word to the person, for a file that is there and can't be read, such as a pipe.
     bool is_readable(const std::string& path);
-    void load_game_from(const std::string& path);
     void load_position_from(const std::string& path);
     void use_polyglot_book(const std::string& path);
     void step_to_position(std::size_t index);

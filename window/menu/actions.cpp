@@ -110,6 +110,15 @@ const std::vector<ActionRow>& Actions::table() {
                      [](Rooms& rooms, bool on) { rooms.table.set_lose_on_time(on); }),
         separator,
         entry("EarlierGames", "Earlier games...", [](Rooms& rooms) { rooms.games.choose(); }),
+        separator,
+        entry(
+            "CopyPosition", "Copy position", [](Rooms& rooms) { rooms.clipboard.copy_position(); },
+            "<control>c"),
+        entry(
+            "CopyGame", "Copy game", [](Rooms& rooms) { rooms.clipboard.copy_game(); }, "<control><shift>c"),
+        entry(
+            "Paste", "Paste", [](Rooms& rooms) { rooms.clipboard.paste(); }, "<control>v"),
+        entry("Tags", "Tags...", [](Rooms& rooms) { rooms.clipboard.edit_tags(); }),
 
         menu("TournamentMenu", "Tournament"),
         entry("New", "New / Edit", [](Rooms& rooms) { rooms.tournaments.edit(); }),

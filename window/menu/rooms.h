@@ -1,5 +1,6 @@
 #pragma once
 
+#include "window/flows/clipboard_flows.h"
 #include "window/flows/engine_flows.h"
 #include "window/flows/file_flows.h"
 #include "window/flows/tournament_flows.h"
@@ -26,6 +27,7 @@ struct Rooms {
     ChessBoard& board;
     ModeController& modes;
     FileFlows& files;
+    ClipboardFlows& clipboard;
     EngineFlows& engines;
     TournamentFlows& tournaments;
     ReviewRoom& review;

@@ -12,6 +12,7 @@
 #include "engine/store/engine_variables.h"
 #include "engine/store/option.h"
 #include "engine/time/level.h"
+#include "game/game_tags.h"
 #include "review/review_settings.h"
 #include "tournament/tournament.h"
 #include "tournament/tournament_choice.h"
@@ -97,6 +98,9 @@ public:
 
     /// How a game of two people has ended, beginning with what the rules say of it.
     virtual std::optional<GameOutcome> ask_result(const std::optional<GameOutcome>& known) = 0;
+
+    /// The game's tags with what the person has done to them; those of the start may be missing.
+    virtual std::optional<TagList> edit_tags(const TagList& tags) = 0;
 
     /// Which of the games is to be taken up, by its place in the list.
     virtual std::optional<std::size_t> choose_earlier_game(const std::vector<EarlierGame>& games) = 0;
