@@ -22,7 +22,7 @@ export VELMORA_ENGINE_SCRIPT=$work/table
 # Prints seconds and peak memory of a match in KiB.
 play() {
     /usr/bin/time -f '%e s, %M KiB at most' "$match" -engine cmd="$engine" name=A -engine cmd="$engine" name=B \
-        -each proto=uci tc=inf -maxmoves 30 -rounds $(($1 / 2)) -games 2 -repeat -concurrency "$2" "${@:3}" 2>&1 >"$work/out" | tail -n 1
+        -each proto=uci tc=inf -maxmoves 30 -rounds $(($1 / 2)) -games 2 -repeat -recover -concurrency "$2" "${@:3}" 2>&1 >"$work/out" | tail -n 1
 }
 echo "200 games of 60 plies, one at once: $(play 200 1)"
 echo "200 games, two at once: $(play 200 2)"

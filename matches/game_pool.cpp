@@ -98,7 +98,9 @@ std::optional<ScheduledGame> GamePool::take_game() {
 }
 
 void GamePool::put(PoolEvent event) {
-    const std::lock_guard lock(m_mutex);
+    const std::size_t most_waiting = 4 * m_settings.concurrency;
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, m_leaving.get_token(), [&] { return m_events.size() < most_waiting; });
     m_events.push_back(std::move(event));
     m_changed.notify_all();
 }
@@ -109,6 +111,7 @@ std::optional<PoolEvent> GamePool::next_event() {
     if (m_events.empty()) return {};
     PoolEvent event = std::move(m_events.front());
     m_events.pop_front();
+    m_changed.notify_all();
     return event;
 }
 

@@ -62,7 +62,9 @@ public:
     GamePool(const GamePool&) = delete;
     GamePool& operator=(const GamePool&) = delete;
 
-    /// The next event; nothing when all threads have ended and everything was told. Blocks.
+    /// The next event. Threads wait between two games while many aren't taken, so that a disk that is slower
+    /// than the engines loses no more by a kill than a few games. Nothing when all threads have ended and
+    /// everything was told. Blocks.
     std::optional<PoolEvent> next_event();
 
     /// No further game is begun.
@@ -86,7 +88,7 @@ private:
     bool m_finishing = false;  // guarded by m_source_mutex
 
     std::mutex m_mutex;
-    std::condition_variable m_changed;
+    std::condition_variable_any m_changed;
     std::deque<PoolEvent> m_events;  // this and what follows: guarded by m_mutex
     unsigned m_running = 0;
 

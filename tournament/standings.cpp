@@ -28,28 +28,24 @@ Standings::Standings(std::size_t players) : m_players(players), m_meetings(playe
 void Standings::add(std::size_t white, std::size_t black, std::string_view result,
                     std::optional<std::uint64_t> encounter) {
     const auto halves = half_points_of_white(result);
-    if (!halves || white == black || std::max(white, black) >= players()) return;
+    if (!halves || white == black || std::max(white, black) >= m_players) return;
     ++m_games;
-    ++m_players[white].counts.games[*halves];
-    ++m_players[black].counts.games[2 - *halves];
-    m_players[white].wins_as_white += *halves == 2 ? 1 : 0;
-    m_players[black].wins_as_black += *halves == 0 ? 1 : 0;
-    const std::size_t halves_of_lower = white < black ? *halves : 2 - *halves;
-    auto& counts = meeting(std::min(white, black), std::max(white, black));
-    ++counts.games[halves_of_lower];
+    ++m_meetings[white * m_players + black].games[*halves];
     if (!encounter || *encounter >= most_encounters) return;
     if (*encounter >= m_waiting.size()) m_waiting.resize(std::max(*encounter + 1, 2 * m_waiting.size()));
+    const std::size_t halves_of_lower = white < black ? *halves : 2 - *halves;
     const auto first = std::exchange(m_waiting[*encounter], 0);
     if (first == 0) {
         m_waiting[*encounter] = static_cast<std::uint8_t>(1 + halves_of_lower);
     } else {
-        ++counts.pairs[first - 1 + halves_of_lower];
+        ++m_meetings[std::min(white, black) * m_players + std::max(white, black)]
+              .pairs[first - 1 + halves_of_lower];
     }
 }
 
 OutcomeCounts Standings::against(std::size_t player, std::size_t opponent) const {
-    const auto& counts = m_meetings[std::min(player, opponent) * players() + std::max(player, opponent)];
-    return player < opponent ? counts : counts.reversed();
+    OutcomeCounts counts = meeting(player, opponent);
+    return counts += meeting(opponent, player).reversed();
 }
 
 double Standings::points_against(std::size_t player, const std::vector<std::size_t>& opponents) const {
@@ -62,14 +58,23 @@ double Standings::points_against(std::size_t player, const std::vector<std::size
 
 std::vector<Standings::Row> Standings::table() const {
     std::vector<Row> rows;
-    for (std::size_t player = 0; player < players(); ++player) {
-        const auto& [counts, wins_as_white, wins_as_black] = m_players[player];
-        Row row{player, counts, wins_as_white, wins_as_black, 0, rating_of(counts, RatingUnit::game)};
-        for (std::size_t opponent = 0; opponent < players(); ++opponent) {
+    for (std::size_t player = 0; player < m_players; ++player) {
+        Row row;
+        row.player = player;
+        for (std::size_t opponent = 0; opponent < m_players; ++opponent) {
             if (opponent == player) continue;
-            row.sonneborn_berger += points(m_players[opponent].counts) * points(against(player, opponent));
+            row.counts += against(player, opponent);
+            row.wins_as_white += meeting(player, opponent).wins();
+            row.wins_as_black += meeting(opponent, player).losses();
         }
+        row.rating = rating_of(row.counts, RatingUnit::game);
         rows.push_back(row);
+    }
+    for (auto& row : rows) {
+        for (const auto& opponent : rows) {
+            if (opponent.player == row.player) continue;
+            row.sonneborn_berger += points(opponent.counts) * points(against(row.player, opponent.player));
+        }
     }
     const auto better_share = [](const Row& a, const Row& b) {
         return share_of_points(a) > share_of_points(b);

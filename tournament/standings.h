@@ -42,22 +42,21 @@ public:
     /// Games of a player against another, as the first one sees them.
     OutcomeCounts against(std::size_t player, std::size_t opponent) const;
 
-    std::size_t players() const { return m_players.size(); }
+    std::size_t players() const { return m_players; }
     std::uint64_t games() const { return m_games; }
 
 private:
-    struct Player {
-        OutcomeCounts counts;
-        std::uint64_t wins_as_white = 0, wins_as_black = 0;
-    };
-    OutcomeCounts& meeting(std::size_t player, std::size_t opponent) {
-        return m_meetings[player * m_players.size() + opponent];
+    /// The games of a player with White against one opponent, as the player sees them, and the pairs of both
+    /// where the player has the lower number.
+    using Meeting = OutcomeCounts;
+    const Meeting& meeting(std::size_t white, std::size_t black) const {
+        return m_meetings[white * m_players + black];
     }
     double points_against(std::size_t player, const std::vector<std::size_t>& opponents) const;
 
-    std::vector<Player> m_players;
-    std::vector<OutcomeCounts> m_meetings;  // [player][opponent], of the lower number against the higher one
-    std::vector<std::uint8_t> m_waiting;    // by encounter: 0, or 1 + half points of its first game
+    std::size_t m_players;
+    std::vector<Meeting> m_meetings;      // [white][black]
+    std::vector<std::uint8_t> m_waiting;  // by encounter: 0, or 1 + half points of its first game
     std::uint64_t m_games = 0;
 };
 

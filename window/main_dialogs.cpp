@@ -1,6 +1,7 @@
 #include "window/main_dialogs.h"
 
 #include "dialogs/about_dialog.h"
+#include "dialogs/engine/find_dialog.h"
 #include "dialogs/engine/install_dialog.h"
 #include "dialogs/engine/installed_list.h"
 #include "dialogs/engine/options_dialog.h"
@@ -57,6 +58,10 @@ std::optional<ChosenPosition> MainDialogs::choose_position(const std::string& pa
 std::optional<Protocol> MainDialogs::choose_protocol() { return velmora::choose_protocol(m_parent); }
 
 std::optional<EngineVariables> MainDialogs::choose_installed() { return InstalledList(m_parent).choose(); }
+
+std::vector<EngineVariables> MainDialogs::find_engines(const std::vector<std::string>& installed) {
+    return velmora::find_engines(m_parent, installed);
+}
 
 void MainDialogs::install(const EngineVariables& engine) { InstallDialog(m_parent, engine).install(); }
 

@@ -37,6 +37,7 @@ public:
 
     std::optional<Protocol> choose_protocol() override;
     std::optional<EngineVariables> choose_installed() override;
+    std::vector<EngineVariables> find_engines(const std::vector<std::string>& installed) override;
     void install(const EngineVariables& engine) override;
     std::vector<Option> edit_options(std::vector<Option> options) override;
     std::optional<Level> ask_time_control(const Level& level) override;

@@ -24,6 +24,8 @@ public:
     std::optional<ChosenPosition> position;
     std::optional<Protocol> protocol;
     std::optional<EngineVariables> engine;
+    std::vector<EngineVariables> found;
+    std::vector<std::string> installed_paths;  // as the search was told
     std::vector<std::string> installed;  // the names that were installed, and those offered for a tournament
     std::function<void(std::vector<Option>&)> do_to_options = [](std::vector<Option>&) {};
     std::optional<Level> time_control;
@@ -55,6 +57,10 @@ public:
     std::optional<EngineVariables> choose_installed() override {
         if (broken) throw std::runtime_error("no list");
         return engine;
+    }
+    std::vector<EngineVariables> find_engines(const std::vector<std::string>& paths) override {
+        installed_paths = paths;
+        return found;
     }
     void install(const EngineVariables& asked) override {
         if (broken) throw std::runtime_error("no list");

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "engine/store/installed_engines.h"
 #include "engine/store/option_lists.h"
 
 namespace velmora {
@@ -13,6 +14,19 @@ namespace {
 
 /// The record that stands for the engine that isn't there.
 constexpr const char* placeholder_name = "no_engine_loaded";
+
+bool list_is_empty() {
+    InstalledEngines list;
+    list.read_engines_cfg();
+    return list.engines().empty();
+}
+
+/// What an engine calls itself, with a number behind it where another one has the name.
+std::string free_name(const std::string& wanted, const InstalledEngines::Map& engines) {
+    std::string name = wanted;
+    for (int number = 2; engines.contains(name); ++number) name = wanted + ' ' + std::to_string(number);
+    return name;
+}
 
 }  // namespace
 
@@ -54,6 +68,11 @@ void EngineFlows::load() {
 
 void EngineFlows::load_installed() {
     try {
+        // With an empty list there would be nothing to choose.
+        if (list_is_empty()) {
+            find();
+            if (list_is_empty()) return;
+        }
         const auto engine = m_dialogs.choose_installed();
         if (engine && !engine->name.empty()) {
             send_load({0, to_referee::Load::Source::name, engine->name}, engine->name, engine->protocol);
@@ -74,6 +93,24 @@ void EngineFlows::install() {
         m_dialogs.install(engine);
     } catch (const std::exception& error) {
         m_dialogs.tell_user("The engine was not installed", error.what());
+    }
+}
+
+void EngineFlows::find() {
+    try {
+        InstalledEngines list;
+        list.read_engines_cfg();
+        std::vector<std::string> paths;
+        for (const auto& [name, engine] : list.engines()) paths.push_back(engine.filename);
+        const auto found = m_dialogs.find_engines(paths);
+        if (found.empty()) return;
+        for (EngineVariables engine : found) {
+            engine.name = free_name(engine.engine_name, list.engines());
+            list.add_engine(engine);
+        }
+        list.write_engines_cfg();
+    } catch (const std::exception& error) {
+        m_dialogs.tell_user("The engines were not installed", error.what());
     }
 }
 

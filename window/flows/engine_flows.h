@@ -28,6 +28,8 @@ public:
     void load();
     void load_installed();
     void install();
+    /// Looks for engines on the machine and installs what the person ticks.
+    void find();
     void choose_time_control();
     /// The referee's record is copied, edited and compared, and only what differs is sent: the dialog
     /// writes into its copy while one types.

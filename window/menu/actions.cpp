@@ -131,6 +131,8 @@ const std::vector<ActionRow>& Actions::table() {
         entry("Install", "Install engine...", [](Rooms& rooms) { rooms.engines.install(); }),
         entry("LoadInstalled", "Load installed engine...",
               [](Rooms& rooms) { rooms.engines.load_installed(); }),
+        separator,
+        entry("FindEngines", "Find engines...", [](Rooms& rooms) { rooms.engines.find(); }),
 
         menu("OptionMenu", "Options"),
         entry("TimeControl", "Time Control...", [](Rooms& rooms) { rooms.engines.choose_time_control(); }),

@@ -86,6 +86,9 @@ public:
     /// Lets the person choose an installed engine or uninstall one. Throws std::runtime_error when the list
     /// is there and can't be read.
     virtual std::optional<EngineVariables> choose_installed() = 0;
+    /// Looks for engines on the machine; those that the person wants to have installed.
+    /// @param installed  paths of the programs that are in the list
+    virtual std::vector<EngineVariables> find_engines(const std::vector<std::string>& installed) = 0;
     /// Asks for name, Elo and handicap and puts the engine into the list of installed ones. Throws as
     /// choose_installed() does.
     virtual void install(const EngineVariables& engine) = 0;

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "engine/store/installed_engines.h"
 #include "tests/window/flows/flows_test.h"
 
 namespace velmora {
@@ -16,6 +17,9 @@ protected:
 };
 
 TEST_F(EngineFlowsTest, AnEngineIsLoadedByFileOrByName) {
+    engines.load_installed();
+    EXPECT_THAT(dialogs.installed_paths, IsEmpty()) << "nothing was found, and nothing is installed";
+    home.write("engines.cfg", "name Some name\nfilename /opt/some engine\n");
     engines.load();
     dialogs.files[FileKind::engine] = "/opt/some engine";
     engines.load();
@@ -41,6 +45,7 @@ TEST_F(EngineFlowsTest, AnEngineIsLoadedByFileOrByName) {
 }
 
 TEST_F(EngineFlowsTest, WithoutAnEngineOrItsListThePersonIsTold) {
+    home.write("engines.cfg", "name alpha\nfilename /usr/games/alpha\n");
     engines.install();
     engines.edit_options();
     dialogs.broken = true;
@@ -104,6 +109,22 @@ TEST_F(EngineFlowsTest, TheTimeControlGoesToClocksAndReferee) {
     EXPECT_THAT(referee.take(), ElementsAre("0 level fixed_depth 7"));
     EXPECT_THAT(screen.calls, ElementsAre("reset clocks fixed_depth 7"));
     EXPECT_EQ(session.level().text(), "fixed_depth 7");
+}
+
+TEST_F(EngineFlowsTest, WhatIsFoundIsInstalledUnderANameOfItsOwn) {
+    home.write("engines.cfg", "name Alpha\nfilename /usr/games/alpha\n");
+    EngineVariables found;
+    found.set_engine_name("Alpha");
+    found.filename = "/opt/alpha";
+    found.protocol = Protocol::xboard_v2;
+    dialogs.found = {found};
+    engines.find();
+    EXPECT_THAT(dialogs.installed_paths, ElementsAre("/usr/games/alpha"));
+    InstalledEngines list;
+    list.read_engines_cfg();
+    ASSERT_TRUE(list.engines().contains("Alpha 2"));
+    EXPECT_EQ(list.engines().at("Alpha 2").filename, "/opt/alpha");
+    EXPECT_EQ(list.engines().at("Alpha").filename, "/usr/games/alpha");
 }
 
 }  // namespace

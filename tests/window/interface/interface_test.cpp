@@ -72,7 +72,7 @@ View:|Flip View|Show Engine Output|Show PGN|Show Comment Editor|Show EPD Code|Sh
 Mode:|Setup|Human - human|Human - computer|Analysis|Learn Opening|Tournament--|Start thinking
 Game:|Review game...|Next mistake|Previous mistake|Find the better move--|Resign|Offer draw|Take back|Move now|Claim draw|Result...|Lose on time--|Earlier games...--|Copy position|Copy game|Paste|Tags...
 Tournament:|New / Edit|Load--|Standings
-Engine:|Load engine...|Install engine...|Load installed engine...
+Engine:|Load engine...|Install engine...|Load installed engine...--|Find engines...
 Options:|Time Control...|Engine...|Ponder|Debug
 Info:|About...)");
 }
@@ -174,6 +174,9 @@ TEST(FileChoosers, KindsOfFilesAndWhetherTheyAreWritten) {
 }
 
 TEST_F(InterfaceTest, EachEntryOpensItsDialog) {
+    // With an empty list there is nothing to load; engines are looked for instead.
+    EXPECT_EQ(opened_by("Engine", "Load installed engine..."), "Find engines");
+    m_place.write("engines.cfg", "name alpha\nfilename /usr/games/alpha\n");
     m_window->send_to_manager("load 1 filename " + m_place.add_engine("alpha", "name Alpha\nplay uci"));
     ASSERT_TRUE(gui::pump_until([&] { return m_window->get_title() == "Alpha"; }, std::chrono::seconds(30)));
     const struct {
@@ -183,6 +186,8 @@ TEST_F(InterfaceTest, EachEntryOpensItsDialog) {
                 {"Options", "Engine...", "Set Options"},
                 {"Engine", "Install engine...", "Install engine"},
                 {"Engine", "Load installed engine...", "Choose Engine"},
+                {"Engine", "Find engines...", "Find engines"},
+                {"Game", "Tags...", "Tags"},
                 {"Tournament", "New / Edit", "Tournament"},
                 {"Tournament", "Load", "Load Tournament"},
                 {"Info", "About...", "About Velmora GUI"}};

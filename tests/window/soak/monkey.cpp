@@ -184,6 +184,10 @@ void Monkey::use(Gtk::Widget& widget) {
 }
 
 void Monkey::choose_file(Gtk::FileChooserDialog& chooser) {
+    // Every program of a folder that is chosen gets started.
+    if (chooser.get_action() == Gtk::FILE_CHOOSER_ACTION_SELECT_FOLDER) {
+        return chooser.response(Gtk::RESPONSE_CANCEL);
+    }
     if (m_wanted_file.empty()) {
         --m_left;
         std::vector<std::string> files{m_place.path("missing.pgn")};
