@@ -6,6 +6,7 @@
 #include "dialogs/engine/installed_list.h"
 #include "dialogs/engine/options_dialog.h"
 #include "dialogs/engine/protocol_dialog.h"
+#include "dialogs/engine/strength_dialog.h"
 #include "dialogs/files/fen_list.h"
 #include "dialogs/files/game_list.h"
 #include "dialogs/game/earlier_games_dialog.h"
@@ -68,6 +69,11 @@ void MainDialogs::install(const EngineVariables& engine) { InstallDialog(m_paren
 std::vector<Option> MainDialogs::edit_options(std::vector<Option> options) {
     OptionsDialog("Set Options", m_parent, options).run();
     return options;
+}
+
+std::optional<std::optional<std::int64_t>> MainDialogs::ask_strength(const std::string& engine,
+                                                                     const StrengthControl& control) {
+    return velmora::ask_strength(m_parent, engine, control);
 }
 
 std::optional<Level> MainDialogs::ask_time_control(const Level& level) {

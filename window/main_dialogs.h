@@ -40,6 +40,8 @@ public:
     std::vector<EngineVariables> find_engines(const std::vector<std::string>& installed) override;
     void install(const EngineVariables& engine) override;
     std::vector<Option> edit_options(std::vector<Option> options) override;
+    std::optional<std::optional<std::int64_t>> ask_strength(const std::string& engine,
+                                                            const StrengthControl& control) override;
     std::optional<Level> ask_time_control(const Level& level) override;
     std::optional<ReviewSettings> ask_review(const ReviewSettings& settings) override;
 

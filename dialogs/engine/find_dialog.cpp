@@ -20,7 +20,8 @@ namespace velmora {
 
 namespace {
 
-constexpr int width = 640, height = 420;  // pixels, with a font of ordinary size
+constexpr int width = 760, height = 420;  // pixels, with a font of ordinary size
+constexpr int widest_column = 240;        // pixels, until the person draws it wider
 constexpr unsigned look_ms = 100;         // between two looks at the search
 constexpr int choose_folder = 1;          // a response
 
@@ -44,7 +45,10 @@ public:
         m_view.append_column("Author", m_author);
         m_view.append_column("Protocol", m_protocol);
         m_view.append_column("Program", m_path);
-        for (auto* const column : m_view.get_columns()) column->set_resizable();
+        for (auto* const column : m_view.get_columns()) {
+            column->set_resizable();
+            column->set_max_width(widest_column);
+        }
         // Space and Enter tick the row.
         m_view.signal_row_activated().connect(
             [this](const Gtk::TreePath& path, Gtk::TreeViewColumn* /*column*/) { toggle(path.to_string()); });

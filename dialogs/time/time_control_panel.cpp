@@ -64,6 +64,11 @@ void TimeControlPanel::add_mode(const ModeDescription& description) {
     }
 }
 
+void TimeControlPanel::show(const Level& level) {
+    m_level = level;
+    show_level();
+}
+
 void TimeControlPanel::show_level() {
     Mode& mode = m_modes.at(static_cast<std::size_t>(m_level.level_t()));
     mode.button.set_active(true);

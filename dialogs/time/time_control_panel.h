@@ -24,6 +24,9 @@ public:
     TimeControlPanel();
     explicit TimeControlPanel(const Level& level);
 
+    /// Shows another time control; what its mode has no entry for stays.
+    void show(const Level& level);
+
     /// What the panel shows now.
     Level level();
 

@@ -29,9 +29,11 @@ public:
     std::vector<std::string> installed;  // the names that were installed, and those offered for a tournament
     std::function<void(std::vector<Option>&)> do_to_options = [](std::vector<Option>&) {};
     std::optional<Level> time_control;
+    std::optional<std::optional<std::int64_t>> strength;
+    StrengthControl shown_strength;
     std::optional<std::optional<ReviewSettings>> review;  // taken as offered without one
     std::optional<GameOutcome> result;                    // what the rules say without one
-    std::optional<TagList> tags;  // as they are to be
+    std::optional<TagList> tags;                          // as they are to be
     TagList shown_tags;
     std::optional<std::size_t> earlier_game;
     std::vector<EarlierGame> earlier_games;  // that were shown
@@ -69,6 +71,11 @@ public:
     std::vector<Option> edit_options(std::vector<Option> options) override {
         do_to_options(options);
         return options;
+    }
+    std::optional<std::optional<std::int64_t>> ask_strength(const std::string& /*engine*/,
+                                                            const StrengthControl& control) override {
+        shown_strength = control;
+        return strength;
     }
     std::optional<Level> ask_time_control(const Level& /*level*/) override { return time_control; }
 

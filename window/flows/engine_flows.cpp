@@ -7,6 +7,7 @@
 
 #include "engine/store/installed_engines.h"
 #include "engine/store/option_lists.h"
+#include "engine/store/strength.h"
 
 namespace velmora {
 
@@ -111,6 +112,23 @@ void EngineFlows::find() {
         list.write_engines_cfg();
     } catch (const std::exception& error) {
         m_dialogs.tell_user("The engines were not installed", error.what());
+    }
+}
+
+void EngineFlows::choose_strength() {
+    const EngineVariables engine = m_engine_variables();
+    if (engine.name == placeholder_name) {
+        return m_dialogs.tell_user("No engine is loaded", "Load the engine that is to play weaker.");
+    }
+    const auto control = strength_of(engine.options);
+    if (!control) {
+        return m_dialogs.tell_user("This engine plays with full strength only",
+                                   engine.engine_name + " has no option for it.");
+    }
+    const auto strength = m_dialogs.ask_strength(engine.engine_name, *control);
+    if (!strength) return;
+    for (const auto& [name, value] : options_of_strength(*control, *strength)) {
+        m_manager.send(to_referee::SetOption{name, value});
     }
 }
 

@@ -31,6 +31,8 @@ public:
     /// Looks for engines on the machine and installs what the person ticks.
     void find();
     void choose_time_control();
+    /// Has the engine play weaker or with full strength, by the options that it has for it.
+    void choose_strength();
     /// The referee's record is copied, edited and compared, and only what differs is sent: the dialog
     /// writes into its copy while one types.
     void edit_options();

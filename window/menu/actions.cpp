@@ -62,11 +62,13 @@ const std::vector<ActionRow>& Actions::table() {
         entry("Quit", "Quit", [](Rooms& rooms) { rooms.manager.send(to_referee::Quit()); }),
 
         menu("ViewMenu", "View"),
-        entry("Flip", "Flip View",
-              [](Rooms& rooms) {
-                  rooms.board.flip();
-                  rooms.session.tell({Change::record, Change::position});
-              }),
+        entry(
+            "Flip", "Flip View",
+            [](Rooms& rooms) {
+                rooms.board.flip();
+                rooms.session.tell({Change::record, Change::position});
+            },
+            "<control>f"),
         window_entry("ShowOutput", "Show Engine Output"),
         window_entry("ShowPgnView", "Show PGN"),
         window_entry("ShowCommentEditor", "Show Comment Editor"),
@@ -133,6 +135,7 @@ const std::vector<ActionRow>& Actions::table() {
               [](Rooms& rooms) { rooms.engines.load_installed(); }),
         separator,
         entry("FindEngines", "Find engines...", [](Rooms& rooms) { rooms.engines.find(); }),
+        entry("Strength", "Strength...", [](Rooms& rooms) { rooms.engines.choose_strength(); }),
 
         menu("OptionMenu", "Options"),
         entry("TimeControl", "Time Control...", [](Rooms& rooms) { rooms.engines.choose_time_control(); }),

@@ -11,6 +11,7 @@
 #include "chess/board/side.h"
 #include "engine/store/engine_variables.h"
 #include "engine/store/option.h"
+#include "engine/store/strength.h"
 #include "engine/time/level.h"
 #include "game/game_tags.h"
 #include "review/review_settings.h"
@@ -95,6 +96,9 @@ public:
     /// The options with what the person has done to them. Throws std::invalid_argument for a spin option
     /// without numbers, see option_lists::for_dialog().
     virtual std::vector<Option> edit_options(std::vector<Option> options) = 0;
+    /// How strong an engine is to play; within, nothing for full strength.
+    virtual std::optional<std::optional<std::int64_t>> ask_strength(const std::string& engine,
+                                                                    const StrengthControl& control) = 0;
     virtual std::optional<Level> ask_time_control(const Level& level) = 0;
     /// How a game is to be reviewed, beginning with `settings`.
     virtual std::optional<ReviewSettings> ask_review(const ReviewSettings& settings) = 0;

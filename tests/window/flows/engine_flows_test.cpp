@@ -127,5 +127,34 @@ TEST_F(EngineFlowsTest, WhatIsFoundIsInstalledUnderANameOfItsOwn) {
     EXPECT_EQ(list.engines().at("Alpha").filename, "/usr/games/alpha");
 }
 
+TEST_F(EngineFlowsTest, StrengthIsOneSliderOverTheEnginesOwnOptions) {
+    const auto options_for = [this](std::initializer_list<const char*> lines,
+                                    std::optional<std::int64_t> value) {
+        seated.emplace();
+        seated->name = "Some name";
+        for (const char* line : lines) {
+            const Option option(line);
+            seated->options[option.name] = option;
+        }
+        dialogs.strength = value;
+        referee.take();
+        engines.choose_strength();
+        return referee.take();
+    };
+    const char* const elo = "option name UCI_Elo type spin default 1350 min 1350 max 2850";
+    const char* const limit = "option name UCI_LimitStrength type check default false";
+    const char* const skill = "option name Skill Level type spin default 20 min 0 max 20";
+    EXPECT_THAT(
+        options_for({elo, limit, skill}, 1500),
+        ElementsAre("0 setoption name UCI_LimitStrength value true", "0 setoption name UCI_Elo value 1500"));
+    EXPECT_FALSE(dialogs.shown_strength.limited);
+    EXPECT_THAT(options_for({elo, limit, skill}, {}),
+                ElementsAre("0 setoption name UCI_LimitStrength value false"));
+    EXPECT_THAT(options_for({elo, skill}, 3), ElementsAre("0 setoption name Skill Level value 3"));
+    EXPECT_THAT(options_for({skill}, {}), ElementsAre("0 setoption name Skill Level value 20"));
+    EXPECT_THAT(options_for({elo, "option name Skill Level type string default x"}, 3), IsEmpty());
+    EXPECT_THAT(dialogs.told, ElementsAre(testing::StartsWith("This engine plays with full strength only|")));
+}
+
 }  // namespace
 }  // namespace velmora
