@@ -10,7 +10,7 @@ namespace velmora {
 
 namespace {
 
-constexpr bool is_digit(unsigned char c) { return c >= '0' && c <= '9'; }
+constexpr bool is_decimal(unsigned char c) { return c >= '0' && c <= '9'; }
 
 using ByteSet = std::array<bool, 256>;
 
@@ -65,7 +65,7 @@ GameCutter::State GameCutter::copy_between() {
     if (c == BlockReader::end_of_file) return end_of_file(Open::header);
     const auto byte = static_cast<unsigned char>(c);
     if (byte >= 0x80) return State::between;
-    if (byte == '*' || is_digit(byte)) return copy_result(static_cast<char>(byte));
+    if (byte == '*' || is_decimal(byte)) return copy_result(static_cast<char>(byte));
     *m_text += static_cast<char>(byte);
     if (byte == '[') return copy_enclosed(Enclosed::tag, State::between);
     if (byte == '{') return copy_enclosed(Enclosed::comment, State::between);

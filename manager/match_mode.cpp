@@ -10,14 +10,12 @@
 #include "base/text.h"
 #include "chess/moves/legal_moves.h"
 #include "manager/match_opening.h"
+#include "manager/overstep.h"
 #include "tournament/score.h"
 
 namespace velmora {
 
 namespace {
-
-/// What an engine may overstep before the arrival of its move loses the game, ms.
-constexpr std::int32_t forgiven_overstep = 500;
 
 /// What an engine may overstep before any line ends the game, whatever the tournament says of time losses,
 /// ms.

@@ -5,14 +5,11 @@
 
 #include "base/text.h"
 #include "game/pgn_limits.h"
+#include "manager/overstep.h"
 
 namespace velmora {
 
 namespace {
-
-/// What an engine may overstep without losing, ms, as in a match: pipes and a busy machine take their time,
-/// too.
-constexpr std::int32_t forgiven_overstep = 500;
 
 constexpr const char* normal = "normal";
 constexpr const char* time_forfeit = "time forfeit";

@@ -98,7 +98,7 @@ std::optional<ScheduledGame> GamePool::take_game() {
 }
 
 void GamePool::put(PoolEvent event) {
-    const std::size_t most_waiting = 4 * m_settings.concurrency;
+    const std::size_t most_waiting = std::size_t{4} * m_settings.concurrency;
     std::unique_lock lock(m_mutex);
     m_changed.wait(lock, m_leaving.get_token(), [&] { return m_events.size() < most_waiting; });
     m_events.push_back(std::move(event));

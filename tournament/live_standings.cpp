@@ -13,7 +13,7 @@ std::size_t player_of(const TournamentParticipant& participant) {
     return static_cast<std::size_t>(participant.id) - 1;
 }
 
-bool is_open(const TournamentGame& game) { return game.result == "*"; }
+bool awaits_result(const TournamentGame& game) { return game.result == "*"; }
 
 }  // namespace
 
@@ -24,19 +24,19 @@ LiveStandings::LiveStandings(const Tournament& tournament)
     for (const auto& participant : tournament.participants_list()) m_names.push_back(participant.name);
     for (const auto& game : m_games) {
         m_standings.add(player_of(game.white), player_of(game.black), game.result);
-        m_open += is_open(game) ? 1 : 0;
+        m_open += awaits_result(game) ? 1 : 0;
     }
     skip_played();
 }
 
 void LiveStandings::skip_played() {
-    while (m_next < m_games.size() && !is_open(m_games[m_next])) ++m_next;
+    while (m_next < m_games.size() && !awaits_result(m_games[m_next])) ++m_next;
 }
 
 bool LiveStandings::set_result(std::int32_t number, const std::string& result) {
     // Games stand in the order of their numbers, from 1 on, unless somebody has edited the file.
     const auto found = std::ranges::find(m_games, number, &TournamentGame::number);
-    if (found == m_games.end() || !is_open(*found) || result == "*") return false;
+    if (found == m_games.end() || !awaits_result(*found) || result == "*") return false;
     found->result = result;
     m_standings.add(player_of(found->white), player_of(found->black), result);
     --m_open;
@@ -54,7 +54,7 @@ StandingsSheet LiveStandings::sheet() const {
     sheet.open_count = m_open;
     for (std::size_t i = m_next; i < m_games.size() && sheet.open.size() < most_open_shown; ++i) {
         const auto& game = m_games[i];
-        if (!is_open(game)) continue;
+        if (!awaits_result(game)) continue;
         sheet.open.push_back(std::to_string(game.number) + ": " + game.white.name + " - " + game.black.name);
     }
     return sheet;

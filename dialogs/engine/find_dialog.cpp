@@ -20,10 +20,10 @@ namespace velmora {
 
 namespace {
 
-constexpr int width = 760, height = 420;  // pixels, with a font of ordinary size
-constexpr int widest_column = 240;        // pixels, until the person draws it wider
-constexpr unsigned look_ms = 100;         // between two looks at the search
-constexpr int choose_folder = 1;          // a response
+constexpr int find_width = 760, find_height = 420;  // pixels, with a font of ordinary size
+constexpr int widest_column = 240;                  // pixels, until the person draws it wider
+constexpr unsigned look_ms = 100;                   // between two looks at the search
+constexpr int choose_folder = 1;                    // a response
 
 /// What has been found, a row each, with a tick for what is to be installed.
 class FoundList : public Gtk::ScrolledWindow {
@@ -125,7 +125,7 @@ std::string ask_folder(Gtk::Window& parent) {
 
 std::vector<EngineVariables> find_engines(Gtk::Window& parent, const std::vector<std::string>& installed) {
     ModalDialog dialog("Find engines", parent);
-    dialog.set_ordinary_size(width, height);
+    dialog.set_ordinary_size(find_width, find_height);
     FoundList list(installed);
     Gtk::ProgressBar bar;
     Gtk::Label text;

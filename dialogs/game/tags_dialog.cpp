@@ -29,7 +29,7 @@ constexpr std::array<std::pair<const char*, const char*>, 6> fields = {{{"Event"
                                                                         {"White", "_White"},
                                                                         {"Black", "_Black"}}};
 constexpr std::size_t date_field = 2;
-constexpr std::array<const char*, 4> results = {"1-0", "1/2-1/2", "0-1", "*"};
+constexpr std::array<const char*, 4> result_words = {"1-0", "1/2-1/2", "0-1", "*"};
 constexpr std::array<const char*, 2> of_the_start = {"FEN", "SetUp"};
 
 bool is_one_of(const std::string& name, const auto& names) {
@@ -119,7 +119,7 @@ private:
     Gtk::TreeView m_view;
 };
 
-void add_field(Gtk::Grid& grid, int row, const char* title, Gtk::Widget& field, Gtk::Widget& focus) {
+void add_tag_field(Gtk::Grid& grid, int row, const char* title, Gtk::Widget& field, Gtk::Widget& focus) {
     auto* const label = Gtk::make_managed<Gtk::Label>(title, true);
     label->set_xalign(0);
     label->set_mnemonic_widget(focus);
@@ -149,14 +149,14 @@ std::optional<TagList> edit_tags(Gtk::Window& parent, const TagList& tags) {
         Gtk::Widget& field = i == date_field ? static_cast<Gtk::Widget&>(date) : plain.at(i);
         entry(i).set_activates_default();
         entry(i).set_text(value_of(fields[i].first));
-        add_field(grid, row++, fields[i].second, field, entry(i));
+        add_tag_field(grid, row++, fields[i].second, field, entry(i));
     }
     date.set_text(value_of("Date"));
     Gtk::ComboBoxText result;
-    for (const char* word : results) result.append(word, word);
+    for (const char* word : result_words) result.append(word, word);
     result.set_active_id(value_of("Result"));
     if (result.get_active_row_number() < 0) result.set_active_id("*");
-    add_field(grid, row, "Res_ult", result, result);
+    add_tag_field(grid, row, "Res_ult", result, result);
     OtherTags others;
     for (const auto& [name, value] : tags) {
         const auto is_name = [&name = name](const auto& field) { return field.first == name; };

@@ -33,7 +33,7 @@ private:
 /// A process and its reader, for as long as it is asked.
 class Asked {
 public:
-    Asked(std::string path, std::stop_token leaving)
+    Asked(std::string path, const std::stop_token& leaving)
         : m_path(std::move(path)), m_engio(leaving), m_probe(look_interval, leaving) {
         m_probe.attach(1, &m_record, &m_engio);
     }
@@ -86,7 +86,7 @@ private:
 }  // namespace
 
 std::optional<EngineVariables> ask_engine(const std::string& path, std::chrono::milliseconds patience,
-                                          std::stop_token leaving) {
+                                          const std::stop_token& leaving) {
     std::stop_source over;
     const std::stop_callback leave(leaving, [&over] { over.request_stop(); });
     const Deadline deadline(over, patience);

@@ -15,6 +15,6 @@ namespace velmora {
 ///
 /// @param leaving  ends the wait with nothing
 std::optional<EngineVariables> ask_engine(const std::string& path, std::chrono::milliseconds patience,
-                                          std::stop_token leaving = {});
+                                          const std::stop_token& leaving = {});
 
 }  // namespace velmora

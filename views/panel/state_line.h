@@ -8,7 +8,7 @@
 
 namespace velmora {
 
-/// Three lines that say what is going on, what was played last and which pieces are gone, and at times a button
+/// Three lines that say what is going on, what was played last and which pieces are gone, at times a button
 /// that offers what can be done about it. Texts that are too long are cut: they never widen the window.
 class StateLine : public Gtk::Box {
 public:

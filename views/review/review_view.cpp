@@ -7,7 +7,7 @@ namespace velmora {
 
 namespace {
 
-constexpr int spacing = 6;          // pixels
+constexpr int review_spacing = 6;   // pixels
 constexpr int column_spacing = 18;  // pixels
 
 /// Stands for a number that isn't known.
@@ -41,7 +41,7 @@ void wrap(Gtk::Label& label) {
     label.set_no_show_all();
 }
 
-void show_text(Gtk::Label& label, const std::string& text) {
+void show_or_hide(Gtk::Label& label, const std::string& text) {
     label.set_text(text);
     label.set_visible(!text.empty());
 }
@@ -56,7 +56,8 @@ void embolden(Gtk::Label& label) {
 }  // namespace
 
 ReviewView::ReviewView()
-    : Gtk::Box(Gtk::ORIENTATION_VERTICAL, spacing), m_running(Gtk::ORIENTATION_HORIZONTAL, spacing) {
+    : Gtk::Box(Gtk::ORIENTATION_VERTICAL, review_spacing),
+      m_running(Gtk::ORIENTATION_HORIZONTAL, review_spacing) {
     m_progress.set_valign(Gtk::ALIGN_CENTER);
     m_progress.get_accessible()->set_name("Review");
     m_running.pack_start(m_progress_text, Gtk::PACK_SHRINK);
@@ -66,8 +67,8 @@ ReviewView::ReviewView()
     // A large font puts them below one another.
     m_steps.set_selection_mode(Gtk::SELECTION_NONE);
     m_steps.set_max_children_per_line(3);
-    m_steps.set_column_spacing(spacing);
-    m_steps.set_row_spacing(spacing);
+    m_steps.set_column_spacing(review_spacing);
+    m_steps.set_row_spacing(review_spacing);
     m_answer.pack_start(m_ask, Gtk::PACK_EXPAND_WIDGET);
     m_answer.pack_start(m_give_up, Gtk::PACK_EXPAND_WIDGET);
     for (Gtk::Widget* button : {static_cast<Gtk::Widget*>(&m_previous), static_cast<Gtk::Widget*>(&m_next),
@@ -109,17 +110,17 @@ void ReviewView::show_review(const ShownReview& review) {
     m_running.set_visible(review.fraction.has_value());
     m_progress.set_fraction(review.fraction.value_or(0));
     m_progress_text.set_text(review.progress);
-    show_text(m_note, review.note);
+    show_or_hide(m_note, review.note);
     m_previous.set_sensitive(review.has_mistakes);
     m_next.set_sensitive(review.has_mistakes);
     m_ask.set_sensitive(review.can_ask);
     m_ask.set_visible(!review.asking);
     m_give_up.set_visible(review.asking);
-    show_text(m_question, review.question);
+    show_or_hide(m_question, review.question);
 }
 
 void ReviewView::show_summary(const std::optional<ReviewSummary>& summary) {
-    show_text(m_by, summary ? summary->by : std::string());
+    show_or_hide(m_by, summary ? summary->by : std::string());
     for (Gtk::Widget* child : m_table.get_children()) m_table.remove(*child);
     m_table.set_visible(summary.has_value());
     if (!summary) return;

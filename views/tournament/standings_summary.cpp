@@ -7,16 +7,16 @@ namespace velmora {
 
 namespace {
 
-constexpr int spacing = 6;          // pixels
-constexpr int column_spacing = 12;  // pixels
-constexpr std::size_t most_lines = 8;
+constexpr int summary_spacing = 6;          // pixels
+constexpr int summary_column_spacing = 12;  // pixels
+constexpr std::size_t most_shown = 8;
 
 }  // namespace
 
-StandingsSummary::StandingsSummary() : Gtk::Box(Gtk::ORIENTATION_VERTICAL, spacing) {
+StandingsSummary::StandingsSummary() : Gtk::Box(Gtk::ORIENTATION_VERTICAL, summary_spacing) {
     m_progress.set_xalign(0);
     m_progress.set_line_wrap();
-    m_table.set_column_spacing(column_spacing);
+    m_table.set_column_spacing(summary_column_spacing);
     m_table.get_accessible()->set_name("Standings");
     m_open.set_halign(Gtk::ALIGN_START);
     m_open.set_tooltip_text("Shows the whole table, the cross table and the open games");
@@ -33,7 +33,7 @@ void StandingsSummary::show_sheet(const StandingsSheet& sheet) {
     for (Gtk::Widget* const child : m_table.get_children()) {
         m_table.remove(*child);
     }
-    for (std::size_t i = 0; i < std::min(most_lines, sheet.lines.size()); ++i) {
+    for (std::size_t i = 0; i < std::min(most_shown, sheet.lines.size()); ++i) {
         const auto& line = sheet.lines[i];
         const std::string elo = line.error.empty() ? line.elo : line.elo + " \u00b1 " + line.error;
         const std::array<std::string, 4> texts{std::to_string(i + 1) + ".", line.name,

@@ -6,7 +6,7 @@ namespace velmora {
 
 namespace {
 
-constexpr int spacing = 6;  // pixels
+constexpr int window_spacing = 6;  // pixels
 
 using Rows = std::vector<std::vector<std::string>>;
 using Columns = std::vector<TextTableView::Column>;
@@ -53,7 +53,7 @@ Rows cross_rows(const StandingsSheet& sheet) {
     return rows;
 }
 
-void embolden(Gtk::Label& label) {
+void make_heading(Gtk::Label& label) {
     Pango::AttrList bold;
     auto weight = Pango::Attribute::create_attr_weight(Pango::WEIGHT_BOLD);
     bold.insert(weight);
@@ -72,6 +72,7 @@ TextTableView::TextTableView(const Glib::ustring& name) {
 
 void TextTableView::set_columns(const std::vector<Column>& columns) {
     std::vector<Glib::ustring> titles;
+    titles.reserve(columns.size());
     for (const auto& column : columns) titles.push_back(column.title + '\n' + column.meaning);
     if (titles == m_titles) return;
     m_titles = std::move(titles);
@@ -114,13 +115,13 @@ void TextTableView::show_rows(const std::vector<Column>& columns,
 
 StandingsWindow::StandingsWindow() {
     set_title("Standings");
-    set_border_width(spacing);
+    set_border_width(window_spacing);
     set_default_size(620, 460);
-    embolden(m_title);
-    embolden(m_cross_title);
-    embolden(m_open_title);
+    make_heading(m_title);
+    make_heading(m_cross_title);
+    make_heading(m_open_title);
     m_cross_title.set_text("Cross table");
-    m_box.set_spacing(spacing);
+    m_box.set_spacing(window_spacing);
     m_cross_box.pack_start(m_cross_title, Gtk::PACK_SHRINK);
     m_cross_box.pack_start(m_cross_table, Gtk::PACK_EXPAND_WIDGET);
     m_open_box.pack_start(m_open_title, Gtk::PACK_SHRINK);

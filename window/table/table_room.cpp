@@ -15,7 +15,7 @@ constexpr std::array<MenuEntry, 6> entries = {MenuEntry::resign,     MenuEntry::
                                               MenuEntry::take_back,  MenuEntry::move_now,
                                               MenuEntry::claim_draw, MenuEntry::note_result};
 
-std::string name_of(Side side) { return side == Side::white ? "White" : "Black"; }
+std::string side_name(Side side) { return side == Side::white ? "White" : "Black"; }
 
 bool has_clock(const Level& level) {
     return level.level_t() == LevelType::sudden_death || level.level_t() == LevelType::sessions;
@@ -113,7 +113,7 @@ void TableRoom::offer_between_people() {
     const auto agree = [this] { end({GameResult::draw, "Draw by agreement"}); };
     if (m_offering && *m_offering != m_session.side_to_move()) return agree();
     m_offering = m_session.side_to_move();
-    m_notice.say(name_of(*m_offering) + " offers a draw.", agree);
+    m_notice.say(side_name(*m_offering) + " offers a draw.", agree);
 }
 
 void TableRoom::claim_draw() {

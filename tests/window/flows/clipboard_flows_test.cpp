@@ -59,7 +59,11 @@ TEST_F(ClipboardFlowsTest, PastesWhateverHoldsAGameOrAPosition) {
 }
 
 TEST_F(ClipboardFlowsTest, TagsAreSafeWhateverIsTyped) {
-    paste("[Event \"X\"]\n[SetUp \"1\"]\n[FEN \"7k/8/6K1/8/8/8/8/5Q2 w - - 0 1\"]\n\n1. Qf8# 1-0");
+    paste(R"([Event "X"]
+[SetUp "1"]
+[FEN "7k/8/6K1/8/8/8/8/5Q2 w - - 0 1"]
+
+1. Qf8# 1-0)");
     dialogs.tags = TagList{
         {"White", "A \"B\" [c\\"}, {"Result", "1/2-1/2"}, {"My tag]", "x\ny"}, {"!", "z"}, {"FEN", "other"}};
     flows.edit_tags();

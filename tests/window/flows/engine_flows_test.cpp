@@ -93,10 +93,12 @@ TEST_F(EngineFlowsTest, SpinsThatCannotBeShownAreAskedForAsTexts) {
         {"min 10 max 0 default 1", "string"},
         {"min 0 max 10 default 99", "spin"},
     };
-    for (const auto& [range, type] : rows) {
+    for (const auto& row : rows) {
         seated.emplace().name = "Alpha";
-        seated->add_option(Option(std::string("option name S type spin ") + range));
-        dialogs.do_to_options = [&](const auto& options) { EXPECT_EQ(options.at(0).type, type) << range; };
+        seated->add_option(Option(std::string("option name S type spin ") + row.first));
+        dialogs.do_to_options = [&](const auto& options) {
+            EXPECT_EQ(options.at(0).type, row.second) << row.first;
+        };
         engines.edit_options();
     }
 }
